@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# wine.sh PROGRAM.exe [arguments]: runs a Windows program under Wine in a prefix of Murala's own,
+# made on first use.
+set -euo pipefail
+. "$(dirname "$0")/common.sh"
+export WINEPREFIX=${WINEPREFIX:-$cache/wine} WINEDEBUG=${WINEDEBUG:--all}
+export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
+if [ ! -e "$WINEPREFIX/ready" ]; then
+    mkdir -p "$WINEPREFIX"
+    (
+        flock 9
+        if [ ! -e "$WINEPREFIX/ready" ]; then
+            wine wineboot --init >/dev/null 2>&1
+            wineserver -w
+            touch "$WINEPREFIX/ready"
+        fi
+    ) 9>"$WINEPREFIX.lock"
+fi
+exec wine "$@"

@@ -1,0 +1,60 @@
+// The bitmap that every picture is worked on in.
+#pragma once
+
+#include "uWallpaper.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace murala
+{
+
+struct TSize {
+    int Width = 0;
+    int Height = 0;
+    friend bool operator==(const TSize&, const TSize&) = default;
+};
+
+// Right and bottom are exclusive.
+struct TRect {
+    int Left = 0, Top = 0, Right = 0, Bottom = 0;
+    int Width() const { return Right - Left; }
+    int Height() const { return Bottom - Top; }
+};
+
+// One pixel: bytes in memory blue, green, red, unused.
+using TPixel = std::uint32_t;
+
+inline TPixel ColorToPixel(TColor color)
+{
+    return ((color & 0xFFU) << 16U) | (color & 0xFF00U) | ((color >> 16U) & 0xFFU);
+}
+
+// Rows top-down, without padding. New pixels are not set.
+class TBitmap : public TPicture
+{
+public:
+    TBitmap() = default;
+    // Throws EInvalidImage when a side is negative or the bitmap would have over 2^28 pixels.
+    TBitmap(int width, int height);
+    TBitmap(TBitmap&&) noexcept = default;
+    TBitmap& operator=(TBitmap&&) noexcept = default;
+
+    int Width() const { return m_size.Width; }
+    int Height() const { return m_size.Height; }
+    TSize Size() const { return m_size; }
+    TPixel* Row(int y) { return m_pixels.get() + static_cast<std::size_t>(y) * m_size.Width; }
+    const TPixel* Row(int y) const
+    {
+        return m_pixels.get() + static_cast<std::size_t>(y) * m_size.Width;
+    }
+    TBitmap Copy() const;
+
+private:
+    TSize m_size;
+    std::unique_ptr<TPixel[]> m_pixels;
+};
+
+} // namespace murala

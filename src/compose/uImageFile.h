@@ -1,0 +1,55 @@
+// Reading pictures (JPEG, BMP; told apart by their content) row by row, and writing bitmap files.
+#pragma once
+
+#include "uBitmap.h"
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace murala
+{
+
+// What is wrong with a picture's data, e.g. "not a JPEG or BMP picture", without the file's name.
+class EImageFormat : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// "The image (%s) could not be loaded. The image file may be corrupt or missing."
+class EInvalidImage : public std::runtime_error
+{
+public:
+    explicit EInvalidImage(const std::string& fileName, const std::string& reason = {});
+    std::string Reason; // why, for a developer; may be empty
+};
+
+// A picture whose rows are asked for from the top down; rows in between may be passed over, which
+// costs less than reading them where the form allows it.
+class TImageReader
+{
+public:
+    virtual ~TImageReader() = default;
+    virtual TSize Size() const = 0;
+    // `y` must be greater than that of the call before. `row` holds Size().Width pixels. A cut-off
+    // file gives what there is (the rest as the decoder leaves it: black or grey).
+    virtual void ReadRow(int y, TPixel* row) = 0;
+};
+
+// Throws EInvalidImage when the file is missing, is no picture or promises more than can be had.
+std::unique_ptr<TImageReader> OpenImage(const std::string& fileName);
+
+// The rows of a bitmap in memory, which must outlive the reader.
+std::unique_ptr<TImageReader> ReadBitmap(const TBitmap& bitmap);
+
+// The whole picture. Throws EInvalidImage.
+TBitmap LoadImageFile(const std::string& fileName);
+
+// Only the header is read. Throws EInvalidImage.
+TSize ImageFileSize(const std::string& fileName);
+
+// A 32-bit, bottom-up BMP file, put in place with one rename. Throws EFileError.
+void SaveBitmapFile(const TBitmap& bitmap, const std::string& fileName);
+
+} // namespace murala

@@ -1,0 +1,30 @@
+// The tint: every channel darkened or lightened, evenly or along a ramp.
+#pragma once
+
+#include "uBitmap.h"
+#include "uWallpaper.h"
+
+namespace murala
+{
+
+// One value a channel, each -256..255: -256 gives 0, 0 leaves the channel as it is, 255 gives 255.
+struct TTint {
+    int Red = 0, Green = 0, Blue = 0;
+};
+
+// value < 0: c * (value + 256) / 256; else c * (255 - value) / 255 + value; both divisions floor.
+std::uint8_t TintChannel(std::uint8_t channel, int value);
+
+// By the item's GammaStyle; style 0 and unknown styles change nothing. The unused byte of a pixel is
+// never touched.
+void ApplyTint(TBitmap& bitmap, const TMuWallpaper& item);
+
+void TintSolid(TBitmap& bitmap, TTint tint);
+// Column x has start * (1 - x / width) + end * (x / width), rounded half to even.
+void TintHorizontal(TBitmap& bitmap, TTint start, TTint end);
+void TintVertical(TBitmap& bitmap, TTint start, TTint end);
+
+// The part of the rectangle that lies on the bitmap.
+void TintRectangle(TBitmap& bitmap, const TRect& rectangle, TTint tint);
+
+} // namespace murala

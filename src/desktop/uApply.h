@@ -1,0 +1,22 @@
+// The rules of installing a wallpaper, above the platform's calls.
+#pragma once
+
+#include "uDesktop.h"
+
+#include <string>
+#include <string_view>
+
+namespace murala
+{
+
+// Mode 0 (tile) stores "1", mode 1 (do not tile) stores "0", any other mode stores nothing.
+void WriteTileWallpaper(TDesktop& desktop, int mode);
+
+// Stores the colour's text, then sets the colour.
+void ApplyDesktopColor(TDesktop& desktop, TColor color);
+
+// "red green blue", decimal, single blanks. The reader throws EConvertError.
+std::string ColorToIniText(TColor color);
+TColor IniTextToColor(std::string_view text);
+
+} // namespace murala

@@ -1,0 +1,38 @@
+// Plain helpers for text. Text is UTF-8 in both homes.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace murala
+{
+
+// The whole text as a decimal integer with an optional sign; nothing else may stand in it. Blanks in
+// front are allowed. Empty when it is no integer or does not fit into 32 bits.
+std::optional<std::int32_t> ParseInteger(std::string_view text);
+
+// Without the blanks and control characters (U+0000 to U+0020) at both ends.
+std::string_view Trim(std::string_view text);
+
+// Only the letters a to z and A to Z are changed.
+std::string UpperAscii(std::string_view text);
+bool SameTextAscii(std::string_view a, std::string_view b);
+
+// Every occurrence from left to right; inserted text is not looked at again. An empty `find` changes
+// nothing.
+std::string ReplaceAll(std::string_view text, std::string_view find, std::string_view replacement);
+
+// Replaces each "%s" and "%d" of the format, in order, by the next value; "%%" is a percent sign.
+std::string FormatText(std::string_view format, std::initializer_list<std::string_view> values);
+
+// The first `count` characters (code points), never cut inside one; broken bytes count one each.
+std::string_view FirstCharacters(std::string_view text, std::size_t count);
+
+// Split at CR LF, LF or CR. A line end at the very end opens no further line.
+std::vector<std::string_view> SplitLines(std::string_view text);
+
+} // namespace murala

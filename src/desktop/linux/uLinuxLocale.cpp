@@ -1,0 +1,63 @@
+#include "uGLib.h"
+#include "uLocale.h"
+
+#include <clocale>
+#include <cstring>
+
+namespace murala
+{
+
+namespace
+{
+
+struct TLocaleFree {
+    void operator()(locale_t locale) const noexcept { freelocale(locale); }
+};
+
+// Of its own, because the program's global locale is not ours to choose.
+class TLinuxLocale : public TLocale
+{
+public:
+    TLinuxLocale() : m_locale(newlocale(LC_ALL_MASK, "", nullptr))
+    {
+        if (!m_locale)
+            m_locale.reset(newlocale(LC_ALL_MASK, "C.UTF-8", nullptr));
+    }
+
+    int Compare(const std::string& a, const std::string& b) override
+    {
+        return m_locale ? strcoll_l(a.c_str(), b.c_str(), m_locale.get())
+                        : std::strcmp(a.c_str(), b.c_str());
+    }
+
+    // Character by character: no character becomes two, and broken bytes stay.
+    std::string UpperCase(const std::string& text) override
+    {
+        std::string upper;
+        for (std::size_t i = 0; i < text.size();) {
+            const gunichar character =
+                g_utf8_get_char_validated(text.c_str() + i, static_cast<gssize>(text.size() - i));
+            if (character >= static_cast<gunichar>(-2)) {
+                upper += text[i++];
+                continue;
+            }
+            char bytes[6];
+            upper.append(bytes, static_cast<std::size_t>(
+                                    g_unichar_to_utf8(g_unichar_toupper(character), bytes)));
+            i += static_cast<std::size_t>(g_utf8_skip[static_cast<unsigned char>(text[i])]);
+        }
+        return upper;
+    }
+
+private:
+    std::unique_ptr<std::remove_pointer_t<locale_t>, TLocaleFree> m_locale;
+};
+
+} // namespace
+
+std::unique_ptr<TLocale> NewLocale()
+{
+    return std::make_unique<TLinuxLocale>();
+}
+
+} // namespace murala

@@ -1,0 +1,40 @@
+#include "uProcess.h"
+
+#include "uGLib.h"
+
+namespace murala
+{
+
+namespace
+{
+
+std::vector<char*> ArgumentPointers(const std::vector<std::string>& command)
+{
+    std::vector<char*> pointers;
+    for (const std::string& argument : command)
+        pointers.push_back(const_cast<char*>(argument.c_str()));
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+constexpr auto Silent = G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL;
+
+} // namespace
+
+bool RunProgram(std::vector<std::string> command)
+{
+    command.insert(command.begin(), {"timeout", "10"});
+    int status = 0;
+    const auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | Silent);
+    return g_spawn_sync(nullptr, ArgumentPointers(command).data(), nullptr, flags, nullptr, nullptr,
+                        nullptr, nullptr, &status, nullptr) != FALSE &&
+           g_spawn_check_wait_status(status, nullptr) != FALSE;
+}
+
+bool StartProgram(const std::vector<std::string>& command)
+{
+    return g_spawn_async(nullptr, ArgumentPointers(command).data(), nullptr, G_SPAWN_SEARCH_PATH,
+                         nullptr, nullptr, nullptr, nullptr) != FALSE;
+}
+
+} // namespace murala

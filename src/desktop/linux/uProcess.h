@@ -1,0 +1,16 @@
+// Other programs, started without a shell.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace murala
+{
+
+// Runs a program (looked up in PATH) to its end, ten seconds at the most. Whether it ended with 0.
+bool RunProgram(std::vector<std::string> command);
+
+// Starts a program (looked up in PATH) on its own. Whether it could be started.
+bool StartProgram(const std::vector<std::string>& command);
+
+} // namespace murala

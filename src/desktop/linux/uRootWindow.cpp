@@ -1,0 +1,196 @@
+// A session without a desktop program: the picture becomes the background of the X root window. The
+// pixmap outlives this process and is named in two properties, so that other programs find it there
+// and whoever sets the next one can free it.
+#include "uBackground.h"
+#include "uCompose.h"
+#include "uImageFile.h"
+#include "uSafeFile.h"
+#include "uScreens.h"
+#include "uX11.h"
+
+#include <X11/Xatom.h>
+
+#include <bit>
+
+namespace murala
+{
+
+namespace
+{
+
+constexpr const char* PixmapProperties[] = {"_XROOTPMAP_ID", "ESETROOT_PMAP_ID"};
+
+struct TImageDestroy {
+    void operator()(XImage* image) const noexcept
+    {
+        image->data = nullptr; // belongs to the bitmap or to a vector
+        XDestroyImage(image);
+    }
+};
+using TImage = std::unique_ptr<XImage, TImageDestroy>;
+
+// The bits of one channel of a pixel of the server.
+unsigned long ChannelBits(unsigned value, unsigned long mask)
+{
+    if (mask == 0)
+        return 0;
+    const unsigned long largest = mask >> std::countr_zero(mask);
+    return (value * largest / 255U) << std::countr_zero(mask);
+}
+
+unsigned long ServerPixel(const Visual* visual, TPixel pixel)
+{
+    return ChannelBits((pixel >> 16U) & 0xFFU, visual->red_mask) |
+           ChannelBits((pixel >> 8U) & 0xFFU, visual->green_mask) |
+           ChannelBits(pixel & 0xFFU, visual->blue_mask);
+}
+
+class TRootWindow
+{
+public:
+    explicit TRootWindow(Display* display)
+        : m_display(display), m_root(DefaultRootWindow(display)), m_screen(DefaultScreen(display)),
+          m_visual(DefaultVisual(display, m_screen))
+    {
+    }
+
+    bool HasPicture() const { return Stored(PixmapProperties[0]) != None; }
+
+    void FillWithColor(TColor color)
+    {
+        XSetWindowBackground(m_display, m_root, ServerPixel(m_visual, ColorToPixel(color)));
+        XClearWindow(m_display, m_root);
+    }
+
+    // A pixmap of the whole root window with the picture on every monitor.
+    Pixmap Paint(const TBitmap& picture, const std::vector<TMonitor>& monitors, TColor color)
+    {
+        const auto width = static_cast<unsigned>(DisplayWidth(m_display, m_screen));
+        const auto height = static_cast<unsigned>(DisplayHeight(m_display, m_screen));
+        const auto depth = static_cast<unsigned>(DefaultDepth(m_display, m_screen));
+        const Pixmap pixmap = XCreatePixmap(m_display, m_root, width, height, depth);
+        const GC context = XCreateGC(m_display, pixmap, 0, nullptr);
+        XSetForeground(m_display, context, ServerPixel(m_visual, ColorToPixel(color)));
+        XFillRectangle(m_display, pixmap, context, 0, 0, width, height);
+        for (const TMonitor& monitor : monitors)
+            PaintMonitor(pixmap, context, picture, monitor.Place);
+        XFreeGC(m_display, context);
+        return pixmap;
+    }
+
+    void Show(Pixmap pixmap)
+    {
+        FreeBefore();
+        for (const char* name : PixmapProperties)
+            XChangeProperty(m_display, m_root, XInternAtom(m_display, name, False), XA_PIXMAP, 32,
+                            PropModeReplace, reinterpret_cast<unsigned char*>(&pixmap), 1);
+        XSetWindowBackgroundPixmap(m_display, m_root, pixmap);
+        XClearWindow(m_display, m_root);
+    }
+
+private:
+    Pixmap Stored(const char* property) const
+    {
+        return ReadProperty32(m_display, m_root, property, XA_PIXMAP);
+    }
+
+    // Equal properties are the mark of a pixmap that was left behind on purpose. Any other belongs
+    // to a running program, which XKillClient would end.
+    void FreeBefore()
+    {
+        const Pixmap before = Stored(PixmapProperties[0]);
+        if (before != None && before == Stored(PixmapProperties[1]))
+            XKillClient(m_display, before);
+    }
+
+    void PaintMonitor(Pixmap pixmap, GC context, const TBitmap& picture, const TRect& place)
+    {
+        TBitmap fitted = picture.Copy();
+        if (fitted.Width() != place.Width() || fitted.Height() != place.Height())
+            ResizeBitmap(fitted, place.Width(), place.Height());
+        std::vector<char> converted;
+        const TImage image = MakeImage(fitted, converted);
+        if (image)
+            XPutImage(m_display, pixmap, context, image.get(), 0, 0, place.Left, place.Top,
+                      static_cast<unsigned>(place.Width()), static_cast<unsigned>(place.Height()));
+    }
+
+    // An image of the bitmap's own pixels where the server's have the same form, else of
+    // `converted`.
+    TImage MakeImage(TBitmap& bitmap, std::vector<char>& converted)
+    {
+        TImage image(XCreateImage(m_display, m_visual,
+                                  static_cast<unsigned>(DefaultDepth(m_display, m_screen)), ZPixmap,
+                                  0, nullptr, static_cast<unsigned>(bitmap.Width()),
+                                  static_cast<unsigned>(bitmap.Height()), 32, 0));
+        if (!image)
+            return image;
+        const bool sameForm = image->bits_per_pixel == 32 && m_visual->red_mask == 0xFF0000U &&
+                              m_visual->green_mask == 0xFF00U && m_visual->blue_mask == 0xFFU;
+        if (sameForm) {
+            image->byte_order = std::endian::native == std::endian::little ? LSBFirst : MSBFirst;
+            image->data = reinterpret_cast<char*>(bitmap.Row(0));
+            return image;
+        }
+        converted.resize(static_cast<std::size_t>(image->bytes_per_line) *
+                         static_cast<std::size_t>(bitmap.Height()));
+        image->data = converted.data();
+        for (int y = 0; y < bitmap.Height(); y++)
+            for (int x = 0; x < bitmap.Width(); x++)
+                XPutPixel(image.get(), x, y, ServerPixel(m_visual, bitmap.Row(y)[x]));
+        return image;
+    }
+
+    Display* m_display;
+    Window m_root;
+    int m_screen;
+    Visual* m_visual;
+};
+
+class TRootWindowBackground : public TBackground
+{
+public:
+    std::optional<bool> IsStuckTo(const std::string& /*path*/) override { return false; }
+
+    bool SetPicture(const std::string& path, TColor color) override
+    try {
+        const TBitmap picture = LoadImageFile(path);
+        const auto monitors = ReadScreens().Monitors;
+        const TDisplay display = OpenDisplay();
+        if (!display)
+            return false;
+        TXErrorGuard guard(display.get());
+        TRootWindow root(display.get());
+        const Pixmap pixmap = root.Paint(picture, monitors, color);
+        if (guard.HasFailed())
+            return false;
+        root.Show(pixmap);
+        XSetCloseDownMode(display.get(), RetainPermanent);
+        return true;
+    } catch (const EInvalidImage&) {
+        return false;
+    }
+
+    std::optional<TColor> Color() override { return std::nullopt; }
+
+    // A picture covers all of the root window.
+    void SetColor(TColor color) override
+    {
+        const TDisplay display = OpenDisplay();
+        if (!display)
+            return;
+        TXErrorGuard guard(display.get());
+        TRootWindow root(display.get());
+        if (!root.HasPicture())
+            root.FillWithColor(color);
+    }
+};
+
+} // namespace
+
+std::unique_ptr<TBackground> NewRootWindowBackground()
+{
+    return std::make_unique<TRootWindowBackground>();
+}
+
+} // namespace murala

@@ -1,0 +1,106 @@
+#include "uScreens.h"
+
+#include "uX11.h"
+
+#include <X11/Xatom.h>
+#include <X11/extensions/Xrandr.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+
+namespace murala
+{
+
+namespace
+{
+
+constexpr TSize UsualSize{1920, 1080};
+
+struct TMonitorsFree {
+    void operator()(XRRMonitorInfo* monitors) const noexcept { XRRFreeMonitors(monitors); }
+};
+
+bool KnowsMonitors(Display* display)
+{
+    int ignored = 0;
+    int major = 0;
+    int minor = 0;
+    return XRRQueryExtension(display, &ignored, &ignored) != False &&
+           XRRQueryVersion(display, &major, &minor) != 0 && (major > 1 || minor >= 5);
+}
+
+std::string AtomName(Display* display, Atom atom)
+{
+    const TXOwned<char> name(XGetAtomName(display, atom));
+    return name ? name.get() : "";
+}
+
+std::vector<TMonitor> ReadMonitors(Display* display)
+{
+    std::vector<TMonitor> monitors;
+    int count = 0;
+    const std::unique_ptr<XRRMonitorInfo, TMonitorsFree> found(
+        KnowsMonitors(display) ? XRRGetMonitors(display, DefaultRootWindow(display), True, &count)
+                               : nullptr);
+    for (const XRRMonitorInfo* each = found.get(); each != found.get() + count; each++)
+        monitors.push_back({AtomName(display, each->name),
+                            {each->x, each->y, each->x + each->width, each->y + each->height},
+                            each->primary != False});
+    if (monitors.empty()) {
+        const int screen = DefaultScreen(display);
+        const TRect whole{0, 0, DisplayWidth(display, screen), DisplayHeight(display, screen)};
+        monitors.push_back({"0", whole, true});
+    }
+    return monitors;
+}
+
+// The mode that the kernel names first for a connected screen, e.g. "1920x1080".
+std::optional<TSize> FirstConnectedScreen()
+{
+    std::error_code error;
+    for (const auto& connector : std::filesystem::directory_iterator("/sys/class/drm", error)) {
+        std::string status;
+        std::string mode;
+        std::ifstream(connector.path() / "status") >> status;
+        std::ifstream(connector.path() / "modes") >> mode;
+        TSize size;
+        if (status == "connected" &&
+            std::sscanf(mode.c_str(), "%dx%d", &size.Width, &size.Height) == 2 && size.Width > 0 &&
+            size.Height > 0)
+            return size;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+TScreens ReadScreens()
+{
+    TScreens screens;
+    const TDisplay display = OpenDisplay();
+    if (!display)
+        return screens;
+    TXErrorGuard guard(display.get());
+    screens.Monitors = ReadMonitors(display.get());
+    const auto workspaces = ReadProperty32(display.get(), DefaultRootWindow(display.get()),
+                                           "_NET_NUMBER_OF_DESKTOPS", XA_CARDINAL);
+    screens.Workspaces = static_cast<int>(std::clamp(workspaces, 1UL, 64UL));
+    const int depth = DefaultDepth(display.get(), DefaultScreen(display.get()));
+    screens.BitsPerPixel = depth > 16 ? 32 : depth;
+    return screens;
+}
+
+TSize PrimaryScreenSize()
+{
+    const auto monitors = ReadScreens().Monitors;
+    if (monitors.empty())
+        return FirstConnectedScreen().value_or(UsualSize);
+    const auto primary = std::ranges::find_if(monitors, &TMonitor::Primary);
+    const TRect& place = primary == monitors.end() ? monitors[0].Place : primary->Place;
+    return {place.Width(), place.Height()};
+}
+
+} // namespace murala

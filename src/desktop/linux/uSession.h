@@ -1,0 +1,11 @@
+// Which desktop the user's session runs.
+#pragma once
+
+namespace murala
+{
+
+enum class TSession { Gnome, Cinnamon, Mate, Plasma, Xfce, Lxde, Lxqt, Sway, Other };
+
+TSession RunningSession();
+
+} // namespace murala

@@ -1,0 +1,20 @@
+// Calls to the other programs of the user's session over D-Bus.
+#pragma once
+
+#include "uGLib.h"
+
+namespace murala
+{
+
+struct TBusObject {
+    const char* Name;
+    const char* Path;
+    const char* Interface;
+};
+
+// The answer, a tuple; null when there is no bus, no such program, or it answers with an error.
+// Takes over a floating `arguments` (a tuple or null). `answerType` is checked when it is given.
+TVariant CallSessionBus(const TBusObject& object, const char* method, GVariant* arguments,
+                        const char* answerType = nullptr);
+
+} // namespace murala

@@ -1,0 +1,122 @@
+// Desktops that keep their background in GSettings: GNOME and its relatives, Cinnamon, MATE.
+#define G_SETTINGS_ENABLE_BACKEND
+#include "uBackground.h"
+#include "uGLib.h"
+
+#include <gio/gsettingsbackend.h>
+
+#include <cstdlib>
+#include <string_view>
+
+namespace murala
+{
+
+namespace
+{
+
+using TSchema = std::unique_ptr<GSettingsSchema, TFreeBy<g_settings_schema_unref>>;
+
+// The names that differ.
+struct TKeys {
+    const char* Schema;
+    const char* Picture;
+    const char* DarkPicture; // shown instead in the dark style; not in every version
+    bool PictureIsUri;
+};
+
+constexpr TKeys GnomeKeys{"org.gnome.desktop.background", "picture-uri", "picture-uri-dark", true};
+constexpr TKeys CinnamonKeys{"org.cinnamon.desktop.background", "picture-uri", "picture-uri-dark",
+                             true};
+constexpr TKeys MateKeys{"org.mate.background", "picture-filename", "picture-filename-dark", false};
+
+const TKeys& KeysOf(TSession session)
+{
+    return session == TSession::Cinnamon ? CinnamonKeys
+           : session == TSession::Mate   ? MateKeys
+                                         : GnomeKeys;
+}
+
+TSchema FindSchema(const char* name)
+{
+    GSettingsSchemaSource* source = g_settings_schema_source_get_default();
+    return TSchema(source != nullptr ? g_settings_schema_source_lookup(source, name, TRUE)
+                                     : nullptr);
+}
+
+// Without a store on disk GLib quietly keeps settings in this process, where no desktop sees them.
+bool SettingsReachTheDesktop()
+{
+    const char* wanted = std::getenv("GSETTINGS_BACKEND");
+    if (wanted != nullptr && std::string_view(wanted) == "memory")
+        return true;
+    const TGObject<GSettingsBackend> backend(g_settings_backend_get_default());
+    return std::string_view(G_OBJECT_TYPE_NAME(backend.get())) != "GMemorySettingsBackend";
+}
+
+class TSettingsBackground : public TBackground
+{
+public:
+    explicit TSettingsBackground(TSession session)
+        : m_keys(KeysOf(session)), m_schema(FindSchema(m_keys.Schema))
+    {
+        if (m_schema)
+            m_settings.reset(g_settings_new_full(m_schema.get(), nullptr, nullptr));
+    }
+
+    std::optional<bool> IsStuckTo(const std::string& path) override
+    {
+        return UriFile(Read(m_keys.Picture)) == path;
+    }
+
+    bool SetPicture(const std::string& path, TColor color) override
+    {
+        if (!m_settings || !SettingsReachTheDesktop())
+            return false;
+        const std::string stored = m_keys.PictureIsUri ? FileUri(path) : path;
+        Write("picture-options", "zoom");
+        Write(m_keys.DarkPicture, stored);
+        Write(m_keys.Picture, stored);
+        SetColor(color);
+        g_settings_sync();
+        return Read(m_keys.Picture) == stored;
+    }
+
+    std::optional<TColor> Color() override { return HexTextToColor(Read("primary-color")); }
+
+    void SetColor(TColor color) override
+    {
+        Write("color-shading-type", "solid");
+        Write("primary-color", ColorToHexText(color));
+    }
+
+private:
+    // An unknown key ends the process inside GSettings.
+    bool Has(const char* key) const
+    {
+        return m_settings && g_settings_schema_has_key(m_schema.get(), key) != FALSE;
+    }
+
+    std::string Read(const char* key) const
+    {
+        return Has(key) ? TGText(g_settings_get_string(m_settings.get(), key)).get() : "";
+    }
+
+    void Write(const char* key, const std::string& text)
+    {
+        if (Has(key))
+            g_settings_set_string(m_settings.get(), key, text.c_str());
+    }
+
+    const TKeys& m_keys;
+    TSchema m_schema;
+    TGObject<GSettings> m_settings;
+};
+
+} // namespace
+
+std::unique_ptr<TBackground> NewSettingsBackground(TSession session)
+{
+    return std::make_unique<TSettingsBackground>(session);
+}
+
+} // namespace murala

@@ -1,0 +1,57 @@
+#include "uX11.h"
+
+namespace murala
+{
+
+namespace
+{
+
+bool requestFailed = false;
+
+int RememberFailure(Display* /*display*/, XErrorEvent* /*error*/)
+{
+    requestFailed = true;
+    return 0;
+}
+
+} // namespace
+
+TXErrorGuard::TXErrorGuard(Display* display) : m_display(display)
+{
+    XSync(display, False);
+    requestFailed = false;
+    m_before = XSetErrorHandler(RememberFailure);
+}
+
+TXErrorGuard::~TXErrorGuard()
+{
+    XSync(m_display, False);
+    XSetErrorHandler(m_before);
+}
+
+bool TXErrorGuard::HasFailed()
+{
+    XSync(m_display, False);
+    return requestFailed;
+}
+
+unsigned long ReadProperty32(Display* display, Window window, const char* name, Atom type)
+{
+    const Atom property = XInternAtom(display, name, True);
+    if (property == None)
+        return 0;
+    Atom actualType = None;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long rest = 0;
+    unsigned char* data = nullptr;
+    XGetWindowProperty(display, window, property, 0, 1, False, type, &actualType, &format, &count,
+                       &rest, &data);
+    const TXOwned<unsigned char> owner(data);
+    // Xlib hands out 32-bit values as longs.
+    return actualType == type && format == 32 && count == 1
+               ? *reinterpret_cast<unsigned long*>(data)
+               : 0;
+}
+
+} // namespace murala

@@ -1,0 +1,49 @@
+// A connection to the X server, and its quirks.
+#pragma once
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+#include <memory>
+
+namespace murala
+{
+
+struct TDisplayCloser {
+    void operator()(Display* display) const noexcept { XCloseDisplay(display); }
+};
+using TDisplay = std::unique_ptr<Display, TDisplayCloser>;
+
+// Null when there is no X server.
+inline TDisplay OpenDisplay()
+{
+    return TDisplay(XOpenDisplay(nullptr));
+}
+
+struct TXFree {
+    void operator()(void* thing) const noexcept { XFree(thing); }
+};
+template<class T>
+using TXOwned = std::unique_ptr<T, TXFree>;
+
+// While it lives, a failed request is only remembered; otherwise it would end the process.
+class TXErrorGuard
+{
+public:
+    explicit TXErrorGuard(Display* display);
+    TXErrorGuard(const TXErrorGuard&) = delete;
+    TXErrorGuard& operator=(const TXErrorGuard&) = delete;
+    ~TXErrorGuard();
+
+    // Waits for the answers to all requests.
+    bool HasFailed();
+
+private:
+    Display* m_display;
+    XErrorHandler m_before;
+};
+
+// The 32-bit value of a window property, 0 when there is none of this kind.
+unsigned long ReadProperty32(Display* display, Window window, const char* name, Atom type);
+
+} // namespace murala

@@ -1,0 +1,14 @@
+// Pictures for the program's actions, drawn as lines at whatever size the screen needs.
+#pragma once
+
+#include <string_view>
+
+#include <wx/bmpbndl.h>
+
+namespace murala
+{
+
+// An empty bundle for an action without a picture. `side` is the picture's nominal side in DIPs.
+wxBitmapBundle ActionImage(std::string_view actionName, int side);
+
+} // namespace murala

@@ -1,0 +1,112 @@
+#include "uPreviewPanel.h"
+
+#include <algorithm>
+
+#include <wx/control.h>
+#include <wx/dcbuffer.h>
+#include <wx/image.h>
+#include <wx/settings.h>
+
+namespace murala
+{
+
+namespace
+{
+
+wxImage ToWxImage(const TBitmap& bitmap)
+{
+    wxImage image(bitmap.Width(), bitmap.Height(), false);
+    unsigned char* to = image.GetData();
+    for (int y = 0; y < bitmap.Height(); ++y) {
+        const TPixel* from = bitmap.Row(y);
+        for (int x = 0; x < bitmap.Width(); ++x) {
+            *to++ = static_cast<unsigned char>(from[x] >> 16U);
+            *to++ = static_cast<unsigned char>(from[x] >> 8U);
+            *to++ = static_cast<unsigned char>(from[x]);
+        }
+    }
+    return image;
+}
+
+// The text broken into lines that fit; a file name without blanks is broken anywhere.
+wxString WrapText(wxDC& dc, const wxString& text, int width)
+{
+    wxString lines, line;
+    for (const wxUniChar c : text) {
+        if (c != '\n' && dc.GetTextExtent(line + c).x <= width) {
+            line += c;
+            continue;
+        }
+        const std::size_t blank = c == '\n' ? wxString::npos : line.rfind(' ');
+        const wxString rest = blank == wxString::npos ? wxString() : line.substr(blank + 1);
+        lines += line.substr(0, blank) + "\n";
+        line = c == '\n' ? rest : rest + c;
+    }
+    return lines + line;
+}
+
+} // namespace
+
+wxColour ToWxColour(TColor color)
+{
+    return {static_cast<unsigned char>(color), static_cast<unsigned char>(color >> 8U),
+            static_cast<unsigned char>(color >> 16U)};
+}
+
+TColor FromWxColour(const wxColour& colour)
+{
+    return colour.Red() | (static_cast<TColor>(colour.Green()) << 8U) |
+           (static_cast<TColor>(colour.Blue()) << 16U);
+}
+
+TPreviewPanel::TPreviewPanel(wxWindow* parent, const wxString& name)
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE, name)
+{
+    SetBackgroundStyle(wxBG_STYLE_PAINT);
+    Bind(wxEVT_PAINT, &TPreviewPanel::OnPaint, this);
+}
+
+int TPreviewPanel::PictureWidth(TSize proportions) const
+{
+    const wxSize area = GetClientSize();
+    if (proportions.Width < 1 || proportions.Height < 1)
+        return 0;
+    const double width = std::min<double>(
+        area.x, static_cast<double>(area.y) * proportions.Width / proportions.Height);
+    return static_cast<int>(width * GetContentScaleFactor());
+}
+
+void TPreviewPanel::ShowPicture(const TBitmap& picture)
+{
+    m_picture = wxBitmap(ToWxImage(picture), wxBITMAP_SCREEN_DEPTH, GetContentScaleFactor());
+    m_text.clear();
+    Refresh();
+}
+
+void TPreviewPanel::ShowText(const wxString& text)
+{
+    m_picture = wxBitmap();
+    m_text = text;
+    m_text.Replace("\r\n", "\n");
+    Refresh();
+}
+
+void TPreviewPanel::OnPaint(wxPaintEvent&)
+{
+    wxAutoBufferedPaintDC dc(this);
+    dc.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
+    dc.Clear();
+    const wxSize area = GetClientSize();
+    if (m_picture.IsOk()) {
+        const wxSize size(m_picture.GetLogicalSize());
+        dc.DrawBitmap(m_picture, (area.x - size.x) / 2, (area.y - size.y) / 2);
+        return;
+    }
+    dc.SetFont(GetFont());
+    dc.SetTextForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT));
+    const int margin = GetCharWidth();
+    dc.DrawLabel(WrapText(dc, m_text, area.x - 2 * margin), wxRect(area).Deflate(margin),
+                 wxALIGN_CENTER);
+}
+
+} // namespace murala

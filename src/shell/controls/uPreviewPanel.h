@@ -1,0 +1,32 @@
+// Shows one picture in its middle, or a text where there is none.
+#pragma once
+
+#include "uBitmap.h"
+
+#include <wx/panel.h>
+
+namespace murala
+{
+
+// Colours of the window system and ours.
+wxColour ToWxColour(TColor color);
+TColor FromWxColour(const wxColour& colour);
+
+class TPreviewPanel : public wxPanel
+{
+public:
+    TPreviewPanel(wxWindow* parent, const wxString& name);
+
+    // The width in device pixels at which a picture of these proportions fills the panel.
+    int PictureWidth(TSize proportions) const;
+    void ShowPicture(const TBitmap& picture);
+    void ShowText(const wxString& text);
+
+private:
+    void OnPaint(wxPaintEvent& event);
+
+    wxBitmap m_picture;
+    wxString m_text;
+};
+
+} // namespace murala

@@ -1,0 +1,101 @@
+// The main window.
+#pragma once
+
+#include "uActionBinder.h"
+#include "uListView.h"
+#include "uMurala.h"
+#include "uPreviewPanel.h"
+#include "uSettingsPages.h"
+
+#include <optional>
+
+#include <wx/frame.h>
+#include <wx/gauge.h>
+#include <wx/splitter.h>
+#include <wx/timer.h>
+
+namespace murala
+{
+
+class TfMain : public wxFrame, private TMainView
+{
+public:
+    // Builds the window, invisible, with the settings and the list loaded.
+    explicit TfMain(const TServices& services);
+    ~TfMain() override;
+
+    // Shows the window where it stood at the last end, and lets changes be saved from now on.
+    void Activate();
+
+    TMurala& Murala() { return m_murala; }
+    TActionList& Actions() { return alMain; }
+
+private:
+    // --- building, in this order ---
+    void BindWallpaperActions();
+    void BindDisplayModeActions();
+    void BindWindowActions();
+    void BuildMenuBar();
+    void BuildClient();
+    wxWindow* BuildListPanel(wxWindow* parent);
+    wxWindow* BuildRightPanel(wxWindow* parent);
+    wxWindow* BuildBottomPanel(wxWindow* parent);
+    void BindEvents();
+
+    // --- actions ---
+    void aAddExecute();
+    void aDesktopColorExecute();
+    void aAboutExecute();
+    void SetPreviewSize(int size);
+
+    // --- events ---
+    void lvWallpaperKeyDown(wxListEvent& event);
+    void lvWallpaperEndLabelEdit(wxListEvent& event);
+    void lvWallpaperContextMenu(wxContextMenuEvent& event);
+    void lvWallpaperSelect();
+    void tSelectItemTimer();
+    void tPreviewUpdateTimer();
+    void FormClose(wxCloseEvent& event);
+    void TrackPlacement();
+
+    void Place(const TPlacement& placement);
+    void UpdateListHint();
+    std::string CellText(int row, int column) const;
+
+    // --- TMainView ---
+    void ShowMessage(const std::string& text) override;
+    void SetStatus(const std::string& text) override;
+    void ShowProgress(int position, int range) override;
+    void SetBusy(bool busy) override;
+    int SelectedRow() override;
+    std::vector<int> SelectedRows() override;
+    void SelectRow(int row) override;
+    void RowsChanged() override;
+    void RowChanged(int row) override;
+    void ItemChanged() override;
+    void PreviewChanged(bool loadPicture) override;
+    void WallpaperChanged() override;
+    bool IsWindowVisible() override;
+    TPlacement NormalPlacement() override { return m_placement; }
+
+    TMurala m_murala;
+    TActionList alMain;
+    TActionBinder m_binder;
+    std::string m_samplesFolder;
+
+    wxSplitterWindow* spVertical = nullptr;
+    wxSplitterWindow* spHorizontal = nullptr;
+    wxToolBar* tbMain = nullptr;
+    TMuListView* lvWallpaper = nullptr;
+    TPreviewPanel* iPreview = nullptr;
+    wxNotebook* pcEffect = nullptr;
+    std::vector<TSettingsPage*> m_pages;
+    wxGauge* pbMain = nullptr;
+    wxStaticText* pStatusText = nullptr;
+    wxTimer tSelectItem, tPreviewUpdate;
+    TPlacement m_placement;
+    std::optional<wxBusyCursor> m_busyCursor;
+    int m_busyDepth = 0;
+};
+
+} // namespace murala

@@ -1,0 +1,125 @@
+// The program without its windows: the list, the settings, and every rule that the main window's
+// actions obey. Windows are seen only through TMainView.
+#pragma once
+
+#include "uApply.h"
+#include "uClock.h"
+#include "uCompose.h"
+#include "uLocale.h"
+#include "uMainView.h"
+#include "uSettings.h"
+#include "uSourcePicture.h"
+#include "uWallpaper.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace murala
+{
+
+// What the program runs on; everything outlives TMurala.
+struct TServices {
+    TDesktop& Desktop;
+    TLocale& Locale;
+    TClock& Clock;
+    std::string ProgramFolder; // with its trailing divider
+};
+
+// Which end of a tint is meant, and which of its channels.
+enum class TTintEnd { Start, End };
+enum class TTintChannel { All, Red, Green, Blue };
+
+// What a failure to apply a wallpaper is reported with.
+enum class TReport {
+    MessageBox, // the user asked for it and waits
+    StatusLine, // the program did it by itself
+};
+
+class TMurala
+{
+public:
+    TMuWallpaperList List;
+    TMuSettings Settings;
+    // While it is set nothing is saved and nothing is applied again.
+    bool Updating = true;
+
+    TMurala(const TServices& services, TMainView& view);
+
+    // --- start and end -------------------------------------------------------------------------
+    // `placement` is the window's present one.
+    void LoadSettings(const TPlacement& placement);
+    // The list file and the current wallpaper. A line that cannot be read is told to the user; the
+    // whole file is then kept under another name before it is written again.
+    void LoadList();
+    void Close();
+
+    // --- saving (skipped while Updating; failures are told to the user) ------------------------
+    void SaveList();
+    void SaveSettings(TSaveFlags parts);
+
+    // --- state ---------------------------------------------------------------------------------
+    // Index of the wallpaper on the desktop, -1 when there is none.
+    int CurrentIndex() const { return m_current; }
+    // The selected item or null.
+    TMuWallpaper* SelectedItem() const;
+    bool IsCurrentSelected() const;
+    bool IsSorted(int column) const { return m_sortColumn == column; }
+    bool IsSortAscending() const { return m_sortAscending; }
+    std::string StatusText() const;
+
+    // --- the list ------------------------------------------------------------------------------
+    // Files that are in the list already are left out. An empty category: each file's folder.
+    // Returns how many were added.
+    int AddFiles(const std::vector<std::string>& fileNames, const std::string& category = {});
+    void RememberFolder(const std::string& folder);
+    void RemoveSelected();
+    void Rename(int row, const std::string& title);
+    // The same column again inverts the direction.
+    void SortByColumn(int column);
+
+    // --- the selected item ---------------------------------------------------------------------
+    void SetDisplayMode(std::uint8_t mode);
+    void StepDisplayMode();
+    void SetGammaStyle(std::uint8_t style);
+    // Changes the item; the list is saved by SaveList when the user lets the slider go.
+    void SetTint(TTintEnd end, TTintChannel channel, int value);
+    void SetDesktopColor(TColor color);
+
+    // --- the desktop ---------------------------------------------------------------------------
+    void ApplySelected();
+    // Composes and installs the current item. Whether it is on the desktop now.
+    bool ComposeWallpaper(bool startEffect, TReport report = TReport::MessageBox);
+    void Next(TReport report = TReport::MessageBox);
+    void Previous();
+    TSize ScreenSize() const { return m_services.Desktop.ScreenSize(); }
+
+    // --- the preview ---------------------------------------------------------------------------
+    // Loads the selected item's picture; an empty text when that worked, else what to show instead.
+    std::string LoadPreview();
+    // The selected item as it will look, `width` pixels wide, in the screen's proportions. Empty
+    // while there is nothing to show.
+    TBitmap PreviewPicture(int width);
+    void ReleasePreview();
+
+private:
+    std::string FilePath(std::string_view name) const;
+    void ComposeItem(TMuWallpaper& item);
+    void ApplyItemColor(TColor color);
+    void ReportProblem(TReport report, const std::string& text);
+    void ApplyRow(int row, TReport report);
+    bool LimitDisplayMode(TMuWallpaper& item);
+    void ItemEdited();
+
+    TServices m_services;
+    TMainView& m_view;
+    TSourcePicture m_source;
+    int m_current = -1;
+    int m_sortColumn = -1;
+    bool m_sortAscending = true;
+    bool m_isListUnreadable = false;
+    bool m_isSettingDesktopColor = false;
+    std::string m_lastSaveProblem;
+};
+
+} // namespace murala

@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# setup.sh run|linux|windows...: installs the Debian packages that a purpose needs.
+set -euo pipefail
+. "$(dirname "$0")/common.sh"
+
+run=(cmake ninja-build g++ pkg-config ccache libjpeg-dev libwxgtk3.2-dev libx11-dev libxrandr-dev
+    libxss-dev libglib2.0-dev libgtest-dev libbenchmark-dev)
+# A virtual screen and what a demonstration on it needs.
+screen=(xvfb xauth openbox xdotool imagemagick x11-utils dbus fonts-dejavu-core adwaita-icon-theme)
+# The desktops and tools that the tests run against.
+linux=(clang libclang-rt-14-dev xfconf xfdesktop4 gsettings-desktop-schemas libglib2.0-bin
+    dconf-gsettings-backend dconf-cli desktop-file-utils x11-apps procps)
+windows=(g++-mingw-w64-x86-64-posix nasm dpkg-dev wine wine64 fonts-wine)
+
+for purpose in "$@"; do
+    case $purpose in
+        run) install_packages "${run[@]}" ;;
+        screen) install_packages "${screen[@]}" ;;
+        linux) install_packages "${linux[@]}" ;;
+        windows) install_packages "${windows[@]}" ;;
+        *) die "unknown purpose $purpose" ;;
+    esac
+done

@@ -23,8 +23,8 @@ public:
     // Installs a BMP file (full path) as the wallpaper. Whether it worked.
     virtual bool SetWallpaperFile(const std::string& path) = 0;
 
-    // Stores the tile flag ("TileWallpaper" of "Control Panel\desktop"): "1" or "0". Skipped silently
-    // where it cannot be stored.
+    // Stores the tile flag ("TileWallpaper" of "Control Panel\desktop"): "1" or "0". Skipped
+    // silently where it cannot be stored.
     virtual void StoreTileFlag(const std::string& text) = 0;
 
     // Stores the desktop colour as text ("Background" in section "colors" of "win.ini").

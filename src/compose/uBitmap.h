@@ -17,6 +17,16 @@ struct TSize {
     friend bool operator==(const TSize&, const TSize&) = default;
 };
 
+// What a picture may have; larger ones are refused. With sides below 2^20 every product of the
+// geometry fits into 64 bits.
+inline constexpr int MaxSide = 1 << 20;
+inline constexpr std::int64_t MaxPixels = 1 << 28;
+constexpr bool IsUsable(TSize size)
+{
+    return size.Width >= 0 && size.Width <= MaxSide && size.Height >= 0 && size.Height <= MaxSide &&
+           std::int64_t{size.Width} * size.Height <= MaxPixels;
+}
+
 // Right and bottom are exclusive.
 struct TRect {
     int Left = 0, Top = 0, Right = 0, Bottom = 0;
@@ -37,7 +47,7 @@ class TBitmap : public TPicture
 {
 public:
     TBitmap() = default;
-    // Throws EInvalidImage when a side is negative or the bitmap would have over 2^28 pixels.
+    // Throws EInvalidImage when the size is not usable.
     TBitmap(int width, int height);
     TBitmap(TBitmap&&) noexcept = default;
     TBitmap& operator=(TBitmap&&) noexcept = default;

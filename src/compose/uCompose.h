@@ -18,9 +18,9 @@ std::string WallpaperBitmapName(int desktop);
 // Draws on the composed picture before it is saved or shown: the tint, then the add-ons.
 using TBeforeSave = std::function<void(TBitmap&)>;
 
-// The source in the item's display mode on its desktop colour; exactly as large as the screen (as the
-// source when the mode is none of the six). No tint. Throws EInvalidImage when the source has no
-// pixels.
+// The source in the item's display mode on its desktop colour; exactly as large as the screen (as
+// the source when the mode is none of the six). No tint. Throws EInvalidImage when the source has
+// no pixels.
 TBitmap ComposeDisplayMode(TImageReader& source, const TMuWallpaper& item, TSize screen);
 
 // The whole picture: display mode, then the item's tint, then `addOns` (may be empty).
@@ -33,8 +33,8 @@ void ResizeBitmap(TBitmap& bitmap, int width, int height);
 // Sizes the bitmap to the screen and fills it.
 void FillBackground(TBitmap& bitmap, TSize screen, TColor color);
 
-// Writes the picture, under "\temp.bmp" (in the temporary folder) when `target` is empty or cannot be
-// written. Returns the name it was written under. Throws EFileError when neither can be.
+// Writes the picture, under "\temp.bmp" (in the temporary folder) when `target` is empty or cannot
+// be written. Returns the name it was written under. Throws EFileError when neither can be.
 std::string SaveWallpaper(const TBitmap& bitmap, const std::string& target);
 
 } // namespace murala

@@ -1,9 +1,10 @@
-// Where each pixel of the desktop picture comes from, in the six display modes, and which mode may be
-// used for which picture.
+// Where each pixel of the desktop picture comes from, in the six display modes, and which mode may
+// be used for which picture.
 #pragma once
 
 #include "uBitmap.h"
 
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -11,13 +12,13 @@ namespace murala
 {
 
 // Half away from zero, single precision: the limits.
-int RoundHalfAway(float value);
+std::int64_t RoundHalfAway(float value);
 // Half to even, extended precision: the geometry.
-int RoundHalfEven(long double value);
+std::int64_t RoundHalfEven(long double value);
 
 // For every column and every row of the target the column and row of the source that it shows;
-// Background where it shows the background colour. All modes are made of these two maps, so a picture
-// is composed without any copy of the whole source.
+// Background where it shows the background colour. All modes are made of these two maps, so a
+// picture is composed without any copy of the whole source.
 inline constexpr int Background = -1;
 struct TDrawMap {
     std::vector<int> Columns;
@@ -30,12 +31,9 @@ TDrawMap TileDraw(TSize source, TSize target);
 TDrawMap CenterDraw(TSize source, TSize target);
 // Nearest neighbour: target position i shows source position floor(i * source / target).
 TDrawMap StretchDraw(TSize source, TSize target);
-// A block of twice the source's size: the source, mirrored to the right, downwards and both ways.
-TDrawMap BuildMirrorBlock(TSize source);
-// Repeats the mirror block.
+// Repeats a block of twice the source's size: the source, mirrored to the right, downwards and both
+// ways.
 TDrawMap MirrorTileDraw(TSize source, TSize target);
-// `outer` shows a picture that is itself made by `inner`.
-TDrawMap Through(const TDrawMap& outer, const TDrawMap& inner);
 
 // The whole mode. An unknown mode gives the source at its own size.
 TDrawMap DisplayModeMap(std::uint8_t mode, TSize source, TSize screen);
@@ -43,8 +41,10 @@ TDrawMap DisplayModeMap(std::uint8_t mode, TSize source, TSize screen);
 // The limits check. `mode` is changed to one that may be used; one message for every step taken.
 inline constexpr std::string_view TooLargeForMirror =
     "This image is too large to use mirror tiled mode.";
-inline constexpr std::string_view TooTallForFit = "This image is too tall to use fit-horizonal mode.";
-inline constexpr std::string_view TooWideForFit = "This image is too wide to use fit-vertical mode.";
+inline constexpr std::string_view TooTallForFit =
+    "This image is too tall to use fit-horizonal mode.";
+inline constexpr std::string_view TooWideForFit =
+    "This image is too wide to use fit-vertical mode.";
 std::vector<std::string_view> CheckDisplayMode(std::uint8_t& mode, TSize image, TSize screen);
 
 // The mode that follows in the cycle for this picture; limits pass modes over silently.

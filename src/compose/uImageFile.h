@@ -32,13 +32,20 @@ class TImageReader
 public:
     virtual ~TImageReader() = default;
     virtual TSize Size() const = 0;
-    // `y` must be greater than that of the call before. `row` holds Size().Width pixels. A cut-off
-    // file gives what there is (the rest as the decoder leaves it: black or grey).
+    // `y` must be greater than that of the call before. `row` holds Size().Width pixels, whose
+    // unused byte may be anything. A cut-off file gives what there is (the rest as the decoder
+    // leaves it: black or grey).
     virtual void ReadRow(int y, TPixel* row) = 0;
 };
 
+// How a JPEG is decoded: at 1/1, 1/2, 1/4 or 1/8 of its size, and fast instead of exact.
+struct TDecoding {
+    int Divisor = 1;
+    bool Fast = false;
+};
+
 // Throws EInvalidImage when the file is missing, is no picture or promises more than can be had.
-std::unique_ptr<TImageReader> OpenImage(const std::string& fileName);
+std::unique_ptr<TImageReader> OpenImage(const std::string& fileName, TDecoding decoding = {});
 
 // The rows of a bitmap in memory, which must outlive the reader.
 std::unique_ptr<TImageReader> ReadBitmap(const TBitmap& bitmap);

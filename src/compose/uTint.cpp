@@ -12,59 +12,106 @@ namespace murala
 namespace
 {
 
-using TTable = std::array<TPixel, 256>;
+// What one byte of a pixel is tinted with: floor(byte * Scale * Divide / 2^23) + Add. Divide stands
+// for a division by 256 or by 255; both are exact for every product that can occur. All products
+// fit into 16 bits or are the upper half of one, so that the compiler works on eight bytes at once.
+struct TFactor {
+    std::uint16_t Scale, Divide, Add;
+};
 
-// One table a channel, its results shifted to where the channel stands in a pixel.
-struct TTintTables {
-    TTable Red, Green, Blue;
+constexpr std::uint16_t By256 = (1U << 23U) / 256;
+constexpr std::uint16_t By255 = (1U << 23U) / 255 + 1;
 
-    explicit TTintTables(TTint tint)
+constexpr TFactor FactorOf(int value)
+{
+    const auto v = static_cast<std::uint16_t>(value);
+    if (value < 0)
+        return {static_cast<std::uint16_t>(v + 256), By256, 0};
+    return {static_cast<std::uint16_t>(255 - v), By255, v};
+}
+
+constexpr TFactor Unchanged = {256, By256, 0};
+
+constexpr std::uint8_t Tinted(std::uint8_t byte, std::uint16_t scale, std::uint16_t divide,
+                              std::uint16_t add)
+{
+    const auto product = static_cast<std::uint16_t>(byte * scale);
+    const auto upper = static_cast<std::uint16_t>((std::uint32_t{product} * divide) >> 16U);
+    return static_cast<std::uint8_t>((upper >> 7U) + add);
+}
+
+// The factors of every byte of some neighbouring pixels.
+class TFactorRow
+{
+public:
+    explicit TFactorRow(int pixels)
+        : m_scale(4U * pixels), m_divide(m_scale.size()), m_add(m_scale.size())
     {
-        for (unsigned channel = 0; channel < 256; ++channel) {
-            const auto c = static_cast<std::uint8_t>(channel);
-            Red[channel] = static_cast<TPixel>(TintChannel(c, tint.Red)) << 16U;
-            Green[channel] = static_cast<TPixel>(TintChannel(c, tint.Green)) << 8U;
-            Blue[channel] = TintChannel(c, tint.Blue);
+    }
+
+    int Pixels() const { return static_cast<int>(m_scale.size() / 4); }
+
+    void Set(int x, TTint tint)
+    {
+        const TFactor factors[] = {FactorOf(tint.Blue), FactorOf(tint.Green), FactorOf(tint.Red),
+                                   Unchanged};
+        std::size_t i = 4U * x;
+        for (const TFactor& factor : factors) {
+            m_scale[i] = factor.Scale;
+            m_divide[i] = factor.Divide;
+            m_add[i++] = factor.Add;
         }
     }
 
-    TPixel operator()(TPixel pixel) const
+    // At most Pixels() pixels.
+    void Tint(TPixel* pixels, int count) const
     {
-        return (pixel & 0xFF000000U) | Red[(pixel >> 16U) & 0xFFU] | Green[(pixel >> 8U) & 0xFFU] |
-               Blue[pixel & 0xFFU];
+        auto* bytes = reinterpret_cast<std::uint8_t*>(pixels);
+        for (int i = 0; i < 4 * count; ++i)
+            bytes[i] = Tinted(bytes[i], m_scale[i], m_divide[i], m_add[i]);
     }
+
+private:
+    std::vector<std::uint16_t> m_scale, m_divide, m_add;
 };
 
-void TintRow(TPixel* row, int width, const TTintTables& tables)
+// The same tint for any number of pixels.
+class TEvenTint
 {
-    std::transform(row, row + width, row, tables);
-}
+public:
+    void Set(TTint tint)
+    {
+        for (int x = 0; x < m_factors.Pixels(); ++x)
+            m_factors.Set(x, tint);
+    }
+
+    void Tint(TPixel* pixels, int count) const
+    {
+        for (int x = 0; x < count; x += m_factors.Pixels())
+            m_factors.Tint(pixels + x, std::min(m_factors.Pixels(), count - x));
+    }
+
+private:
+    TFactorRow m_factors{32};
+};
 
 // The ramp's values at `position` of `extent`.
 TTint RampAt(TTint start, TTint end, int position, int extent)
 {
     const long double t = static_cast<long double>(position) / extent;
     const long double s = 1.0L - t;
-    return {RoundHalfEven(start.Red * s + end.Red * t),
-            RoundHalfEven(start.Green * s + end.Green * t),
-            RoundHalfEven(start.Blue * s + end.Blue * t)};
-}
-
-TPixel TintPixel(TPixel pixel, TTint tint)
-{
-    const TPixel red = TintChannel(static_cast<std::uint8_t>(pixel >> 16U), tint.Red);
-    const TPixel green = TintChannel(static_cast<std::uint8_t>(pixel >> 8U), tint.Green);
-    const TPixel blue = TintChannel(static_cast<std::uint8_t>(pixel), tint.Blue);
-    return (pixel & 0xFF000000U) | (red << 16U) | (green << 8U) | blue;
+    const auto value = [=](int from, int to) {
+        return static_cast<int>(RoundHalfEven(from * s + to * t));
+    };
+    return {value(start.Red, end.Red), value(start.Green, end.Green), value(start.Blue, end.Blue)};
 }
 
 } // namespace
 
 std::uint8_t TintChannel(std::uint8_t channel, int value)
 {
-    const int c = channel;
-    const int result = value < 0 ? c * (value + 256) / 256 : c * (255 - value) / 255 + value;
-    return static_cast<std::uint8_t>(result);
+    const TFactor factor = FactorOf(value);
+    return Tinted(channel, factor.Scale, factor.Divide, factor.Add);
 }
 
 void ApplyTint(TBitmap& bitmap, const TMuWallpaper& item)
@@ -90,20 +137,20 @@ void TintSolid(TBitmap& bitmap, TTint tint)
 
 void TintHorizontal(TBitmap& bitmap, TTint start, TTint end)
 {
-    std::vector<TTint> ramp(static_cast<std::size_t>(bitmap.Width()));
+    TFactorRow ramp(bitmap.Width());
     for (int x = 0; x < bitmap.Width(); ++x)
-        ramp[static_cast<std::size_t>(x)] = RampAt(start, end, x, bitmap.Width());
-    for (int y = 0; y < bitmap.Height(); ++y) {
-        TPixel* row = bitmap.Row(y);
-        std::transform(row, row + bitmap.Width(), ramp.begin(), row, TintPixel);
-    }
+        ramp.Set(x, RampAt(start, end, x, bitmap.Width()));
+    for (int y = 0; y < bitmap.Height(); ++y)
+        ramp.Tint(bitmap.Row(y), bitmap.Width());
 }
 
 void TintVertical(TBitmap& bitmap, TTint start, TTint end)
 {
-    for (int y = 0; y < bitmap.Height(); ++y)
-        TintRow(bitmap.Row(y), bitmap.Width(),
-                TTintTables(RampAt(start, end, y, bitmap.Height())));
+    TEvenTint tint;
+    for (int y = 0; y < bitmap.Height(); ++y) {
+        tint.Set(RampAt(start, end, y, bitmap.Height()));
+        tint.Tint(bitmap.Row(y), bitmap.Width());
+    }
 }
 
 void TintRectangle(TBitmap& bitmap, const TRect& rectangle, TTint tint)
@@ -112,9 +159,10 @@ void TintRectangle(TBitmap& bitmap, const TRect& rectangle, TTint tint)
     const int right = std::min(rectangle.Right, bitmap.Width());
     if (left >= right)
         return;
-    const TTintTables tables(tint);
+    TEvenTint even;
+    even.Set(tint);
     for (int y = std::max(rectangle.Top, 0); y < std::min(rectangle.Bottom, bitmap.Height()); ++y)
-        TintRow(bitmap.Row(y) + left, right - left, tables);
+        even.Tint(bitmap.Row(y) + left, right - left);
 }
 
 } // namespace murala

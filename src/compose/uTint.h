@@ -15,8 +15,8 @@ struct TTint {
 // value < 0: c * (value + 256) / 256; else c * (255 - value) / 255 + value; both divisions floor.
 std::uint8_t TintChannel(std::uint8_t channel, int value);
 
-// By the item's GammaStyle; style 0 and unknown styles change nothing. The unused byte of a pixel is
-// never touched.
+// By the item's GammaStyle; style 0 and unknown styles change nothing. The unused byte of a pixel
+// is never touched.
 void ApplyTint(TBitmap& bitmap, const TMuWallpaper& item);
 
 void TintSolid(TBitmap& bitmap, TTint tint);

@@ -16,7 +16,7 @@ inline constexpr TDateTime MinutesPerDay = 1440.0;
 inline constexpr TDateTime SecondsPerDay = 86400.0;
 
 struct TDateParts {
-    int Year, Month, Day;             // month 1..12, day 1..31
+    int Year, Month, Day; // month 1..12, day 1..31
     int Hour = 0, Minute = 0, Second = 0;
 };
 
@@ -32,7 +32,8 @@ TDateTime TimeOf(TDateTime dateTime);
 int WeekdayOf(TDateTime dateTime);
 
 // Stored forms: "2026-03-07 18:05:00" and "18:05:00". They do not depend on the user's locale, so a
-// changed locale loses nothing. The readers take a time with "am" or "pm" as well, and a date alone.
+// changed locale loses nothing. The readers take a time with "am" or "pm" as well, and a date
+// alone.
 std::string DateTimeToText(TDateTime dateTime);
 std::string TimeToText(TDateTime dateTime);
 std::optional<TDateTime> TextToDateTime(std::string_view text);

@@ -29,7 +29,7 @@ TFile OpenFile(const std::string& path, const char* mode);
 std::string ReadWholeFile(const std::string& path);
 
 enum class TFlush {
-    ToDisk,     // what must survive a power failure: the list, the settings
+    ToDisk,        // what must survive a power failure: the list, the settings
     ToSystemCache, // what can be made again: pictures
 };
 
@@ -58,5 +58,10 @@ private:
 };
 
 void ReplaceWholeFile(const std::string& path, std::string_view content, TFlush flush);
+
+// Before a file that could not be understood is written again: keeps a copy beside it, as
+// "NAME.unreadable" or, where another one lies there, with a number from 2 behind it. Gives the
+// copy's path. Throws EFileError.
+std::string KeepUnreadableFile(const std::string& path);
 
 } // namespace murala

@@ -20,7 +20,7 @@ struct TPlacement {
 };
 
 struct TMuSettings {
-    std::string WallpaperPath; // empty: the program folder
+    std::string WallpaperPath; // the folder last added from
     int PreviewSize = 1;       // 0 mini, 1 normal, 2 large
     int ThumbnailSize = 1;     // 0 small, 1 normal, 2 large
     int ViewMode = 0;          // 0 list, 1 thumbnails
@@ -46,7 +46,7 @@ struct TMuSettings {
     bool IconBoxBorder = false;
     TColor IconBoxBorderColor = 0xFFFFFF;
     bool IconBoxOnlyIcons = false;
-    std::string ThumbnailFolder; // read only; empty: "Thumbnails" in the program folder
+    std::string ThumbnailFolder; // read only, never written
 };
 
 // One flag a group of keys, in the order of writing.
@@ -111,8 +111,8 @@ void SaveSettings(TIniFile& file, const TMuSettings& settings, const TListState&
 // "WallpaperCurrent", with the number behind it from the second virtual desktop on.
 std::string WallpaperCurrentKey(int desktop);
 
-// The index of the current wallpaper as the file names it: the first item when it is not in the list,
-// -1 for an empty list.
+// The index of the current wallpaper as the file names it: the first item when it is not in the
+// list, -1 for an empty list.
 int LoadCurrentWallpaper(const TIniFile& file, const TMuWallpaperList& list, int desktop);
 
 } // namespace murala

@@ -11,8 +11,8 @@
 namespace murala
 {
 
-// The whole text as a decimal integer with an optional sign; nothing else may stand in it. Blanks in
-// front are allowed. Empty when it is no integer or does not fit into 32 bits.
+// The whole text as a decimal integer with an optional sign; nothing else may stand in it. Blanks
+// in front are allowed. Empty when it is no integer or does not fit into 32 bits.
 std::optional<std::int32_t> ParseInteger(std::string_view text);
 
 // Without the blanks and control characters (U+0000 to U+0020) at both ends.
@@ -22,8 +22,8 @@ std::string_view Trim(std::string_view text);
 std::string UpperAscii(std::string_view text);
 bool SameTextAscii(std::string_view a, std::string_view b);
 
-// Every occurrence from left to right; inserted text is not looked at again. An empty `find` changes
-// nothing.
+// Every occurrence from left to right; inserted text is not looked at again. An empty `find`
+// changes nothing.
 std::string ReplaceAll(std::string_view text, std::string_view find, std::string_view replacement);
 
 // Replaces each "%s" and "%d" of the format, in order, by the next value; "%%" is a percent sign.

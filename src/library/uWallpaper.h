@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -60,7 +61,8 @@ public:
     bool TransparentIcons = false;
     std::unique_ptr<TPicture> Thumbnail;
     TMuWallpaperList* Owner = nullptr;
-    std::int32_t ThumbnailNumber = 0; // 0: none assigned
+    // 0: none assigned. As with the file name, only the list may change it once the item is in one.
+    std::int32_t ThumbnailNumber = 0;
     std::string Effect{NoEffect};
     // Tint, each -256..255: -256 makes a channel black, 0 leaves it, 255 makes it full.
     std::int32_t GammaEndRed = 255, GammaEndGreen = 255, GammaEndBlue = 255;
@@ -106,7 +108,8 @@ public:
     TMuWallpaper& Add(std::unique_ptr<TMuWallpaper> item);
     // Takes the item out of the list and hands it to the caller.
     std::unique_ptr<TMuWallpaper> Delete(int index);
-    // Takes out many at once (ascending indexes) in one pass.
+    // Takes out many at once (different indexes, in any order) in one pass; they come in the order
+    // of the indexes.
     std::vector<std::unique_ptr<TMuWallpaper>> DeleteMany(const std::vector<int>& indexes);
     int IndexOf(const TMuWallpaper* item) const;
     // The first item with exactly this file name, -1 when there is none.
@@ -124,14 +127,22 @@ public:
     // Columns: 0 title, 1 file name, 2 folder, 3 category then title. Stable.
     void Sort(int column, bool ascending, const TCompare& compare);
 
-    // Both throw EFileError. LoadFromFile throws EListLineError at the first bad line; the items
-    // before it are then in the list.
+    // Both throw EFileError. LoadFromFile takes a missing file for an empty list. It throws
+    // EListLineError at the first bad line; the items before it are then in the list, and the
+    // caller must call KeepUnreadableFile before the file is written again.
     void SaveToFile(const std::string& path) const;
     void LoadFromFile(const std::string& path);
 
 private:
+    friend class TMuWallpaper;
+    void AssignThumbnailNumber(TMuWallpaper& item);
+    // After the item was taken out of m_items.
+    void Release(TMuWallpaper& item);
+
     std::vector<std::unique_ptr<TMuWallpaper>> m_items;
-    std::unordered_multimap<std::string, TMuWallpaper*> m_byFileName;
+    // The keys are the items' own file names.
+    std::unordered_multimap<std::string_view, TMuWallpaper*> m_byFileName;
+    mutable std::optional<std::int32_t> m_largestNumber; // empty: to be looked up
 };
 
 // A line of a list file that could not be read.

@@ -1,0 +1,210 @@
+#include "uListLine.h"
+
+#include "uPath.h"
+#include "uText.h"
+#include "uWallpaper.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace murala
+{
+
+namespace
+{
+
+constexpr char Quote = '"';
+constexpr std::string_view LineEnds = "\r\n";
+constexpr std::string_view Dividers = ",\r\n";
+constexpr int SmallestTint = -256, LargestTint = 255;
+constexpr int DefaultTint = 255;
+
+std::size_t Find(std::string_view text, std::string_view anyOf, std::size_t from)
+{
+    return std::min(text.find_first_of(anyOf, from), text.size());
+}
+
+// Where the quoted field that opens at `open` has its closing quote; the text's size when it has
+// none.
+std::size_t ClosingQuote(std::string_view text, std::size_t open)
+{
+    std::size_t at = text.find(Quote, open + 1);
+    while (at != std::string_view::npos && text.substr(at + 1, 1) == "\"")
+        at = text.find(Quote, at + 2);
+    return std::min(at, text.size());
+}
+
+// Where the line ends that the text begins with.
+std::size_t ListLineEnd(std::string_view text)
+{
+    const std::size_t firstEnd = Find(text, LineEnds, 0);
+    std::size_t end = firstEnd;
+    for (std::size_t at = 0; at < end; ++at) { // from field to field
+        if (text[at] != Quote) {
+            at = Find(text, Dividers, at);
+            continue;
+        }
+        at = ClosingQuote(text, at) + 1;
+        if (Find(text, Dividers, at) != at)
+            return firstEnd;
+        if (at > end)
+            end = Find(text, LineEnds, at);
+    }
+    return end;
+}
+
+void AppendField(std::string& line, std::string_view field)
+{
+    if (!line.empty())
+        line += ',';
+    line += Quote;
+    if (field.find(Quote) == std::string_view::npos)
+        line += field;
+    else
+        line += ReplaceAll(field, "\"", "\"\"");
+    line += Quote;
+}
+
+void AppendField(std::string& line, std::int32_t value)
+{
+    AppendField(line, std::to_string(value));
+}
+
+std::string TakeField(std::string_view& rest)
+{
+    const bool quoted = rest.starts_with(Quote);
+    const std::size_t end = quoted ? ClosingQuote(rest, 0) : Find(rest, ",", 0);
+    const std::string_view field = rest.substr(quoted ? 1 : 0, end - (quoted ? 1 : 0));
+    // Behind a quoted field one character is skipped, whatever it is.
+    rest.remove_prefix(std::min(end + (quoted ? 2 : 1), rest.size()));
+    return quoted && field.find(Quote) != std::string_view::npos ? ReplaceAll(field, "\"\"", "\"")
+                                                                 : std::string(field);
+}
+
+// Takes the fields of one line in their order and names the one that is wrong.
+class TFieldReader
+{
+public:
+    explicit TFieldReader(std::string_view line) : m_rest(line) {}
+
+    std::string Text()
+    {
+        ++m_number;
+        return TakeField(m_rest);
+    }
+
+    std::int32_t Integer(std::string_view name)
+    {
+        const std::string text = Text();
+        if (const auto value = ParseInteger(text))
+            return *value;
+        Fail(name, text, "is no integer");
+    }
+
+    std::int32_t IntegerOr(std::int32_t otherwise)
+    {
+        return ParseInteger(Text()).value_or(otherwise);
+    }
+
+    TColor Color(std::string_view name)
+    {
+        const std::string text = Text();
+        TColor color = 0;
+        std::string_view rest = text;
+        for (unsigned shift = 0; shift <= 16; shift += 8) {
+            const std::size_t blank = Find(rest, " ", 0);
+            const auto part = ParseInteger(rest.substr(0, blank));
+            if (!part)
+                Fail(name, text, "is no colour");
+            color += static_cast<TColor>(*part) << shift;
+            rest.remove_prefix(std::min(blank + 1, rest.size()));
+        }
+        return color;
+    }
+
+private:
+    [[noreturn]] void Fail(std::string_view name, std::string_view text, std::string_view why) const
+    {
+        throw EConvertError(
+            FormatText("field %d (%s): \"%s\" %s", {std::to_string(m_number), name, text, why}));
+    }
+
+    std::string_view m_rest;
+    int m_number = 0;
+};
+
+std::uint8_t DisplayModeOf(std::string_view name)
+{
+    const auto* const known = std::ranges::find(DisplayModeNames, name);
+    return known == std::end(DisplayModeNames)
+               ? static_cast<std::uint8_t>(dmCentered)
+               : static_cast<std::uint8_t>(known - std::begin(DisplayModeNames));
+}
+
+std::int32_t ToTint(std::int32_t value)
+{
+    return std::clamp(value, SmallestTint, LargestTint);
+}
+
+std::uint8_t ToGammaStyle(std::int32_t value)
+{
+    return static_cast<std::uint8_t>(value >= gsNone && value <= gsVertical ? value : gsNone);
+}
+
+std::string ColorText(TColor color)
+{
+    return std::to_string(color & 0xFFU) + ' ' + std::to_string(color >> 8U & 0xFFU) + ' ' +
+           std::to_string(color >> 16U & 0xFFU);
+}
+
+} // namespace
+
+std::string_view TakeListLine(std::string_view& text)
+{
+    const std::string_view line = text.substr(0, ListLineEnd(text));
+    text.remove_prefix(line.size());
+    text.remove_prefix(text.starts_with("\r\n") ? 2 : text.empty() ? 0 : 1);
+    return line;
+}
+
+std::string TMuWallpaper::SaveToLine() const
+{
+    std::string line;
+    AppendField(line, FileName);
+    AppendField(line, Title);
+    AppendField(line, DisplayModeNames[DisplayMode]);
+    AppendField(line, TransparentIcons ? 1 : 0);
+    AppendField(line, ThumbnailNumber);
+    AppendField(line, Effect);
+    for (std::int32_t tint :
+         {GammaStartRed, GammaStartGreen, GammaStartBlue, GammaEndRed, GammaEndGreen, GammaEndBlue})
+        AppendField(line, tint);
+    AppendField(line, GammaStyle);
+    AppendField(line, ColorText(DesktopColor));
+    AppendField(line, Category);
+    return line;
+}
+
+void TMuWallpaper::LoadFromLine(std::string_view line)
+{
+    TFieldReader fields(line);
+    FileName = fields.Text();
+    Title = fields.Text();
+    DisplayMode = DisplayModeOf(fields.Text());
+    TransparentIcons = fields.Integer("TransparentIcons") == 1;
+    ThumbnailNumber = fields.Integer("ThumbnailNumber");
+    Effect = fields.Text();
+    GammaStartRed = ToTint(fields.Integer("GammaStartRed"));
+    GammaStartGreen = ToTint(fields.Integer("GammaStartGreen"));
+    GammaStartBlue = ToTint(fields.Integer("GammaStartBlue"));
+    GammaEndRed = ToTint(fields.IntegerOr(DefaultTint));
+    GammaEndGreen = ToTint(fields.IntegerOr(DefaultTint));
+    GammaEndBlue = ToTint(fields.IntegerOr(DefaultTint));
+    GammaStyle = ToGammaStyle(fields.IntegerOr(gsNone));
+    DesktopColor = fields.Color("DesktopColor");
+    Category = fields.Text();
+    if (Category.empty())
+        Category = FolderPart(FileName);
+}
+
+} // namespace murala

@@ -1,0 +1,125 @@
+#include "uSafeFile.h"
+
+#include "uPath.h"
+#include "uPlatformFile.h"
+
+#include <array>
+#include <cerrno>
+#include <system_error>
+
+namespace murala
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void Fail(std::string_view what, const std::string& path, const std::error_code& why)
+{
+    throw EFileError("Cannot " + std::string(what) + " " + path + ": " + why.message());
+}
+
+std::error_code LastError()
+{
+    return {errno, std::generic_category()};
+}
+
+// Where a link leads, also when nothing is there yet.
+std::string FollowLinks(const std::string& path)
+{
+    constexpr int maxDepth = 40;
+    fs::path target = NativePath(path);
+    std::error_code error;
+    for (int depth = 0; depth < maxDepth && fs::is_symlink(target, error); ++depth)
+        target = target.parent_path() / fs::read_symlink(target, error);
+    return PathText(target);
+}
+
+} // namespace
+
+TFile OpenFile(const std::string& path, const char* mode)
+try {
+    TFile file(OpenNamedFile(path, mode));
+    if (!file)
+        Fail(mode[0] == 'r' ? "open" : "create", path, LastError());
+    return file;
+} catch (const fs::filesystem_error& error) {
+    Fail("open", path, error.code());
+}
+
+std::string ReadWholeFile(const std::string& path)
+{
+    const TFile file = OpenFile(path, "rb");
+    std::string content;
+    std::array<char, 65536> buffer;
+    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get()))
+        content.append(buffer.data(), count);
+    if (std::ferror(file.get()))
+        Fail("read", path, LastError());
+    return content;
+}
+
+TFileReplacement::TFileReplacement(const std::string& path, TFlush flush)
+    : m_path(FollowLinks(path)), m_newPath(m_path + ".new"), m_flush(flush)
+{
+    const bool exists = FileExists(m_path);
+    // A rename would also replace a file that may not be written.
+    if (exists)
+        OpenFile(m_path, "r+b");
+    m_file = OpenFile(m_newPath, "wb");
+    std::error_code ignored; // not every file system knows permissions
+    if (exists)
+        fs::permissions(NativePath(m_newPath),
+                        fs::status(NativePath(m_path), ignored).permissions(), ignored);
+}
+
+TFileReplacement::~TFileReplacement()
+{
+    m_file.reset();
+    if (!m_newPath.empty())
+        DeleteFileIfPresent(m_newPath);
+}
+
+void TFileReplacement::Write(const void* data, std::size_t size)
+{
+    if (std::fwrite(data, 1, size, m_file.get()) != size)
+        Fail("write", m_path, LastError());
+}
+
+void TFileReplacement::Commit()
+{
+    const bool flushed =
+        m_flush == TFlush::ToDisk ? FlushToDisk(m_file.get()) : std::fflush(m_file.get()) == 0;
+    if (!flushed || std::fclose(m_file.release()) != 0)
+        Fail("write", m_path, LastError());
+    const fs::path target = NativePath(m_path);
+    if (const std::error_code error = RenameOver(NativePath(m_newPath), target))
+        Fail("replace", m_path, error);
+    m_newPath.clear();
+    if (m_flush == TFlush::ToDisk)
+        FlushFolder(target.parent_path());
+}
+
+void ReplaceWholeFile(const std::string& path, std::string_view content, TFlush flush)
+{
+    TFileReplacement file(path, flush);
+    file.Write(content.data(), content.size());
+    file.Commit();
+}
+
+std::string KeepUnreadableFile(const std::string& path)
+{
+    const std::string content = ReadWholeFile(path);
+    for (int number = 1;; ++number) {
+        std::string kept = path + ".unreadable" + (number > 1 ? std::to_string(number) : "");
+        const bool taken = FileExists(kept);
+        if (taken && ReadWholeFile(kept) != content)
+            continue;
+        if (!taken)
+            ReplaceWholeFile(kept, content, TFlush::ToDisk);
+        return kept;
+    }
+}
+
+} // namespace murala

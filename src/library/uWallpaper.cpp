@@ -1,0 +1,272 @@
+#include "uWallpaper.h"
+
+#include "uListLine.h"
+#include "uPath.h"
+#include "uSafeFile.h"
+#include "uText.h"
+
+#include <algorithm>
+#include <cassert>
+#include <limits>
+#include <numeric>
+#include <unordered_set>
+
+namespace murala
+{
+
+namespace
+{
+
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view LineEnd = "\r\n";
+
+enum : int { scTitle, scFileName, scFolder, scCategory };
+
+// What an item is sorted by: the first text, and the second where the first ones are equal.
+struct TSortKey {
+    std::string First, Second;
+};
+
+TSortKey SortKey(int column, const TMuWallpaper& item)
+{
+    switch (column) {
+    case scTitle:
+        return {item.Title, {}};
+    case scFileName:
+        return {FileNamePart(item.FileName), {}};
+    case scFolder:
+        return {FolderPart(item.FileName), {}};
+    case scCategory:
+        return {item.Category, item.Title};
+    default:
+        return {};
+    }
+}
+
+std::string ThumbnailPath(const std::string& folder, std::int32_t number)
+{
+    return folder + "Thumbnail." + std::to_string(number) + ".jpg";
+}
+
+} // namespace
+
+std::string TMuWallpaper::ThumbnailFileName()
+{
+    assert(Owner);
+    if (ThumbnailNumber == 0) {
+        Owner->AssignThumbnailNumber(*this);
+        DeleteThumbnailFile(); // of an item that had the number before
+    }
+    return ThumbnailPath(Owner->ThumbnailFolder, ThumbnailNumber);
+}
+
+void TMuWallpaper::DeleteThumbnailFile()
+{
+    assert(Owner);
+    if (ThumbnailNumber != 0)
+        DeleteFileIfPresent(ThumbnailPath(Owner->ThumbnailFolder, ThumbnailNumber));
+}
+
+int TMuWallpaper::IndexInList() const
+{
+    return Owner ? Owner->IndexOf(this) : -1;
+}
+
+bool TMuWallpaper::StartTintIsGrey() const
+{
+    return GammaStartRed == GammaStartGreen && GammaStartGreen == GammaStartBlue;
+}
+
+bool TMuWallpaper::EndTintIsGrey() const
+{
+    return GammaEndRed == GammaEndGreen && GammaEndGreen == GammaEndBlue;
+}
+
+TMuWallpaperList::TMuWallpaperList() = default;
+TMuWallpaperList::~TMuWallpaperList() = default;
+
+TMuWallpaper& TMuWallpaperList::Add(std::unique_ptr<TMuWallpaper> item)
+{
+    TMuWallpaper& added = *m_items.emplace_back(std::move(item));
+    added.Owner = this;
+    m_byFileName.emplace(added.FileName, &added);
+    if (m_largestNumber)
+        m_largestNumber = std::max(*m_largestNumber, added.ThumbnailNumber);
+    return added;
+}
+
+std::unique_ptr<TMuWallpaper> TMuWallpaperList::Delete(int index)
+{
+    return std::move(DeleteMany({index}).front());
+}
+
+std::vector<std::unique_ptr<TMuWallpaper>>
+TMuWallpaperList::DeleteMany(const std::vector<int>& indexes)
+{
+    std::vector<std::unique_ptr<TMuWallpaper>> deleted;
+    deleted.reserve(indexes.size());
+    for (int index : indexes) {
+        deleted.push_back(std::move(m_items.at(static_cast<std::size_t>(index))));
+        Release(*deleted.back());
+    }
+    std::erase(m_items, nullptr);
+    return deleted;
+}
+
+void TMuWallpaperList::Release(TMuWallpaper& item)
+{
+    const auto [first, last] = m_byFileName.equal_range(item.FileName);
+    m_byFileName.erase(
+        std::find_if(first, last, [&](const auto& entry) { return entry.second == &item; }));
+    if (m_largestNumber == item.ThumbnailNumber)
+        m_largestNumber.reset();
+    item.Owner = nullptr;
+}
+
+int TMuWallpaperList::IndexOf(const TMuWallpaper* item) const
+{
+    const auto found = std::ranges::find(m_items, item, &std::unique_ptr<TMuWallpaper>::get);
+    return found == m_items.end() ? -1 : static_cast<int>(found - m_items.begin());
+}
+
+int TMuWallpaperList::IndexOfFileName(const std::string& fileName) const
+{
+    const auto [first, last] = m_byFileName.equal_range(fileName);
+    if (first == last)
+        return -1;
+    if (std::next(first) == last)
+        return IndexOf(first->second);
+    const auto found = std::ranges::find(
+        m_items, fileName, [](const auto& item) -> const auto& { return item->FileName; });
+    return static_cast<int>(found - m_items.begin());
+}
+
+bool TMuWallpaperList::ContainsFileName(const std::string& fileName) const
+{
+    return m_byFileName.contains(fileName);
+}
+
+void TMuWallpaperList::Clear()
+{
+    m_byFileName.clear();
+    m_items.clear();
+    LoadedThumbnails.clear();
+    m_largestNumber.reset();
+}
+
+std::int32_t TMuWallpaperList::NextThumbnailNumber() const
+{
+    if (!m_largestNumber) {
+        m_largestNumber = 0;
+        for (const auto& item : m_items)
+            m_largestNumber = std::max(*m_largestNumber, item->ThumbnailNumber);
+    }
+    if (*m_largestNumber < std::numeric_limits<std::int32_t>::max())
+        return *m_largestNumber + 1;
+    // Only a file edited by hand leads here: the smallest number that is free.
+    std::unordered_set<std::int32_t> used;
+    for (const auto& item : m_items)
+        used.insert(item->ThumbnailNumber);
+    std::int32_t number = 1;
+    while (used.contains(number))
+        ++number;
+    return number;
+}
+
+void TMuWallpaperList::AssignThumbnailNumber(TMuWallpaper& item)
+{
+    item.ThumbnailNumber = NextThumbnailNumber();
+    m_largestNumber = std::max(*m_largestNumber, item.ThumbnailNumber);
+}
+
+void TMuWallpaperList::SetThumbnailFolder(std::string_view path)
+{
+    ThumbnailFolder = WithTrailingDivider(path);
+    std::error_code error;
+    const auto folder = NativePath(ThumbnailFolder);
+    if (!std::filesystem::is_directory(folder, error) &&
+        !std::filesystem::create_directory(folder, error))
+        throw EFileError("Cannot make the folder " + ThumbnailFolder + ": " + error.message());
+}
+
+void TMuWallpaperList::ForgetThumbnail(const std::string& fileName)
+{
+    std::erase(LoadedThumbnails, fileName);
+}
+
+void TMuWallpaperList::TrimThumbnails(int count)
+{
+    if (Busy)
+        return;
+    Busy = true;
+    const auto first = LoadedThumbnails.begin();
+    const auto end = first + std::clamp(count, 0, static_cast<int>(LoadedThumbnails.size()));
+    for (auto fileName = first; fileName != end; ++fileName) {
+        const auto [from, to] = m_byFileName.equal_range(*fileName);
+        std::for_each(from, to, [](const auto& entry) { entry.second->FreeThumbnail(); });
+    }
+    LoadedThumbnails.erase(first, end);
+    Busy = false;
+}
+
+void TMuWallpaperList::FreeAllThumbnails()
+{
+    for (const auto& item : m_items)
+        item->FreeThumbnail();
+    LoadedThumbnails.clear();
+}
+
+void TMuWallpaperList::Sort(int column, bool ascending, const TCompare& compare)
+{
+    std::vector<TSortKey> keys;
+    keys.reserve(m_items.size());
+    for (const auto& item : m_items)
+        keys.push_back(SortKey(column, *item));
+    const auto precedes = [&](std::size_t a, std::size_t b) {
+        int order = compare(keys[a].First, keys[b].First);
+        if (order == 0)
+            order = compare(keys[a].Second, keys[b].Second);
+        return ascending ? order < 0 : order > 0;
+    };
+    std::vector<std::size_t> order(m_items.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::ranges::stable_sort(order, precedes);
+    std::vector<std::unique_ptr<TMuWallpaper>> sorted;
+    sorted.reserve(m_items.size());
+    for (std::size_t index : order)
+        sorted.push_back(std::move(m_items[index]));
+    m_items = std::move(sorted);
+}
+
+void TMuWallpaperList::SaveToFile(const std::string& path) const
+{
+    std::string content;
+    for (const auto& item : m_items)
+        content.append(item->SaveToLine()).append(LineEnd);
+    ReplaceWholeFile(path, content, TFlush::ToDisk);
+}
+
+void TMuWallpaperList::LoadFromFile(const std::string& path)
+{
+    Clear();
+    if (!FileExists(path))
+        return;
+    const std::string content = ReadWholeFile(path);
+    std::string_view rest = content;
+    if (rest.starts_with(ByteOrderMark))
+        rest.remove_prefix(ByteOrderMark.size());
+    while (!rest.empty()) {
+        const std::string_view before(content.data(), content.size() - rest.size());
+        try {
+            auto item = std::make_unique<TMuWallpaper>();
+            item->LoadFromLine(TakeListLine(rest));
+            Add(std::move(item));
+        } catch (const EConvertError& error) {
+            const int line = static_cast<int>(SplitLines(before).size()) + 1;
+            throw EListLineError(
+                line, FormatText("Line %d of %s: %s", {std::to_string(line), path, error.what()}));
+        }
+    }
+}
+
+} // namespace murala

@@ -40,6 +40,9 @@ public:
     virtual void WallpaperChanged() = 0;
 
     virtual bool IsWindowVisible() = 0;
+    // Disabled, the window takes no input.
+    virtual void EnableWindow(bool enable) = 0;
+    virtual void MinimiseWindow() = 0;
     virtual TPlacement NormalPlacement() = 0;
 };
 

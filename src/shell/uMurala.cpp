@@ -9,7 +9,11 @@
 namespace murala
 {
 
-TMurala::TMurala(const TServices& services, TMainView& view) : m_services(services), m_view(view) {}
+TMurala::TMurala(const TServices& services, TMainView& view)
+    : m_services(services), m_view(view),
+      m_effects(services.ProgramFolder, services.Launcher, services.Siblings, services.MessageLoop)
+{
+}
 
 std::string TMurala::FilePath(std::string_view name) const
 {
@@ -32,6 +36,7 @@ void TMurala::LoadSettings(const TPlacement& placement)
     } catch (const EFileError&) {
         // Thumbnails are then made without being kept; nothing is lost.
     }
+    LoadStartup();
 }
 
 void TMurala::LoadList()
@@ -49,7 +54,8 @@ void TMurala::LoadList()
                                       {error.what(), std::to_string(List.Count())}));
     }
     try {
-        m_current = LoadCurrentWallpaper(TIniFile::Load(FilePath(SettingsFileName)), List, 0);
+        m_current = LoadCurrentWallpaper(TIniFile::Load(FilePath(SettingsFileName)), List,
+                                         m_services.Siblings.GetVeyraDesktop());
     } catch (const EFileError&) {
         m_current = List.Count() > 0 ? 0 : -1;
     }
@@ -95,7 +101,8 @@ void TMurala::SaveSettings(TSaveFlags parts)
     Settings.WindowState = m_view.IsWindowVisible();
     Settings.Placement = m_view.NormalPlacement();
     const bool hasCurrent = m_current >= 0 && m_current < List.Count();
-    const TListState list{List.Count(), hasCurrent ? List.Item(m_current).FileName : "", 0};
+    const TListState list{List.Count(), hasCurrent ? List.Item(m_current).FileName : "",
+                          m_services.Siblings.GetVeyraDesktop()};
     try {
         // The file is read again each time: what the user wrote into it meanwhile stays.
         TIniFile file = TIniFile::Load(FilePath(SettingsFileName));

@@ -2,11 +2,11 @@
 // actions obey. Windows are seen only through TMainView.
 #pragma once
 
-#include "uApply.h"
-#include "uClock.h"
 #include "uCompose.h"
-#include "uLocale.h"
+#include "uEffects.h"
 #include "uMainView.h"
+#include "uSchedule.h"
+#include "uServices.h"
 #include "uSettings.h"
 #include "uSourcePicture.h"
 #include "uWallpaper.h"
@@ -17,14 +17,6 @@
 
 namespace murala
 {
-
-// What the program runs on; everything outlives TMurala.
-struct TServices {
-    TDesktop& Desktop;
-    TLocale& Locale;
-    TClock& Clock;
-    std::string ProgramFolder; // with its trailing divider
-};
 
 // Which end of a tint is meant, and which of its channels.
 enum class TTintEnd { Start, End };
@@ -85,14 +77,38 @@ public:
     // Changes the item; the list is saved by SaveList when the user lets the slider go.
     void SetTint(TTintEnd end, TTintChannel channel, int value);
     void SetDesktopColor(TColor color);
+    void ToggleTransparentIcons();
+    void SetEffect(const std::string& effect);
 
     // --- the desktop ---------------------------------------------------------------------------
     void ApplySelected();
     // Composes and installs the current item. Whether it is on the desktop now.
     bool ComposeWallpaper(bool startEffect, TReport report = TReport::MessageBox);
-    void Next(TReport report = TReport::MessageBox);
+    // Fewer than two wallpapers: nothing. Whether the next one is on the desktop now.
+    bool Next(TReport report = TReport::MessageBox);
     void Previous();
+    // Starts the settings of the selected item's effect, on the desktop where it has to be.
+    void RunEffectSettings();
+    std::vector<std::string> ListEffects() const { return m_effects.ListEffects(); }
+    // The icons' labels as the current wallpaper wants them; the shell forgets it now and then.
+    void RefreshTick();
     TSize ScreenSize() const { return m_services.Desktop.ScreenSize(); }
+
+    // --- the schedule --------------------------------------------------------------------------
+    void SetSchedule(const TScheduleSettings& schedule);
+    void ScheduleTick();
+
+    // --- start with the session ----------------------------------------------------------------
+    bool StartAtStartup() const { return m_startAtStartup; }
+    void SetStartAtStartup(bool start);
+    void SetApplyOnStartup(bool apply);
+    void SetNextOnStartup(bool next);
+
+    // --- other programs ------------------------------------------------------------------------
+    // Takes in the files that other copies have queued.
+    void ImportQueuedFiles();
+    void OpenSelected(TShellVerb verb);
+    void OpenDisplayProperties() { m_services.Launcher.OpenDisplayProperties(); }
 
     // --- the preview ---------------------------------------------------------------------------
     // Loads the selected item's picture; an empty text when that worked, else what to show instead.
@@ -106,19 +122,26 @@ private:
     std::string FilePath(std::string_view name) const;
     void ComposeItem(TMuWallpaper& item);
     void ApplyItemColor(TColor color);
+    void ApplyLabels(const TMuWallpaper& item);
+    void ApplyEffect(const TMuWallpaper& item, bool startEffect, TReport report);
+    void ReportEffect(TEffectStart start, const std::string& effect, TReport report);
     void ReportProblem(TReport report, const std::string& text);
-    void ApplyRow(int row, TReport report);
-    bool LimitDisplayMode(TMuWallpaper& item);
+    bool ApplyRow(int row, TReport report);
     void ItemEdited();
+    void LoadStartup();
+    std::string StartupCommand() const;
 
     TServices m_services;
     TMainView& m_view;
+    TEffects m_effects;
     TSourcePicture m_source;
     int m_current = -1;
     int m_sortColumn = -1;
     bool m_sortAscending = true;
     bool m_isListUnreadable = false;
-    bool m_isSettingDesktopColor = false;
+    bool m_isComposing = false;
+    bool m_startAtStartup = false;
+    int m_failedChanges = 0; // of the schedule, one after the other
     std::string m_lastSaveProblem;
 };
 

@@ -1,9 +1,7 @@
-// The part of TMurala that works on pictures: the selected item's settings, the preview, the desktop.
+// The part of TMurala that works on the selected item: its settings and its preview.
 
 #include "uMurala.h"
 
-#include "uPath.h"
-#include "uSafeFile.h"
 #include "uText.h"
 
 #include <new>
@@ -89,92 +87,26 @@ void TMurala::SetDesktopColor(TColor color)
     ItemEdited();
 }
 
-// --- the desktop --------------------------------------------------------------------------------
-
-void TMurala::ApplyItemColor(TColor color)
+void TMurala::ToggleTransparentIcons()
 {
-    // Setting the colour makes the system tell every window, this program's too.
-    m_isSettingDesktopColor = true;
-    ApplyDesktopColor(m_services.Desktop, color);
-    m_isSettingDesktopColor = false;
-}
-
-void TMurala::ReportProblem(TReport report, const std::string& text)
-{
-    if (report == TReport::MessageBox)
-        m_view.ShowMessage(text);
-    else
-        m_view.SetStatus(text);
-}
-
-void TMurala::ApplySelected()
-{
-    if (const int row = m_view.SelectedRow(); row >= 0) {
-        m_current = row;
-        ComposeWallpaper(true);
-    }
-}
-
-bool TMurala::ComposeWallpaper([[maybe_unused]] bool startEffect, TReport report)
-{
-    if (m_current < 0 || m_current >= List.Count())
-        return false;
-    const TBusyScope busy(m_view);
-    bool done = false;
-    try {
-        TMuWallpaper& item = List.Item(m_current);
-        ComposeItem(item);
-        done = true;
-    } catch (const std::bad_alloc&) {
-        ReportProblem(report, "There is not enough memory for this wallpaper.");
-    } catch (const std::runtime_error& error) {
-        ReportProblem(report, error.what());
-    }
-    if (!m_view.IsWindowVisible())
-        ReleasePreview();
-    return done;
-}
-
-void TMurala::ComposeItem(TMuWallpaper& item)
-{
-    TDesktop& desktop = m_services.Desktop;
-    const auto source = m_source.Open(item.FileName);
-    if (item.DisplayMode <= dmFitVertically)
-        WriteTileWallpaper(desktop, 1);
-    const TBitmap picture = ComposePicture(*source, item, ScreenSize(), {});
-    const std::string path = SaveWallpaper(picture, FilePath(WallpaperBitmapName(0)));
-    const bool isInstalled = desktop.SetWallpaperFile(path);
-    ApplyItemColor(item.DesktopColor);
-    Settings.LastChangeDate = Settings.CalendarDate = m_services.Clock.Now();
-    SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
-    m_view.WallpaperChanged();
-    if (!isInstalled)
-        m_view.SetStatus("The desktop did not take the wallpaper.");
-}
-
-void TMurala::ApplyRow(int row, TReport report)
-{
-    m_current = row;
-    ReleasePreview();
-    m_view.SelectRow(row);
-    ComposeWallpaper(true, report);
-}
-
-void TMurala::Next(TReport report)
-{
-    if (List.Count() < 2)
+    TMuWallpaper* item = SelectedItem();
+    if (item == nullptr || Updating)
         return;
-    const int selected = m_view.SelectedRow();
-    ApplyRow(((selected >= 0 ? selected : m_current) + 1) % List.Count(), report);
+    item->TransparentIcons = !item->TransparentIcons;
+    m_view.ItemChanged();
+    SaveList();
+    if (IsCurrentSelected())
+        ApplyLabels(*item);
 }
 
-void TMurala::Previous()
+void TMurala::SetEffect(const std::string& effect)
 {
-    if (List.Count() == 0)
+    TMuWallpaper* item = SelectedItem();
+    if (item == nullptr || item->Effect == effect)
         return;
-    const int selected = m_view.SelectedRow();
-    const int row = (selected >= 0 ? selected : m_current) - 1;
-    ApplyRow(row < 0 ? List.Count() - 1 : row, TReport::MessageBox);
+    item->Effect = effect;
+    m_view.ItemChanged();
+    SaveList();
 }
 
 // --- the preview --------------------------------------------------------------------------------

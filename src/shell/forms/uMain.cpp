@@ -1,15 +1,17 @@
 #include "uMain.h"
 
 #include "uPath.h"
-#include "uProgramFolder.h"
+#include "uProgramEntry.h"
+#include "uProgress.h"
+#include "uShellIntegration.h"
 #include "uText.h"
+#include "uWallpaperSchedule.h"
 
 #include "../resources/murala.xpm"
 
 #include <wx/aboutdlg.h>
 #include <wx/colordlg.h>
 #include <wx/display.h>
-#include <wx/dnd.h>
 #include <wx/filedlg.h>
 #include <wx/wupdlock.h>
 
@@ -23,7 +25,9 @@ constexpr const char* PictureFilter =
     "All (*.jpg;*.jpeg;*.bmp)|*.jpg;*.jpeg;*.bmp|JPEG Image File (*.jpg)|*.jpg|"
     "JPEG Image File (*.jpeg)|*.jpeg|Bitmaps (*.bmp)|*.bmp";
 
-constexpr int SettleTime = 500; // ms until a selection or a changed setting is shown
+// Milliseconds.
+constexpr int SettleTime = 500; // until a selection or a changed setting is shown
+constexpr int ScheduleInterval = 1000, RefreshInterval = 5000;
 
 // Preview panel width and preview height in DIPs, by the setting PreviewSize.
 constexpr std::pair<int, int> PreviewSizes[] = {{140, 98}, {310, 226}, {620, 458}};
@@ -36,28 +40,6 @@ constexpr TColumn Columns[] = {{"Title", 160}, {"Filename", 158}, {"Path", 158},
 
 constexpr int DesignWidth = 650, DesignHeight = 492;
 
-// Files dropped on the window from a file manager.
-class TPictureDrop : public wxFileDropTarget
-{
-public:
-    using TTake = std::function<void(const std::vector<std::string>&)>;
-    explicit TPictureDrop(TTake take) : m_take(std::move(take)) {}
-
-    bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override
-    {
-        std::vector<std::string> pictures;
-        for (const wxString& file : files)
-            if (HasPictureExtension(file.utf8_string()))
-                pictures.push_back(file.utf8_string());
-        if (!pictures.empty())
-            m_take(pictures);
-        return !pictures.empty();
-    }
-
-private:
-    TTake m_take;
-};
-
 TPlacement DefaultPlacement(const wxFrame& frame)
 {
     const wxSize screen = wxGetDisplaySize();
@@ -69,8 +51,8 @@ TPlacement DefaultPlacement(const wxFrame& frame)
 } // namespace
 
 TfMain::TfMain(const TServices& services)
-    : m_murala(services, *this), m_binder(*this, alMain),
-      m_samplesFolder(JoinPath(FolderPart(ProgramFile()), WithTrailingDivider("samples")))
+    : m_murala(services, *this), m_binder(*this, alMain), m_services(services),
+      m_samplesFolder(JoinPath(FolderPart(services.ProgramFile), "samples"))
 {
     wxFrame::Create(nullptr, wxID_ANY, "Murala", wxDefaultPosition, wxDefaultSize,
                     wxDEFAULT_FRAME_STYLE, "TfMain");
@@ -78,13 +60,16 @@ TfMain::TfMain(const TServices& services)
     BindWallpaperActions();
     BindDisplayModeActions();
     BindWindowActions();
+    BindSystemActions();
     BuildMenuBar();
     BuildClient();
     SetSize(FromDIP(wxSize(DesignWidth, DesignHeight)));
     CentreOnScreen();
     BindEvents();
+    auto* fProgress = new TfProgress(nullptr, "Starting Up...");
     m_murala.LoadSettings(DefaultPlacement(*this));
     m_murala.LoadList();
+    fProgress->Destroy();
 }
 
 TfMain::~TfMain() = default;
@@ -149,6 +134,38 @@ void TfMain::BindWindowActions()
     }
     alMain["aExit"].OnExecute = [this] { Close(); };
     alMain["aAbout"].OnExecute = [this] { aAboutExecute(); };
+}
+
+void TfMain::BindSystemActions()
+{
+    const auto hasSelection = [this] { return m_murala.SelectedItem() != nullptr; };
+    TAction& transparent = alMain["aTransparentIcons"];
+    transparent.OnExecute = [this] { m_murala.ToggleTransparentIcons(); };
+    transparent.OnEnabled = hasSelection;
+    transparent.OnChecked = [this] {
+        const TMuWallpaper* item = m_murala.SelectedItem();
+        return item != nullptr && item->TransparentIcons;
+    };
+    alMain["aShellOpen"].OnExecute = [this] { m_murala.OpenSelected(TShellVerb::Open); };
+    alMain["aShellOpen"].OnEnabled = hasSelection;
+    alMain["aShellEdit"].OnExecute = [this] { m_murala.OpenSelected(TShellVerb::Edit); };
+    alMain["aShellEdit"].OnEnabled = hasSelection;
+    alMain["aDisplayProperties"].OnExecute = [this] { m_murala.OpenDisplayProperties(); };
+    alMain["aSchedule"].OnExecute = [this] { aScheduleExecute(); };
+
+    TAction& start = alMain["aStartAtStartup"];
+    start.OnExecute = [this] { m_murala.SetStartAtStartup(!m_murala.StartAtStartup()); };
+    start.OnChecked = [this] { return m_murala.StartAtStartup(); };
+    TAction& apply = alMain["aApplyOnStartup"];
+    apply.OnExecute = [this] { m_murala.SetApplyOnStartup(!m_murala.Settings.ApplyOnStartup); };
+    apply.OnChecked = [this] { return m_murala.Settings.ApplyOnStartup; };
+    apply.OnEnabled = [this] { return m_murala.StartAtStartup(); };
+    TAction& next = alMain["aNextOnStartup"];
+    next.OnExecute = [this] { m_murala.SetNextOnStartup(!m_murala.Settings.NextOnStartup); };
+    next.OnChecked = [this] { return m_murala.Settings.NextOnStartup; };
+    next.OnEnabled = [this] {
+        return m_murala.StartAtStartup() && m_murala.Settings.ApplyOnStartup;
+    };
 }
 
 void TfMain::BuildMenuBar()
@@ -226,6 +243,7 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
     };
     addPage(new TDesktopPage(pcEffect, m_murala, m_binder, alMain), "&Desktop");
     addPage(new TTintPage(pcEffect, m_murala), "&Tint");
+    addPage(new TEffectPage(pcEffect, m_murala), "&Effect");
     spHorizontal->SplitHorizontally(iPreview, pcEffect);
     return spHorizontal;
 }
@@ -283,24 +301,54 @@ void TfMain::BindEvents()
         event.Skip();
         TrackPlacement();
     });
-    SetDropTarget(new TPictureDrop(
-        [this](const std::vector<std::string>& files) { m_murala.AddFiles(files); }));
+    tSchedule.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { tScheduleTimer(); });
+    tRefreshIcons.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { m_murala.RefreshTick(); });
+    Bind(wxEVT_DROP_FILES, &TfMain::FormDropFiles, this);
 }
 
 // --- activation and close -------------------------------------------------------------------------
 
-void TfMain::Activate()
+void TfMain::Activate(const std::vector<std::string>& arguments, TInstanceLink& link)
 {
+    link.Listen(nullptr, [this] { WakeUp(); });
+    link.Unlock();
+    m_murala.LoadSettings(DefaultPlacement(*this));
+    const bool wasVisible = m_murala.Settings.WindowState;
     Place(m_murala.Settings.Placement);
-    Show();
-    if (!m_murala.Settings.WindowState)
+    lvWallpaper->SelectOnly(m_murala.CurrentIndex());
+    if (IsApplyStart(arguments)) {
+        if (m_murala.Settings.NextOnStartup)
+            m_murala.Next(TReport::StatusLine);
+        else
+            m_murala.ComposeWallpaper(true, TReport::StatusLine);
+    }
+    if (!wasVisible)
         Iconize();
+    Show();
     SetPreviewSize(m_murala.Settings.PreviewSize);
     m_murala.Updating = false;
-    SelectRow(m_murala.CurrentIndex());
     lvWallpaper->SetFocus();
     lvWallpaperSelect();
     UpdateListHint();
+    if (IsApplyStart(arguments))
+        m_murala.SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
+    DragAcceptFiles(true);
+    tRefreshIcons.Start(RefreshInterval);
+    tScheduleTimer();
+    if (!arguments.empty()) {
+        QueueFilesFromCommandLine(m_services.Registry, arguments);
+        m_murala.ImportQueuedFiles();
+    }
+}
+
+// Another copy was started: it has left its files and wants this one to be seen.
+void TfMain::WakeUp()
+{
+    m_murala.ImportQueuedFiles();
+    if (IsIconized())
+        Iconize(false);
+    Show();
+    Raise();
 }
 
 void TfMain::Place(const TPlacement& placement)
@@ -327,6 +375,8 @@ void TfMain::FormClose(wxCloseEvent& event)
 {
     tSelectItem.Stop();
     tPreviewUpdate.Stop();
+    tSchedule.Stop();
+    tRefreshIcons.Stop();
     m_murala.Close();
     event.Skip();
 }
@@ -376,6 +426,15 @@ void TfMain::aAboutExecute()
     info.SetCopyright("(C) 2026 The Murala developers");
     info.SetIcon(wxICON(murala));
     wxAboutBox(info, this);
+}
+
+void TfMain::aScheduleExecute()
+{
+    TfSchedule dialog(this, ScheduleOf(m_murala.Settings), m_murala.Settings.LastChangeDate);
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    m_murala.SetSchedule(dialog.Schedule());
+    tScheduleTimer();
 }
 
 void TfMain::SetPreviewSize(int size)
@@ -450,6 +509,25 @@ void TfMain::tPreviewUpdateTimer()
     const TBitmap picture = m_murala.PreviewPicture(iPreview->PictureWidth(m_murala.ScreenSize()));
     if (picture.Width() > 0)
         iPreview->ShowPicture(picture);
+}
+
+// Restarted after each tick, so that a slow change is never entered again.
+void TfMain::tScheduleTimer()
+{
+    tSchedule.Stop();
+    m_murala.ScheduleTick();
+    if (m_murala.Settings.UseSchedule)
+        tSchedule.StartOnce(ScheduleInterval);
+}
+
+void TfMain::FormDropFiles(wxDropFilesEvent& event)
+{
+    std::vector<std::string> pictures;
+    for (int i = 0; i < event.GetNumberOfFiles(); ++i)
+        if (std::string file = event.GetFiles()[i].utf8_string(); HasPictureExtension(file))
+            pictures.push_back(std::move(file));
+    if (!pictures.empty())
+        m_murala.AddFiles(pictures);
 }
 
 std::string TfMain::CellText(int row, int column) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "uActionBinder.h"
+#include "uInstanceLink.h"
 #include "uListView.h"
 #include "uMurala.h"
 #include "uPreviewPanel.h"
@@ -24,8 +25,9 @@ public:
     explicit TfMain(const TServices& services);
     ~TfMain() override;
 
-    // Shows the window where it stood at the last end, and lets changes be saved from now on.
-    void Activate();
+    // The first activation: answers other copies from now on, applies a wallpaper when the arguments
+    // say so, shows the window where it stood at the last end, and takes in the arguments' files.
+    void Activate(const std::vector<std::string>& arguments, TInstanceLink& link);
 
     TMurala& Murala() { return m_murala; }
     TActionList& Actions() { return alMain; }
@@ -35,6 +37,7 @@ private:
     void BindWallpaperActions();
     void BindDisplayModeActions();
     void BindWindowActions();
+    void BindSystemActions();
     void BuildMenuBar();
     void BuildClient();
     wxWindow* BuildListPanel(wxWindow* parent);
@@ -46,6 +49,7 @@ private:
     void aAddExecute();
     void aDesktopColorExecute();
     void aAboutExecute();
+    void aScheduleExecute();
     void SetPreviewSize(int size);
 
     // --- events ---
@@ -55,6 +59,9 @@ private:
     void lvWallpaperSelect();
     void tSelectItemTimer();
     void tPreviewUpdateTimer();
+    void tScheduleTimer();
+    void FormDropFiles(wxDropFilesEvent& event);
+    void WakeUp();
     void FormClose(wxCloseEvent& event);
     void TrackPlacement();
 
@@ -76,11 +83,14 @@ private:
     void PreviewChanged(bool loadPicture) override;
     void WallpaperChanged() override;
     bool IsWindowVisible() override;
+    void EnableWindow(bool enable) override { Enable(enable); }
+    void MinimiseWindow() override { Iconize(); }
     TPlacement NormalPlacement() override { return m_placement; }
 
     TMurala m_murala;
     TActionList alMain;
     TActionBinder m_binder;
+    TServices m_services;
     std::string m_samplesFolder;
 
     wxSplitterWindow* spVertical = nullptr;
@@ -92,7 +102,7 @@ private:
     std::vector<TSettingsPage*> m_pages;
     wxGauge* pbMain = nullptr;
     wxStaticText* pStatusText = nullptr;
-    wxTimer tSelectItem, tPreviewUpdate;
+    wxTimer tSelectItem, tPreviewUpdate, tSchedule, tRefreshIcons;
     TPlacement m_placement;
     std::optional<wxBusyCursor> m_busyCursor;
     int m_busyDepth = 0;

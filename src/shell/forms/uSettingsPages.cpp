@@ -191,4 +191,39 @@ void TTintPage::EnableGroups(const TMuWallpaper* item)
     m_end.Box->Enable(item != nullptr && item->GammaStyle > gsSolid);
 }
 
+// --- TEffectPage ----------------------------------------------------------------------------------
+
+TEffectPage::TEffectPage(wxWindow* parent, TMurala& murala)
+    : TSettingsPage(parent, "tsEffect"), m_murala(murala)
+{
+    wxArrayString effects;
+    effects.Add(ToWx(NoEffect));
+    for (const std::string& effect : m_murala.ListEffects())
+        effects.Add(ToWx(effect));
+    m_effect = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, effects, 0,
+                            wxDefaultValidator, "cbEffect");
+    m_settings = new wxButton(this, wxID_ANY, "Settings", wxDefaultPosition, wxDefaultSize, 0,
+                              wxDefaultValidator, "mulSettings");
+    m_effect->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) {
+        m_murala.SetEffect(m_effect->GetStringSelection().utf8_string());
+        m_settings->Enable(m_effect->GetSelection() > 0);
+    });
+    m_settings->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { m_murala.RunEffectSettings(); });
+    auto* content = new wxBoxSizer(wxVERTICAL);
+    content->Add(m_effect, wxSizerFlags().Expand());
+    content->Add(m_settings, wxSizerFlags().DoubleBorder(wxTOP));
+    Finish(content);
+}
+
+void TEffectPage::ShowItem(const TMuWallpaper* item)
+{
+    const std::string effect =
+        item == nullptr || IsNoEffect(item->Effect) ? std::string(NoEffect) : item->Effect;
+    // An effect that was uninstalled stays the item's until the user chooses another.
+    if (!m_effect->SetStringSelection(ToWx(effect)))
+        m_effect->SetSelection(m_effect->Append(ToWx(effect)));
+    m_effect->Enable(item != nullptr);
+    m_settings->Enable(item != nullptr && m_effect->GetSelection() > 0);
+}
+
 } // namespace murala

@@ -66,4 +66,17 @@ private:
     TTintGroup m_start, m_end;
 };
 
+// tsEffect: the program that is started on the wallpaper.
+class TEffectPage : public TSettingsPage
+{
+public:
+    TEffectPage(wxWindow* parent, TMurala& murala);
+    void ShowItem(const TMuWallpaper* item) override;
+
+private:
+    TMurala& m_murala;
+    wxChoice* m_effect;
+    wxButton* m_settings;
+};
+
 } // namespace murala

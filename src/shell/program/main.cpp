@@ -1,5 +1,5 @@
 #include "uMain.h"
-#include "uProgramFolder.h"
+#include "uProgramEntry.h"
 
 #include <wx/app.h>
 
@@ -13,19 +13,21 @@ public:
     {
         SetAppName("Murala");
         SetClassName("murala");
-        const std::string folder = ProgramFolder();
-        m_desktop = NewDesktop(folder);
-        m_locale = NewLocale();
-        m_clock = NewClock();
-        auto* fMain = new TfMain({*m_desktop, *m_locale, *m_clock, folder});
-        fMain->Activate();
+        std::vector<std::string> arguments;
+        for (int i = 1; i < argc; ++i)
+            arguments.push_back(wxString(argv[i]).utf8_string());
+        m_services = std::make_unique<THomeServices>();
+        m_link = NewInstanceLink();
+        if (EnterProgram(arguments, m_services->Registry(), *m_link) == TEntry::End)
+            return false;
+        auto* fMain = new TfMain(m_services->Services());
+        fMain->Activate(arguments, *m_link);
         return true;
     }
 
 private:
-    std::unique_ptr<TDesktop> m_desktop;
-    std::unique_ptr<TLocale> m_locale;
-    std::unique_ptr<TClock> m_clock;
+    std::unique_ptr<THomeServices> m_services;
+    std::unique_ptr<TInstanceLink> m_link;
 };
 
 } // namespace murala

@@ -1,0 +1,244 @@
+// The part of TMurala that reaches out of the program: the desktop, the schedule, other programs.
+
+#include "uMurala.h"
+
+#include "uApply.h"
+#include "uIconView.h"
+#include "uPath.h"
+#include "uSafeFile.h"
+#include "uShellIntegration.h"
+#include "uText.h"
+
+#include <new>
+
+namespace murala
+{
+
+// --- applying -------------------------------------------------------------------------------------
+
+void TMurala::ReportProblem(TReport report, const std::string& text)
+{
+    if (report == TReport::MessageBox)
+        m_view.ShowMessage(text);
+    else
+        m_view.SetStatus(text);
+}
+
+void TMurala::ApplySelected()
+{
+    if (const int row = m_view.SelectedRow(); row >= 0) {
+        m_current = row;
+        ComposeWallpaper(true);
+    }
+}
+
+bool TMurala::ComposeWallpaper(bool startEffect, TReport report)
+{
+    // Starting an effect lets messages through; one of them could ask for the next wallpaper.
+    if (m_isComposing || m_current < 0 || m_current >= List.Count())
+        return false;
+    m_isComposing = true;
+    bool done = false;
+    {
+        const TBusyScope busy(m_view);
+        try {
+            ComposeItem(List.Item(m_current));
+            done = true;
+            ApplyEffect(List.Item(m_current), startEffect, report);
+        } catch (const std::bad_alloc&) {
+            ReportProblem(report, "There is not enough memory for this wallpaper.");
+        } catch (const std::runtime_error& error) {
+            ReportProblem(report, error.what());
+        }
+    }
+    if (!m_view.IsWindowVisible())
+        ReleasePreview();
+    m_services.Siblings.NotifyVeyraWallpaperChange();
+    m_isComposing = false;
+    return done;
+}
+
+void TMurala::ComposeItem(TMuWallpaper& item)
+{
+    TDesktop& desktop = m_services.Desktop;
+    const auto source = m_source.Open(item.FileName);
+    if (item.DisplayMode <= dmFitVertically)
+        WriteTileWallpaper(desktop, 1);
+    const TBitmap picture = ComposePicture(*source, item, ScreenSize(), {});
+    const int virtualDesktop = m_services.Siblings.GetVeyraDesktop();
+    const std::string path = SaveWallpaper(picture, FilePath(WallpaperBitmapName(virtualDesktop)));
+    if (!desktop.SetWallpaperFile(path))
+        m_view.SetStatus("The desktop did not take the wallpaper.");
+    ApplyItemColor(item.DesktopColor);
+    ApplyLabels(item);
+    Settings.LastChangeDate = Settings.CalendarDate = m_services.Clock.Now();
+    SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
+    m_view.WallpaperChanged();
+}
+
+void TMurala::ApplyItemColor(TColor color) { ApplyDesktopColor(m_services.Desktop, color); }
+
+void TMurala::ApplyLabels(const TMuWallpaper& item)
+{
+    if (item.TransparentIcons)
+        SetIconsTransparent(m_services.ShellWindows);
+    else
+        SetIconsOpaque(m_services.ShellWindows, m_services.Desktop);
+}
+
+bool TMurala::ApplyRow(int row, TReport report)
+{
+    m_current = row;
+    ReleasePreview();
+    m_view.SelectRow(row);
+    return ComposeWallpaper(true, report);
+}
+
+bool TMurala::Next(TReport report)
+{
+    if (List.Count() < 2 || m_isComposing)
+        return false;
+    const int selected = m_view.SelectedRow();
+    return ApplyRow(((selected >= 0 ? selected : m_current) + 1) % List.Count(), report);
+}
+
+void TMurala::Previous()
+{
+    if (List.Count() == 0 || m_isComposing)
+        return;
+    const int selected = m_view.SelectedRow();
+    const int row = (selected >= 0 ? selected : m_current) - 1;
+    ApplyRow(row < 0 ? List.Count() - 1 : row, TReport::MessageBox);
+}
+
+// --- effects --------------------------------------------------------------------------------------
+
+void TMurala::ApplyEffect(const TMuWallpaper& item, bool startEffect, TReport report)
+{
+    if (IsNoEffect(item.Effect)) {
+        if (IsCurrentSelected())
+            m_effects.CloseRovane();
+        return;
+    }
+    if (!startEffect)
+        return;
+    m_view.EnableWindow(false);
+    const TEffectStart start = m_effects.RunEffect(item.Effect, item.FileName);
+    m_view.EnableWindow(true);
+    ReportEffect(start, item.Effect, report);
+}
+
+void TMurala::ReportEffect(TEffectStart start, const std::string& effect, TReport report)
+{
+    if (start == TEffectStart::NotLaunched)
+        ReportProblem(report, FormatText(EffectNotLaunchedText, {effect}));
+    else if (start == TEffectStart::RovaneRunning)
+        ReportProblem(report, std::string(RovaneRunningText));
+}
+
+void TMurala::RunEffectSettings()
+{
+    const TMuWallpaper* item = SelectedItem();
+    if (item == nullptr || IsNoEffect(item->Effect))
+        return;
+    if (!IsCurrentSelected()) {
+        m_current = m_view.SelectedRow();
+        ComposeWallpaper(false);
+    }
+    m_view.MinimiseWindow();
+    m_view.EnableWindow(false);
+    const TEffectStart start = m_effects.RunEffectSettings(item->Effect, item->FileName);
+    m_view.EnableWindow(true);
+    ReportEffect(start, item->Effect, TReport::MessageBox);
+}
+
+// --- timers ---------------------------------------------------------------------------------------
+
+void TMurala::RefreshTick()
+{
+    if (m_services.ScreenSaver.IsRunning())
+        return;
+    if (Settings.RefreshIcons && m_current >= 0 && m_current < List.Count() &&
+        List.Item(m_current).TransparentIcons)
+        SetIconsTransparent(m_services.ShellWindows);
+}
+
+void TMurala::SetSchedule(const TScheduleSettings& schedule)
+{
+    SetScheduleOf(Settings, schedule);
+    Settings.LastChangeDate = m_services.Clock.Now();
+    SaveSettings(AllSaveFlags);
+}
+
+void TMurala::ScheduleTick()
+{
+    if (Updating || !Settings.UseSchedule || m_services.ScreenSaver.IsRunning())
+        return;
+    const TDateTime now = m_services.Clock.Now();
+    Settings.LastChangeDate = LastChangeBefore(Settings.LastChangeDate, now);
+    if (List.Count() < 2 || !IsChangeDue(ScheduleOf(Settings), Settings.LastChangeDate, now))
+        return;
+    if (Next(TReport::StatusLine)) {
+        m_failedChanges = 0;
+    } else if (++m_failedChanges >= List.Count()) {
+        // Not one of the pictures can be shown: try again when the next change is due.
+        m_failedChanges = 0;
+        Settings.LastChangeDate = now;
+    }
+}
+
+// --- start with the session -----------------------------------------------------------------------
+
+std::string TMurala::StartupCommand() const
+{
+    return Settings.ApplyOnStartup ? m_services.ProgramFile + " /apply" : m_services.ProgramFile;
+}
+
+void TMurala::LoadStartup()
+{
+    // Rewriting the command of an existing entry keeps it right when the program was moved.
+    SetStartAtStartup(RunValueExists(m_services.Registry, ApplicationTitle));
+}
+
+void TMurala::SetStartAtStartup(bool start)
+{
+    m_startAtStartup = start;
+    if (start)
+        SetRunValue(m_services.Registry, ApplicationTitle, StartupCommand());
+    else
+        DeleteRunValue(m_services.Registry, ApplicationTitle);
+}
+
+void TMurala::SetApplyOnStartup(bool apply)
+{
+    Settings.ApplyOnStartup = apply;
+    if (m_startAtStartup)
+        SetRunValue(m_services.Registry, ApplicationTitle, StartupCommand());
+    SaveSettings(TSaveFlags().set(sfApplyOnStartup));
+}
+
+void TMurala::SetNextOnStartup(bool next)
+{
+    Settings.NextOnStartup = next;
+    SaveSettings(TSaveFlags().set(sfNextOnStartup));
+}
+
+// --- other programs -------------------------------------------------------------------------------
+
+void TMurala::ImportQueuedFiles()
+{
+    m_view.EnableWindow(false);
+    // A copy that starts meanwhile may queue more.
+    for (auto files = TakeQueuedFiles(m_services.Registry); !files.empty();
+         files = TakeQueuedFiles(m_services.Registry))
+        AddFiles(files);
+    m_view.EnableWindow(true);
+}
+
+void TMurala::OpenSelected(TShellVerb verb)
+{
+    if (const TMuWallpaper* item = SelectedItem())
+        m_services.Launcher.ShellExecute(verb, item->FileName, "");
+}
+
+} // namespace murala

@@ -1,0 +1,26 @@
+// What happens between the start of the program file and the main window.
+#pragma once
+
+#include "uInstanceLink.h"
+#include "uRegistry.h"
+
+#include <string>
+#include <vector>
+
+namespace murala
+{
+
+enum class TEntry {
+    Run, // this copy becomes the running one; it holds the start lock until it listens
+    End, // everything is done, or a running copy does it
+};
+
+// `arguments` without the program's own name. The files among them are queued for whichever copy
+// takes them.
+TEntry EnterProgram(const std::vector<std::string>& arguments, TRegistry& registry,
+                    TInstanceLink& link);
+
+// "/apply" as the first argument, in any letter case.
+bool IsApplyStart(const std::vector<std::string>& arguments);
+
+} // namespace murala

@@ -1,0 +1,38 @@
+// When the wallpaper is to be changed by itself.
+#pragma once
+
+#include "uDateTime.h"
+#include "uSettings.h"
+
+#include <string_view>
+
+namespace murala
+{
+
+enum { suWeek, suDay, suHour, suMinute };
+inline constexpr std::string_view ScheduleUnitNames[] = {"Week", "Day", "Hour", "Minute"};
+inline constexpr std::string_view ScheduleUnitPluralNames[] = {"Weeks", "Days", "Hours", "Minutes"};
+inline constexpr std::string_view WeekdayNames[] = {
+    "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday",
+};
+
+// What the user can set.
+struct TScheduleSettings {
+    bool Use = false;
+    int Frequency = 1; // at least 1
+    int Units = suDay;
+    TDateTime At = 0.5; // time of day, for weeks and days
+    int On = 0;         // weekday, for weeks
+};
+
+// Whether a change is due at `now`. Values that no dialog gives are taken for the nearest that it does.
+bool IsChangeDue(const TScheduleSettings& schedule, TDateTime lastChange, TDateTime now);
+
+// The moment that intervals are counted from. A last change in the future (the clock was set back)
+// would stop the schedule until then: it is counted from now.
+TDateTime LastChangeBefore(TDateTime lastChange, TDateTime now);
+
+TScheduleSettings ScheduleOf(const TMuSettings& settings);
+void SetScheduleOf(TMuSettings& settings, const TScheduleSettings& schedule);
+
+} // namespace murala

@@ -1,0 +1,45 @@
+// A folder of a test's own, removed with everything in it.
+#pragma once
+
+#include "uPath.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+
+namespace murala
+{
+
+class TTempFolder
+{
+public:
+    TTempFolder()
+    {
+        const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
+        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+        m_folder = std::filesystem::temp_directory_path() /
+                   NativePath("murala-" + std::string(test->name()) + "-" + std::to_string(ticks));
+        std::filesystem::create_directories(m_folder);
+    }
+    TTempFolder(const TTempFolder&) = delete;
+    TTempFolder& operator=(const TTempFolder&) = delete;
+    ~TTempFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_folder, ignored);
+    }
+
+    std::string Path() const { return PathText(m_folder); }
+    std::string File(std::string_view name) const { return JoinPath(Path(), name); }
+    // How many files and folders lie in it.
+    std::ptrdiff_t Count() const
+    {
+        return std::distance(std::filesystem::directory_iterator(m_folder), {});
+    }
+
+private:
+    std::filesystem::path m_folder;
+};
+
+} // namespace murala

@@ -21,8 +21,8 @@ public:
 
     // Starts what the user's shell has for the verb on the file; a program is run. `parameters` are
     // those of a program: a path in double quotes, and what follows it divided by blanks.
-    virtual TShellResult ShellExecute(TShellVerb verb, const std::string& file,
-                                      const std::string& parameters) = 0;
+    virtual TShellResult Execute(TShellVerb verb, const std::string& file,
+                                 const std::string& parameters) = 0;
 
     // The system's own settings of the wallpaper.
     virtual void OpenDisplayProperties() = 0;
@@ -31,19 +31,19 @@ public:
 inline TShellResult ShellOpen(TLauncher& launcher, const std::string& file,
                               const std::string& parameters = "")
 {
-    return launcher.ShellExecute(TShellVerb::Open, file, parameters);
+    return launcher.Execute(TShellVerb::Open, file, parameters);
 }
 
 inline TShellResult ShellEdit(TLauncher& launcher, const std::string& file,
                               const std::string& parameters = "")
 {
-    return launcher.ShellExecute(TShellVerb::Edit, file, parameters);
+    return launcher.Execute(TShellVerb::Edit, file, parameters);
 }
 
 inline TShellResult ShellExplore(TLauncher& launcher, const std::string& folder,
                                  const std::string& parameters = "")
 {
-    return launcher.ShellExecute(TShellVerb::Explore, folder, parameters);
+    return launcher.Execute(TShellVerb::Explore, folder, parameters);
 }
 
 std::unique_ptr<TLauncher> NewLauncher();

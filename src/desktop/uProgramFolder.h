@@ -14,4 +14,7 @@ std::string ProgramFile();
 // use.
 std::string ProgramFolder();
 
+// Where the program file lies once Murala is installed; fixed when it is built.
+std::string InstalledProgramFile();
+
 } // namespace murala

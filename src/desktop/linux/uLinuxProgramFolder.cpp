@@ -1,26 +1,10 @@
+#include "uFolders.h"
 #include "uPath.h"
 #include "uProgramFolder.h"
 #include "uSettings.h"
 
-#include <cstdlib>
-#include <filesystem>
-
 namespace murala
 {
-
-namespace
-{
-
-std::filesystem::path UserDataFolder()
-{
-    const char* data = std::getenv("XDG_DATA_HOME");
-    if (data != nullptr && data[0] == '/')
-        return data;
-    const char* home = std::getenv("HOME");
-    return std::filesystem::path(home != nullptr ? home : "/") / ".local/share";
-}
-
-} // namespace
 
 std::string ProgramFile()
 {

@@ -17,4 +17,7 @@ struct TBusObject {
 TVariant CallSessionBus(const TBusObject& object, const char* method, GVariant* arguments,
                         const char* answerType = nullptr);
 
+// A short question without arguments to a program that is not started for it.
+TVariant AskRunningProgram(const TBusObject& object, const char* method, const char* answerType);
+
 } // namespace murala

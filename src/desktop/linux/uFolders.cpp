@@ -1,0 +1,56 @@
+#include "uFolders.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace murala
+{
+
+namespace
+{
+
+// A relative path in these variables counts as none.
+std::filesystem::path FolderFrom(const char* variable, const char* belowHome)
+{
+    const char* folder = std::getenv(variable);
+    if (folder != nullptr && folder[0] == '/')
+        return folder;
+    const char* home = std::getenv("HOME");
+    return std::filesystem::path(home != nullptr ? home : "/") / belowHome;
+}
+
+bool IsPrivate(const std::filesystem::path& folder)
+{
+    struct stat info {
+    };
+    return lstat(folder.c_str(), &info) == 0 && S_ISDIR(info.st_mode) && info.st_uid == getuid() &&
+           (info.st_mode & 077U) == 0;
+}
+
+} // namespace
+
+std::filesystem::path UserDataFolder()
+{
+    return FolderFrom("XDG_DATA_HOME", ".local/share");
+}
+
+std::filesystem::path UserConfigFolder()
+{
+    return FolderFrom("XDG_CONFIG_HOME", ".config");
+}
+
+std::filesystem::path RuntimeFolder()
+{
+    const char* runtime = std::getenv("XDG_RUNTIME_DIR");
+    if (runtime != nullptr && runtime[0] == '/' && access(runtime, W_OK | X_OK) == 0)
+        return runtime;
+    const std::filesystem::path folder = "/tmp/murala-" + std::to_string(getuid());
+    if (mkdir(folder.c_str(), 0700) != 0 && !IsPrivate(folder))
+        throw std::filesystem::filesystem_error("not a private folder", folder,
+                                                std::make_error_code(std::errc::permission_denied));
+    return folder;
+}
+
+} // namespace murala

@@ -1,0 +1,41 @@
+#include "uGLib.h"
+#include "uMessageLoop.h"
+
+namespace murala
+{
+
+namespace
+{
+
+constexpr guint LongestWaitMs = 50;
+
+class TLinuxMessageLoop : public TMessageLoop
+{
+public:
+    std::int64_t Milliseconds() override { return g_get_monotonic_time() / 1000; }
+    void Sleep(int milliseconds) override { g_usleep(static_cast<gulong>(milliseconds) * 1000U); }
+
+    // A timer of its own ends the wait.
+    void HandleOneMessage() override
+    {
+        const guint limit = g_timeout_add(
+            LongestWaitMs, [](gpointer) -> gboolean { return TRUE; }, nullptr);
+        g_main_context_iteration(nullptr, TRUE);
+        g_source_remove(limit);
+    }
+
+    void HandlePendingMessages() override
+    {
+        while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
+        }
+    }
+};
+
+} // namespace
+
+std::unique_ptr<TMessageLoop> NewMessageLoop()
+{
+    return std::make_unique<TLinuxMessageLoop>();
+}
+
+} // namespace murala

@@ -1,0 +1,49 @@
+#include "uSiblings.h"
+#include "uText.h"
+#include "uWindowSocket.h"
+
+namespace murala
+{
+
+namespace
+{
+
+// The only window that has to be told from "none".
+constexpr TWindowId RovaneWindow = 1;
+
+class TLinuxSiblings : public TSiblings
+{
+public:
+    int GetVeyraDesktop() override
+    {
+        const std::string tell = std::string(TellDesktopMessage) + ' ';
+        const auto answer = AskWindowSocket(VeyraWindowClass, GetDesktopMessage);
+        if (!answer || !answer->starts_with(tell))
+            return 0;
+        return ParseInteger(std::string_view(*answer).substr(tell.size())).value_or(0);
+    }
+
+    void NotifyVeyraWallpaperChange() override
+    {
+        PostToWindowSocket(VeyraWindowClass, WallpaperChangeMessage);
+    }
+
+    TWindowId FindRovane() override
+    {
+        return WindowSocketExists(RovaneWindowClass) ? RovaneWindow : 0;
+    }
+    bool IsWindow(TWindowId /*window*/) override { return FindRovane() != 0; }
+    void PostClose(TWindowId /*window*/) override
+    {
+        PostToWindowSocket(RovaneWindowClass, "WM_CLOSE");
+    }
+};
+
+} // namespace
+
+std::unique_ptr<TSiblings> NewSiblings()
+{
+    return std::make_unique<TLinuxSiblings>();
+}
+
+} // namespace murala

@@ -1,0 +1,68 @@
+#include "uEffects.h"
+
+#include "uFileSearch.h"
+#include "uPath.h"
+#include "uText.h"
+
+namespace murala
+{
+
+namespace
+{
+constexpr int LaunchPauseMs = 1000;
+}
+
+bool IsNoEffect(std::string_view name)
+{
+    return name.empty() || SameTextAscii(name, NoEffect);
+}
+
+TEffects::TEffects(const std::string& programFolder, TLauncher& launcher, TSiblings& siblings,
+                   TMessageLoop& loop)
+    : m_folder(WithTrailingDivider(JoinPath(programFolder, "Plugins"))), m_launcher(launcher),
+      m_siblings(siblings), m_loop(loop)
+{
+}
+
+std::vector<std::string> TEffects::ListEffects() const
+{
+    return FindPrograms(m_folder);
+}
+
+TEffectStart TEffects::RunEffect(const std::string& name, const std::string& picture)
+{
+    return Run(name, picture, false);
+}
+
+TEffectStart TEffects::RunEffectSettings(const std::string& name, const std::string& picture)
+{
+    return Run(name, picture, true);
+}
+
+TEffectStart TEffects::Run(const std::string& name, const std::string& picture, bool settingsMode)
+{
+    if (SameTextAscii(name, "Rovane") && !CloseRovane())
+        return TEffectStart::RovaneRunning;
+    return LaunchEffect(name, picture, settingsMode) != 0 ? TEffectStart::Done
+                                                          : TEffectStart::NotLaunched;
+}
+
+TShellResult TEffects::LaunchEffect(const std::string& name, const std::string& picture,
+                                    bool settingsMode)
+{
+    const std::string parameters = '"' + picture + '"' + (settingsMode ? " /settings" : "");
+    const TShellResult result = ShellOpen(m_launcher, m_folder + ProgramFileName(name), parameters);
+    if (result < FirstShellSuccess)
+        return 0;
+    m_loop.Sleep(LaunchPauseMs);
+    m_loop.HandlePendingMessages();
+    return result;
+}
+
+bool TEffects::CloseRovane()
+{
+    const TWindowId window = m_siblings.FindRovane();
+    return window == 0 || CloseWindowAndWait(m_siblings, m_loop, window);
+}
+
+} // namespace murala

@@ -1,0 +1,128 @@
+#include "uInstanceLink.h"
+#include "uWindowsHandles.h"
+
+#include <commctrl.h>
+
+namespace murala
+{
+
+namespace
+{
+
+constexpr DWORD SliceMs = 250;
+
+struct TWindowDestroy {
+    using pointer = HWND;
+    void operator()(HWND window) const noexcept { DestroyWindow(window); }
+};
+using TWindow = std::unique_ptr<HWND, TWindowDestroy>;
+
+// The semaphore stays as it was when the process that holds it is killed, as long as somebody else
+// has it open, waiting. So starts queue at a mutex, which the system frees with its process, and
+// only the one at the head waits for the semaphore, opening it anew again and again: if nobody else
+// has it, the system makes a new one, and that is free.
+class TStartLock
+{
+public:
+    TStartLock() : m_turn(CreateMutexA(nullptr, FALSE, "Murala.Lock.Turn"))
+    {
+        if (m_turn)
+            WaitForSingleObject(m_turn.get(), INFINITE);
+        do {
+            m_semaphore.reset();
+            m_semaphore.reset(CreateSemaphoreA(nullptr, 1, 1, StartLockName));
+        } while (m_semaphore && WaitForSingleObject(m_semaphore.get(), SliceMs) == WAIT_TIMEOUT);
+    }
+    TStartLock(const TStartLock&) = delete;
+    TStartLock& operator=(const TStartLock&) = delete;
+    ~TStartLock()
+    {
+        if (m_semaphore)
+            ReleaseSemaphore(m_semaphore.get(), 1, nullptr);
+        if (m_turn)
+            ReleaseMutex(m_turn.get());
+    }
+
+private:
+    THandle m_turn;
+    THandle m_semaphore;
+};
+
+class TWindowsInstanceLink : public TInstanceLink
+{
+public:
+    TWindowsInstanceLink() = default;
+    TWindowsInstanceLink(const TWindowsInstanceLink&) = delete;
+    TWindowsInstanceLink& operator=(const TWindowsInstanceLink&) = delete;
+    ~TWindowsInstanceLink() override
+    {
+        if (m_listening != nullptr)
+            RemoveWindowSubclass(m_listening, OnMessage, SubclassId);
+    }
+
+    bool IsRunning() override { return Find() != nullptr; }
+
+    bool PostWake() override
+    {
+        const HWND window = Find();
+        return window != nullptr && PostMessageA(window, WakeMessage, 0, 0) != FALSE;
+    }
+
+    void Lock() override { m_lock = std::make_unique<TStartLock>(); }
+    void Unlock() override { m_lock.reset(); }
+
+    void Listen(void* mainWindow, std::function<void()> onWake) override
+    {
+        m_onWake = std::move(onWake);
+        if (mainWindow == nullptr)
+            m_ownWindow = MakeWindow();
+        m_listening = mainWindow != nullptr ? static_cast<HWND>(mainWindow) : m_ownWindow.get();
+        SetWindowSubclass(m_listening, OnMessage, SubclassId, reinterpret_cast<DWORD_PTR>(this));
+    }
+
+private:
+    static constexpr UINT_PTR SubclassId = WakeMessage;
+
+    static HWND Find() { return FindWindowA(MainWindowClass, MainWindowCaption); }
+
+    static TWindow MakeWindow()
+    {
+        WNDCLASSA windowClass{};
+        windowClass.lpfnWndProc = DefWindowProcA;
+        windowClass.hInstance = GetModuleHandleA(nullptr);
+        windowClass.lpszClassName = MainWindowClass;
+        RegisterClassA(&windowClass);
+        return TWindow(CreateWindowExA(WS_EX_TOOLWINDOW, MainWindowClass, MainWindowCaption,
+                                       WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
+                                       windowClass.hInstance, nullptr));
+    }
+
+    static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                      UINT_PTR /*id*/, DWORD_PTR self)
+    {
+        auto* link = reinterpret_cast<TWindowsInstanceLink*>(self);
+        if (message == WakeMessage) {
+            link->m_onWake();
+            return 0;
+        }
+        if (message == WM_NCDESTROY) {
+            RemoveWindowSubclass(window, OnMessage, SubclassId);
+            link->m_listening = nullptr;
+        }
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+
+    std::unique_ptr<TStartLock> m_lock;
+    std::function<void()> m_onWake;
+    HWND m_listening = nullptr;
+    TWindow m_ownWindow;
+};
+
+} // namespace
+
+std::unique_ptr<TInstanceLink> NewInstanceLink()
+{
+    return std::make_unique<TWindowsInstanceLink>();
+}
+
+} // namespace murala

@@ -1,6 +1,8 @@
 // What each system does its own way with files.
 #pragma once
 
+#include "uSafeFile.h"
+
 #include <cstdio>
 #include <filesystem>
 #include <string>
@@ -16,7 +18,8 @@ std::FILE* OpenNamedFile(const std::string& path, const char* mode);
 bool FlushToDisk(std::FILE* file);
 
 // Puts `from` in the place of `to`, in one step.
-std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to);
+std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to,
+                           TFlush flush);
 
 // After a rename in the folder: makes that survive a power failure as far as the system can.
 void FlushFolder(const std::filesystem::path& folder);

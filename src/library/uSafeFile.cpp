@@ -94,7 +94,7 @@ void TFileReplacement::Commit()
     if (!flushed || std::fclose(m_file.release()) != 0)
         Fail("write", m_path, LastError());
     const fs::path target = NativePath(m_path);
-    if (const std::error_code error = RenameOver(NativePath(m_newPath), target))
+    if (const std::error_code error = RenameOver(NativePath(m_newPath), target, m_flush))
         Fail("replace", m_path, error);
     m_newPath.clear();
     if (m_flush == TFlush::ToDisk)

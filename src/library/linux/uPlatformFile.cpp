@@ -1,6 +1,7 @@
 #include "uPlatformFile.h"
 
 #include <fcntl.h>
+#include <stdio.h>
 #include <unistd.h>
 
 namespace murala
@@ -17,9 +18,30 @@ bool FlushToDisk(std::FILE* file)
     return std::fflush(file) == 0 && fsync(fileno(file)) == 0;
 }
 
-std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to)
+namespace
+{
+
+// Replacing a file by a rename makes some file systems (ext4) write the new one to the disk at
+// once; exchanging the two and deleting the old one does not. Readers see the same: one file or the
+// other.
+bool ExchangeOver(const std::filesystem::path& from, const std::filesystem::path& to)
+{
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(to, ignored) ||
+        renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_EXCHANGE) != 0)
+        return false;
+    unlink(from.c_str());
+    return true;
+}
+
+} // namespace
+
+std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to,
+                           TFlush flush)
 {
     std::error_code error;
+    if (flush == TFlush::ToSystemCache && ExchangeOver(from, to))
+        return error;
     std::filesystem::rename(from, to, error);
     return error;
 }

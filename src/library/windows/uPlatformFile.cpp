@@ -31,7 +31,8 @@ bool FlushToDisk(std::FILE* file)
     return std::fflush(file) == 0 && _commit(_fileno(file)) == 0;
 }
 
-std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to)
+std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to,
+                           TFlush)
 {
     std::error_code error;
     for (int attempt = 0; attempt < RenameAttempts; ++attempt) {

@@ -238,7 +238,7 @@ void TMurala::ImportQueuedFiles()
 void TMurala::OpenSelected(TShellVerb verb)
 {
     if (const TMuWallpaper* item = SelectedItem())
-        m_services.Launcher.ShellExecute(verb, item->FileName, "");
+        m_services.Launcher.Execute(verb, item->FileName, "");
 }
 
 } // namespace murala

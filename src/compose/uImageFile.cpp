@@ -1,0 +1,159 @@
+#include "uImageFile.h"
+
+#include "uBmpFile.h"
+#include "uJpegFile.h"
+#include "uPath.h"
+#include "uText.h"
+
+#include <algorithm>
+#include <array>
+#include <new>
+#include <vector>
+
+namespace murala
+{
+
+namespace
+{
+
+struct TFormat {
+    std::string_view Signature;
+    std::unique_ptr<TImageReader> (*Open)(TFile file, TDecoding decoding);
+    TSize (*Size)(TFile file);
+};
+constexpr TFormat Formats[] = {
+    {"\xFF\xD8\xFF", OpenJpeg, JpegSize},
+    {"BM", OpenBmp, BmpSize},
+};
+
+const TFormat& FormatOf(std::FILE* file)
+{
+    std::array<char, 4> start{};
+    const std::string_view content(start.data(), std::fread(start.data(), 1, start.size(), file));
+    std::rewind(file);
+    const auto format = std::ranges::find_if(
+        Formats, [=](const TFormat& each) { return content.starts_with(each.Signature); });
+    if (format == std::end(Formats))
+        throw EImageFormat("not a JPEG or BMP picture");
+    return *format;
+}
+
+// Pipes and devices could keep us waiting for ever.
+TFile OpenPictureFile(const std::string& fileName)
+{
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(NativePath(fileName), ignored))
+        throw EImageFormat("there is no such file");
+    TFile file = OpenFile(fileName, "rb");
+    // Both readers read in large pieces, and one jumps about.
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    return file;
+}
+
+// Runs `work` on the file and its format.
+template<typename TWork>
+auto Load(const std::string& fileName, TWork work)
+{
+    try {
+        TFile file = OpenPictureFile(fileName);
+        const TFormat& format = FormatOf(file.get());
+        return work(format, std::move(file));
+    } catch (const EImageFormat& error) {
+        throw EInvalidImage(fileName, error.what());
+    } catch (const EFileError& error) {
+        throw EInvalidImage(fileName, error.what());
+    } catch (const std::bad_alloc&) {
+        throw EInvalidImage(fileName, "not enough memory");
+    }
+}
+
+class TBitmapReader : public TImageReader
+{
+public:
+    explicit TBitmapReader(const TBitmap& bitmap) : m_bitmap(bitmap) {}
+    TSize Size() const override { return m_bitmap.Size(); }
+    void ReadRow(int y, TPixel* row) override
+    {
+        std::copy_n(m_bitmap.Row(y), m_bitmap.Width(), row);
+    }
+
+private:
+    const TBitmap& m_bitmap;
+};
+
+constexpr std::uint32_t BmpHeaderSize = 54;
+
+std::array<std::uint8_t, BmpHeaderSize> BmpHeader(TSize size)
+{
+    std::array<std::uint8_t, BmpHeaderSize> header{'B', 'M'};
+    const auto put = [&](std::size_t offset, std::uint32_t value) {
+        for (int i = 0; i < 4; ++i, value >>= 8U)
+            header[offset++] = static_cast<std::uint8_t>(value);
+    };
+    const auto pixelBytes = static_cast<std::uint32_t>(std::int64_t{4} * size.Width * size.Height);
+    put(2, BmpHeaderSize + pixelBytes);
+    put(10, BmpHeaderSize);
+    put(14, BmpHeaderSize - 14);
+    put(18, static_cast<std::uint32_t>(size.Width));
+    put(22, static_cast<std::uint32_t>(size.Height));
+    put(26, 1 | 32U << 16U); // planes, bits
+    put(34, pixelBytes);
+    return header;
+}
+
+} // namespace
+
+EInvalidImage::EInvalidImage(const std::string& fileName, const std::string& reason)
+    : std::runtime_error(FormatText("The image (%s) could not be loaded. The image file may be "
+                                    "corrupt or missing.",
+                                    {fileName})),
+      Reason(reason)
+{
+}
+
+std::unique_ptr<TImageReader> OpenImage(const std::string& fileName, TDecoding decoding)
+{
+    return Load(fileName, [=](const TFormat& format, TFile file) {
+        return format.Open(std::move(file), decoding);
+    });
+}
+
+std::unique_ptr<TImageReader> ReadBitmap(const TBitmap& bitmap)
+{
+    return std::make_unique<TBitmapReader>(bitmap);
+}
+
+TBitmap LoadImageFile(const std::string& fileName)
+{
+    const auto reader = OpenImage(fileName);
+    TBitmap bitmap(reader->Size().Width, reader->Size().Height);
+    for (int y = 0; y < bitmap.Height(); ++y)
+        reader->ReadRow(y, bitmap.Row(y));
+    return bitmap;
+}
+
+TSize ImageFileSize(const std::string& fileName)
+{
+    return Load(fileName,
+                [](const TFormat& format, TFile file) { return format.Size(std::move(file)); });
+}
+
+void SaveBitmapFile(const TBitmap& bitmap, const std::string& fileName)
+{
+    TFileReplacement file(fileName, TFlush::ToSystemCache);
+    const auto header = BmpHeader(bitmap.Size());
+    file.Write(header.data(), header.size());
+    // Few large writes, from a buffer that stays in the processor's cache.
+    constexpr int blockPixels = 1 << 16;
+    const int blockRows = std::max(1, blockPixels / std::max(1, bitmap.Width()));
+    std::vector<TPixel> block(static_cast<std::size_t>(blockRows) * bitmap.Width());
+    for (int y = bitmap.Height(); y > 0;) {
+        auto end = block.begin();
+        for (const int top = std::max(0, y - blockRows); y > top;)
+            end = std::copy_n(bitmap.Row(--y), bitmap.Width(), end);
+        file.Write(block.data(), static_cast<std::size_t>(end - block.begin()) * sizeof(TPixel));
+    }
+    file.Commit();
+}
+
+} // namespace murala

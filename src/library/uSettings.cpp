@@ -16,6 +16,7 @@ constexpr std::string_view ConvertListSection = "ConvertList";
 // A time of day is a TDateTime, too, but has a stored form of its own.
 template<class TValue>
 struct TTimeOfDay {
+    explicit TTimeOfDay(TValue& time) : Time(time) {}
     TValue& Time;
 };
 

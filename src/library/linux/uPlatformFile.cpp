@@ -7,17 +7,6 @@
 namespace murala
 {
 
-std::FILE* OpenNamedFile(const std::string& path, const char* mode)
-{
-    // "e": programs that are started later do not inherit the file.
-    return std::fopen(path.c_str(), (std::string(mode) + "e").c_str());
-}
-
-bool FlushToDisk(std::FILE* file)
-{
-    return std::fflush(file) == 0 && fsync(fileno(file)) == 0;
-}
-
 namespace
 {
 
@@ -35,6 +24,17 @@ bool ExchangeOver(const std::filesystem::path& from, const std::filesystem::path
 }
 
 } // namespace
+
+std::FILE* OpenNamedFile(const std::string& path, const char* mode)
+{
+    // "e": programs that are started later do not inherit the file.
+    return std::fopen(path.c_str(), (std::string(mode) + "e").c_str());
+}
+
+bool FlushToDisk(std::FILE* file)
+{
+    return std::fflush(file) == 0 && fsync(fileno(file)) == 0;
+}
 
 std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to,
                            TFlush flush)

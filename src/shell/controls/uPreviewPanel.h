@@ -3,6 +3,7 @@
 
 #include "uBitmap.h"
 
+#include <wx/bitmap.h>
 #include <wx/panel.h>
 
 namespace murala

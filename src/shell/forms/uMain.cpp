@@ -9,6 +9,8 @@
 
 #include "../resources/murala.xpm"
 
+#include <algorithm>
+
 #include <wx/aboutdlg.h>
 #include <wx/colordlg.h>
 #include <wx/display.h>
@@ -40,12 +42,14 @@ constexpr TColumn Columns[] = {{"Title", 160}, {"Filename", 158}, {"Path", 158},
 
 constexpr int DesignWidth = 650, DesignHeight = 492;
 
-TPlacement DefaultPlacement(const wxFrame& frame)
+// Centred on the primary screen, which a narrow one is filled with.
+TPlacement DefaultPlacement(const wxSize& size)
 {
-    const wxSize screen = wxGetDisplaySize();
-    if (screen.x < 800)
-        return {screen.x, screen.y, frame.GetPosition().x, frame.GetPosition().y};
-    return {frame.GetSize().x, frame.GetSize().y, frame.GetPosition().x, frame.GetPosition().y};
+    const wxRect screen = wxDisplay().GetClientArea();
+    if (wxGetDisplaySize().x < 800)
+        return {screen.width, screen.height, screen.x, screen.y};
+    const wxRect frame = wxRect(size).CentreIn(screen);
+    return {frame.width, frame.height, frame.x, frame.y};
 }
 
 } // namespace
@@ -63,11 +67,9 @@ TfMain::TfMain(const TServices& services)
     BindSystemActions();
     BuildMenuBar();
     BuildClient();
-    SetSize(FromDIP(wxSize(DesignWidth, DesignHeight)));
-    CentreOnScreen();
     BindEvents();
     auto* fProgress = new TfProgress(nullptr, "Starting Up...");
-    m_murala.LoadSettings(DefaultPlacement(*this));
+    m_murala.LoadSettings(DefaultPlacement(DesignSize()));
     m_murala.LoadList();
     fProgress->Destroy();
 }
@@ -200,12 +202,13 @@ void TfMain::BuildClient()
     spVertical->SetSashGravity(1.0);
     spVertical->SetMinimumPaneSize(FromDIP(100));
     wxWindow* list = BuildListPanel(spVertical);
-    spVertical->SplitVertically(list, BuildRightPanel(spVertical));
+    wxWindow* right = BuildRightPanel(spVertical);
+    spVertical->SplitVertically(list, right, -m_pagesSize.x);
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(spVertical, wxSizerFlags(1).Expand());
     rows->Add(BuildBottomPanel(client), wxSizerFlags().Expand());
     client->SetSizer(rows);
-    SetMinClientSize(FromDIP(wxSize(420, 300)));
+    SetMinClientSize(wxSize(m_pagesSize.x, 0) + FromDIP(wxSize(240, 320)));
 }
 
 wxWindow* TfMain::BuildListPanel(wxWindow* parent)
@@ -244,8 +247,21 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
     addPage(new TDesktopPage(pcEffect, m_murala, m_binder, alMain), "&Desktop");
     addPage(new TTintPage(pcEffect, m_murala), "&Tint");
     addPage(new TEffectPage(pcEffect, m_murala), "&Effect");
-    spHorizontal->SplitHorizontally(iPreview, pcEffect);
+    for (const TSettingsPage* page : m_pages)
+        m_pagesSize.IncTo(page->GetSizer()->CalcMin());
+    m_pagesSize = pcEffect->CalcSizeFromPage(m_pagesSize);
+    spHorizontal->SplitHorizontally(iPreview, pcEffect, FromDIP(PreviewSizes[1].second));
     return spHorizontal;
+}
+
+// The size of a first start: the list with its first columns beside pages that are not cut.
+wxSize TfMain::DesignSize() const
+{
+    wxSize content = m_pagesSize;
+    content.IncTo(FromDIP(wxSize(PreviewSizes[1].first, 0)));
+    content += FromDIP(wxSize(340, PreviewSizes[1].second + 120));
+    content.IncTo(FromDIP(wxSize(DesignWidth, DesignHeight)));
+    return content;
 }
 
 wxWindow* TfMain::BuildBottomPanel(wxWindow* parent)
@@ -285,6 +301,10 @@ void TfMain::BindEvents()
             m_binder.NewMenu({"aMiniSize", "aNormalSize", "aLargeSize"}));
         PopupMenu(menu.get());
     });
+    spVertical->Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [this](wxSplitterEvent& event) {
+        const int rightmost = spVertical->GetClientSize().x - m_pagesSize.x;
+        event.SetSashPosition(std::min(event.GetSashPosition(), rightmost));
+    });
     iPreview->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
         if (!m_murala.Updating && !tSelectItem.IsRunning())
@@ -312,7 +332,7 @@ void TfMain::Activate(const std::vector<std::string>& arguments, TInstanceLink& 
 {
     link.Listen(nullptr, [this] { WakeUp(); });
     link.Unlock();
-    m_murala.LoadSettings(DefaultPlacement(*this));
+    m_murala.LoadSettings(DefaultPlacement(DesignSize()));
     const bool wasVisible = m_murala.Settings.WindowState;
     Place(m_murala.Settings.Placement);
     lvWallpaper->SelectOnly(m_murala.CurrentIndex());
@@ -325,7 +345,12 @@ void TfMain::Activate(const std::vector<std::string>& arguments, TInstanceLink& 
     if (!wasVisible)
         Iconize();
     Show();
-    SetPreviewSize(m_murala.Settings.PreviewSize);
+    // The splitters can be set once the window has its size, and some window managers place a window
+    // by themselves when they see it first.
+    CallAfter([this, placement = m_murala.Settings.Placement] {
+        Place(placement);
+        SetPreviewSize(m_murala.Settings.PreviewSize);
+    });
     m_murala.Updating = false;
     lvWallpaper->SetFocus();
     lvWallpaperSelect();
@@ -444,10 +469,11 @@ void TfMain::SetPreviewSize(int size)
     {
         const wxWindowUpdateLocker lock(this);
         m_murala.Updating = true;
-        const auto [width, height] = PreviewSizes[size];
+        const wxSize preview = FromDIP(wxSize(PreviewSizes[size].first, PreviewSizes[size].second));
         m_murala.Settings.PreviewSize = size;
-        spVertical->SetSashPosition(-FromDIP(width) - spVertical->GetSashSize());
-        spHorizontal->SetSashPosition(FromDIP(height));
+        // The pages below keep the width that they need.
+        spVertical->SetSashPosition(-std::max(preview.x, m_pagesSize.x));
+        spHorizontal->SetSashPosition(preview.y);
         m_murala.Updating = updating;
     }
     PreviewChanged(false);

@@ -65,6 +65,7 @@ private:
     void FormClose(wxCloseEvent& event);
     void TrackPlacement();
 
+    wxSize DesignSize() const;
     void Place(const TPlacement& placement);
     void UpdateListHint();
     std::string CellText(int row, int column) const;
@@ -100,6 +101,7 @@ private:
     TPreviewPanel* iPreview = nullptr;
     wxNotebook* pcEffect = nullptr;
     std::vector<TSettingsPage*> m_pages;
+    wxSize m_pagesSize; // what the largest page needs
     wxGauge* pbMain = nullptr;
     wxStaticText* pStatusText = nullptr;
     wxTimer tSelectItem, tPreviewUpdate, tSchedule, tRefreshIcons;

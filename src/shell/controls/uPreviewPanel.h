@@ -22,6 +22,9 @@ public:
     int PictureWidth(TSize proportions) const;
     void ShowPicture(const TBitmap& picture);
     void ShowText(const wxString& text);
+    // What is shown now.
+    const wxBitmap& Picture() const { return m_picture; }
+    const wxString& Text() const { return m_text; }
 
 private:
     void OnPaint(wxPaintEvent& event);

@@ -1,0 +1,312 @@
+#include "uMain.h"
+
+#include "FakeServices.h"
+#include "uPath.h"
+#include "uTempFolder.h"
+#include "uWallpaperSchedule.h"
+
+#include <chrono>
+
+#include <gtest/gtest.h>
+#include <wx/app.h>
+#include <wx/modalhook.h>
+#include <wx/msgdlg.h>
+#include <wx/spinctrl.h>
+
+using namespace murala;
+
+namespace
+{
+
+// Answers message boxes and remembers their texts.
+class TMessages : public wxModalDialogHook
+{
+public:
+    std::vector<std::string> Texts;
+    TMessages() { Register(); }
+    ~TMessages() override { Unregister(); }
+
+private:
+    int Enter(wxDialog* dialog) override
+    {
+        const auto* box = dynamic_cast<wxMessageDialogBase*>(dialog);
+        Texts.push_back(box != nullptr ? box->GetMessage().utf8_string() : "another dialog");
+        return wxID_OK;
+    }
+};
+
+struct TNoLink : TInstanceLink {
+    std::function<void()> Wake;
+    bool IsRunning() override { return false; }
+    bool PostWake() override { return false; }
+    void Lock() override {}
+    void Unlock() override {}
+    void Listen(void*, std::function<void()> onWake) override { Wake = std::move(onWake); }
+};
+
+class MainWindow : public testing::Test
+{
+protected:
+    MainWindow()
+    {
+        m_services.ProgramFolder = WithTrailingDivider(m_folder.Path());
+        m_services.Desktop.Screen = {320, 200};
+    }
+    ~MainWindow() override { Close(); }
+
+    void Start(const std::vector<std::string>& arguments = {})
+    {
+        m_main = new TfMain(m_services.Services());
+        m_main->Activate(arguments, m_link);
+        PumpUntil([this] { return m_main->IsShown(); });
+        Pump(100);
+    }
+
+    void Close()
+    {
+        if (m_main != nullptr)
+            m_main->Close();
+        m_main = nullptr;
+        Pump(50);
+    }
+
+    static bool PumpUntil(const std::function<bool()>& condition, int milliseconds = 5000)
+    {
+        const auto end =
+            std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+        while (!condition() && std::chrono::steady_clock::now() < end) {
+            wxTheApp->Yield(true);
+            wxTheApp->ProcessIdle();
+            wxMilliSleep(5);
+        }
+        return condition();
+    }
+    static void Pump(int milliseconds)
+    {
+        PumpUntil([] { return false; }, milliseconds);
+    }
+
+    template <typename TControl>
+    TControl& Control(const char* name)
+    {
+        auto* control = dynamic_cast<TControl*>(wxWindow::FindWindowByName(name, m_main));
+        if (control == nullptr)
+            throw std::runtime_error(std::string("no control ") + name);
+        return *control;
+    }
+
+    std::string Picture(const std::string& name, int width, int height, TColor color)
+    {
+        TBitmap bitmap(width, height);
+        for (int y = 0; y < height; ++y)
+            std::fill_n(bitmap.Row(y), width, ColorToPixel(color));
+        const std::string path = m_services.ProgramFolder + name;
+        SaveBitmapFile(bitmap, path);
+        return path;
+    }
+
+    void AddTwo()
+    {
+        m_main->Murala().AddFiles({Picture("Rot.bmp", 40, 30, 0x0000FF),
+                                   Picture("Gr\xC3\xBCn, 'quoted'.bmp", 40, 30, 0x00FF00)});
+    }
+
+    void Select(int row)
+    {
+        Control<TMuListView>("lvWallpaper").SelectOnly(row);
+        Pump(20);
+    }
+
+    TTempFolder m_folder;
+    TFakeServices m_services;
+    TNoLink m_link;
+    TMessages m_messages;
+    TfMain* m_main = nullptr;
+};
+
+} // namespace
+
+TEST_F(MainWindow, ShowsAddedPicturesAndComesBackWithThem)
+{
+    Start();
+    AddTwo();
+    auto& list = Control<TMuListView>("lvWallpaper");
+    EXPECT_EQ(list.GetItemCount(), 2);
+    EXPECT_EQ(list.GetItemText(1, 1), wxString::FromUTF8("Gr\xC3\xBCn, 'quoted'.bmp"));
+    EXPECT_TRUE(PumpUntil([&] {
+        return Control<wxStaticText>("pStatusText").GetLabel().EndsWith("(40x30)");
+    }));
+    Close();
+    Start();
+    EXPECT_EQ(Control<TMuListView>("lvWallpaper").GetItemCount(), 2);
+    EXPECT_TRUE(m_messages.Texts.empty());
+}
+
+TEST_F(MainWindow, AppliesTheSelectedRowByItsAction)
+{
+    Start();
+    m_main->Murala().AddFiles(
+        {Picture("Rot.bmp", 40, 30, 0x0000FF), Picture("Blau.bmp", 40, 30, 0xFF0000)});
+    Select(1);
+    m_main->Actions()["aApply"].Execute();
+    const TBitmap picture = LoadImageFile(m_services.ProgramFolder + "MuralaWallpaper.bmp");
+    EXPECT_EQ(picture.Size(), m_services.Desktop.Screen);
+    EXPECT_EQ(picture.Row(199)[319] & 0xFFFFFF, ColorToPixel(0xFF0000));
+    m_main->Actions()["aNext"].Execute();
+    EXPECT_EQ(m_main->Murala().CurrentIndex(), 0);
+    EXPECT_EQ(Control<TMuListView>("lvWallpaper").SelectedRow(), 0);
+}
+
+TEST_F(MainWindow, SettingsPagesFollowTheSelectionAndChangeTheItem)
+{
+    Start();
+    m_main->Murala().AddFiles(
+        {Picture("A.bmp", 40, 30, 0), Picture("B.bmp", 40, 30, 0xFFFFFF)});
+    Select(0);
+    auto& style = Control<wxChoice>("cbGammaStyle");
+    style.SetSelection(gsVertical);
+    wxCommandEvent chosen(wxEVT_CHOICE, style.GetId());
+    chosen.SetEventObject(&style);
+    chosen.SetInt(gsVertical);
+    style.ProcessWindowEvent(chosen);
+    auto& bar = Control<wxSlider>("tbGammaGreenEnd");
+    EXPECT_TRUE(bar.IsEnabled());
+    bar.SetValue(-77);
+    wxCommandEvent moved(wxEVT_SLIDER, bar.GetId());
+    moved.SetEventObject(&bar);
+    bar.ProcessWindowEvent(moved);
+    EXPECT_EQ(m_main->Murala().List.Item(0).GammaEndGreen, -77);
+    Select(1);
+    EXPECT_EQ(style.GetSelection(), gsNone);
+    EXPECT_FALSE(bar.IsEnabled());
+    Select(0);
+    EXPECT_EQ(style.GetSelection(), gsVertical);
+    EXPECT_EQ(bar.GetValue(), -77);
+    Close();
+    Start();
+    EXPECT_EQ(m_main->Murala().List.Item(0).GammaEndGreen, -77);
+}
+
+TEST_F(MainWindow, ModesShowTheirChecksHintsAndMessages)
+{
+    Start();
+    m_services.Desktop.Screen = {1920, 1080};
+    m_main->Murala().AddFiles({Picture("Wide.bmp", 900, 30, 0)});
+    Select(0);
+    TActionList& actions = m_main->Actions();
+    EXPECT_TRUE(actions["aDisplayStretched"].Checked());
+    actions["aDisplayMirrorTiled"].Execute();
+    EXPECT_EQ(m_messages.Texts, std::vector<std::string>{
+                                    "This image is too large to use mirror tiled mode."});
+    EXPECT_TRUE(actions["aDisplayFitHorizontal"].Checked());
+    EXPECT_EQ(actions["aDisplayNext"].Hint, "Display (Fit Horizontally)");
+}
+
+TEST_F(MainWindow, RemovesSortsAndRenamesRows)
+{
+    Start();
+    std::vector<std::string> files;
+    for (const char* name : {"C.bmp", "A.bmp", "D.bmp", "B.bmp"})
+        files.push_back(Picture(name, 4, 4, 0));
+    m_main->Murala().AddFiles(files);
+    auto& list = Control<TMuListView>("lvWallpaper");
+    wxListEvent click(wxEVT_LIST_COL_CLICK, list.GetId());
+    click.m_col = 0;
+    list.ProcessWindowEvent(click);
+    EXPECT_EQ(list.GetItemText(0), "A");
+    Select(1);
+    list.Select(2);
+    m_main->Actions()["aRemove"].Execute();
+    EXPECT_EQ(list.GetItemCount(), 2);
+    EXPECT_EQ(list.SelectedRow(), 1);
+    m_main->Murala().Rename(1, "Other");
+    EXPECT_EQ(list.GetItemText(1), "Other");
+    m_main->Actions()["aSelectAll"].Execute();
+    EXPECT_EQ(list.SelectedRows().size(), 2U);
+    m_main->Actions()["aRemove"].Execute();
+    EXPECT_EQ(list.GetItemCount(), 0);
+    EXPECT_FALSE(m_main->Actions()["aApply"].Enabled());
+}
+
+TEST_F(MainWindow, ThePreviewIsComposedAndABrokenPictureSaysSo)
+{
+    Start();
+    m_main->Murala().AddFiles({Picture("A.bmp", 40, 30, 0x0000FF)});
+    auto& preview = Control<TPreviewPanel>("iPreview");
+    EXPECT_TRUE(PumpUntil([&] { return preview.Picture().IsOk(); }));
+    const wxSize size = preview.Picture().GetSize();
+    EXPECT_NEAR(static_cast<double>(size.x) / size.y, 320.0 / 200.0, 0.02);
+    m_main->Murala().AddFiles({m_services.ProgramFolder + "Missing.jpg"});
+    EXPECT_TRUE(PumpUntil(
+        [&] { return preview.Text().Contains("could not be loaded"); }));
+    EXPECT_TRUE(m_messages.Texts.empty());
+}
+
+TEST_F(MainWindow, AStartWithApplyAppliesAndAnotherCopyWakesIt)
+{
+    Start();
+    m_main->Murala().AddFiles({Picture("A.bmp", 4, 4, 0), Picture("B.bmp", 4, 4, 0)});
+    Select(0);
+    m_main->Actions()["aApply"].Execute();
+    m_main->Murala().Settings.NextOnStartup = true;
+    m_main->Iconize();
+    Close();
+    m_services.Desktop.Calls.clear();
+    Start({"/APPLY"});
+    EXPECT_EQ(m_main->Murala().CurrentIndex(), 1);
+    EXPECT_FALSE(m_services.Desktop.Calls.empty());
+    const std::string queued = Picture("C.bmp", 4, 4, 0);
+    m_services.Registry.WriteText(TRoot::CurrentUser, "Software\\Murala\\AddFiles", queued, "");
+    m_link.Wake();
+    EXPECT_EQ(m_main->Murala().List.Count(), 3);
+    EXPECT_TRUE(m_main->IsEnabled());
+    Close();
+    Start();
+    EXPECT_EQ(m_main->Murala().CurrentIndex(), 1);
+}
+
+TEST_F(MainWindow, ControlsAreInsideTheirParentsAndNothingIsCut)
+{
+    Start();
+    Pump(200);
+    std::function<void(wxWindow&)> check = [&](wxWindow& window) {
+        for (wxWindow* child : window.GetChildren()) {
+            if (!child->IsShownOnScreen() || child->IsTopLevel())
+                continue;
+            if (dynamic_cast<wxAnyButton*>(child) != nullptr ||
+                dynamic_cast<wxCheckBox*>(child) != nullptr) {
+                const wxSize best = child->GetBestSize(), size = child->GetSize();
+                EXPECT_GE(size.x, best.x) << child->GetName();
+                const wxRect parent(window.GetClientSize());
+                EXPECT_TRUE(parent.Contains(child->GetRect())) << child->GetName();
+            }
+            check(*child);
+        }
+    };
+    auto& pages = Control<wxNotebook>("pcEffect");
+    for (std::size_t page = 0; page < pages.GetPageCount(); ++page) {
+        pages.SetSelection(page);
+        Pump(30);
+        check(*m_main);
+    }
+}
+
+TEST(ScheduleDialog, EnablesWhatMattersAndGivesBackWhatItWasGiven)
+{
+    TfSchedule dialog(nullptr, {true, 3, suWeek, 18.5 / 24, 4}, 46000.25);
+    const auto find = [&](const char* name) { return wxWindow::FindWindowByName(name, &dialog); };
+    const TScheduleSettings back = dialog.Schedule();
+    EXPECT_TRUE(back.Use);
+    EXPECT_EQ(back.Frequency, 3);
+    EXPECT_EQ(back.Units, suWeek);
+    EXPECT_NEAR(back.At, 18.5 / 24, 1e-9);
+    EXPECT_EQ(back.On, 4);
+    EXPECT_TRUE(find("cbOn")->IsEnabled());
+    auto* units = dynamic_cast<wxChoice*>(find("cbUnits"));
+    EXPECT_EQ(units->GetStringSelection(), "Weeks");
+    units->SetSelection(suHour);
+    wxCommandEvent chosen(wxEVT_CHOICE, units->GetId());
+    units->ProcessWindowEvent(chosen);
+    EXPECT_FALSE(find("cbOn")->IsEnabled());
+    EXPECT_FALSE(find("dtpAt")->IsEnabled());
+}

@@ -43,8 +43,9 @@ public:
                            TDateTime otherwise) const;
     TDateTime ReadTime(std::string_view section, std::string_view key, TDateTime otherwise) const;
 
-    // Writing: a key may not hold "=" nor begin with ";" or "["; a value is written as it is (quote
-    // it where blanks or quotes at its ends matter), but line breaks become blanks.
+    // Writing: a key is one line, without "=", and begins with neither ";" nor "[". A value is
+    // written as it is (quote it where blanks or quotes at its ends matter), but line breaks in it
+    // become blanks.
 
     // Changes the key's line in its place; a new key goes to the end of its section, a new section
     // to the end of the file.

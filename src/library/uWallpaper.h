@@ -71,8 +71,8 @@ public:
     TColor DesktopColor = 0;
     std::string Category;
 
-    // Gives the item a number when it has none (a stale file of that number is deleted). The item
-    // must be in a list.
+    // For an item that is in a list. ThumbnailFileName gives it a number when it has none (a stale
+    // file of that number is deleted).
     std::string ThumbnailFileName();
     void DeleteThumbnailFile();
     void FreeThumbnail() { Thumbnail.reset(); }

@@ -1,7 +1,6 @@
 #include "uPlatformFile.h"
 
 #include <fcntl.h>
-#include <stdio.h>
 #include <unistd.h>
 
 namespace murala

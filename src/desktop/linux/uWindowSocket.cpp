@@ -36,7 +36,8 @@ struct TAddress {
 TDescriptor Connect(const std::string& windowClass)
 try {
     const TAddress address(windowClass);
-    TDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    // A program that hangs must not make this one wait.
+    TDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     if (!socket || connect(socket.Get(), address.Get(), sizeof address.Name) != 0)
         return TDescriptor();
     return socket;

@@ -116,8 +116,9 @@ std::string SaveWallpaper(const TBitmap& bitmap, const std::string& target)
     } catch (const EFileError&) {
         // The temporary folder is tried next.
     }
-    const std::string fallback =
-        JoinPath(PathText(std::filesystem::temp_directory_path()), "temp.bmp");
+    std::error_code ignored;
+    const std::string folder = PathText(std::filesystem::temp_directory_path(ignored));
+    const std::string fallback = JoinPath(folder, "temp.bmp");
     SaveBitmapFile(bitmap, fallback);
     return fallback;
 }

@@ -59,6 +59,11 @@ struct TFormCase {
     TRows Rows;
 };
 
+void PrintTo(const TFormCase& test, std::ostream* out)
+{
+    *out << test.Name;
+}
+
 class BmpFormTest : public testing::TestWithParam<TFormCase>
 {
 };

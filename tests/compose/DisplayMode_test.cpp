@@ -18,6 +18,11 @@ struct TModeCase {
     TPositions Columns, Rows;
 };
 
+void PrintTo(const TModeCase& test, std::ostream* out)
+{
+    *out << test.Name;
+}
+
 class DisplayModeMapTest : public testing::TestWithParam<TModeCase>
 {
 };

@@ -19,7 +19,7 @@ outside() {
     grep -rnE --include='*.cpp' --include='*.h' "$1" src | grep -vE "^($2)"
 }
 
-outside '#\s*include\s*<wx/' 'src/shell/forms/|src/shell/controls/|src/addons/editor/' |
+outside '#\s*include\s*<wx/' 'src/shell/(forms|controls|program)/|src/addons/editor/' |
     complain 'wxWidgets is for forms, controls and the calendar editor'
 outside '#\s*include\s*<(windows|shlobj|commctrl|shellapi|winreg|winuser|objbase)\.h>' \
     'src/desktop/windows/' | complain 'Win32 headers are for desktop/windows'

@@ -48,10 +48,11 @@ void TMurala::LoadList()
         List.LoadFromFile(path);
     } catch (const std::runtime_error& error) {
         m_isListUnreadable = true;
-        m_view.ShowMessage(FormatText("The wallpaper list could not be read completely.\n\n%s\n\n"
-                                      "%d wallpapers were loaded. Before the list is saved again, the "
-                                      "file is kept under another name.",
-                                      {error.what(), std::to_string(List.Count())}));
+        m_view.ShowMessage(
+            FormatText("The wallpaper list could not be read completely.\n\n%s\n\n"
+                       "%d wallpapers were loaded. Before the list is saved again, the "
+                       "file is kept under another name.",
+                       {error.what(), std::to_string(List.Count())}));
     }
     try {
         m_current = LoadCurrentWallpaper(TIniFile::Load(FilePath(SettingsFileName)), List,
@@ -110,7 +111,8 @@ void TMurala::SaveSettings(TSaveFlags parts)
         file.Save(FilePath(SettingsFileName));
     } catch (const EFileError& error) {
         if (m_lastSaveProblem != error.what())
-            m_view.ShowMessage(FormatText("The settings could not be saved.\n\n%s", {error.what()}));
+            m_view.ShowMessage(
+                FormatText("The settings could not be saved.\n\n%s", {error.what()}));
         m_lastSaveProblem = error.what();
     }
 }

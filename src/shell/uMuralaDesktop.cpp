@@ -14,7 +14,8 @@
 namespace murala
 {
 
-// --- applying -------------------------------------------------------------------------------------
+// --- applying
+// -------------------------------------------------------------------------------------
 
 void TMurala::ReportProblem(TReport report, const std::string& text)
 {
@@ -76,7 +77,10 @@ void TMurala::ComposeItem(TMuWallpaper& item)
     m_view.WallpaperChanged();
 }
 
-void TMurala::ApplyItemColor(TColor color) { ApplyDesktopColor(m_services.Desktop, color); }
+void TMurala::ApplyItemColor(TColor color)
+{
+    ApplyDesktopColor(m_services.Desktop, color);
+}
 
 void TMurala::ApplyLabels(const TMuWallpaper& item)
 {
@@ -111,7 +115,8 @@ void TMurala::Previous()
     ApplyRow(row < 0 ? List.Count() - 1 : row, TReport::MessageBox);
 }
 
-// --- effects --------------------------------------------------------------------------------------
+// --- effects
+// --------------------------------------------------------------------------------------
 
 void TMurala::ApplyEffect(const TMuWallpaper& item, bool startEffect, TReport report)
 {
@@ -152,7 +157,8 @@ void TMurala::RunEffectSettings()
     ReportEffect(start, item->Effect, TReport::MessageBox);
 }
 
-// --- timers ---------------------------------------------------------------------------------------
+// --- timers
+// ---------------------------------------------------------------------------------------
 
 void TMurala::RefreshTick()
 {
@@ -187,7 +193,8 @@ void TMurala::ScheduleTick()
     }
 }
 
-// --- start with the session -----------------------------------------------------------------------
+// --- start with the session
+// -----------------------------------------------------------------------
 
 std::string TMurala::StartupCommand() const
 {
@@ -223,7 +230,8 @@ void TMurala::SetNextOnStartup(bool next)
     SaveSettings(TSaveFlags().set(sfNextOnStartup));
 }
 
-// --- other programs -------------------------------------------------------------------------------
+// --- other programs
+// -------------------------------------------------------------------------------
 
 void TMurala::ImportQueuedFiles()
 {

@@ -26,8 +26,7 @@ void TMurala::SetDisplayMode(std::uint8_t mode)
     item->DisplayMode = mode;
     const TSize image = m_source.SizeOf(item->FileName);
     if (image.Width > 0)
-        for (const std::string_view text :
-             CheckDisplayMode(item->DisplayMode, image, ScreenSize()))
+        for (const std::string_view text : CheckDisplayMode(item->DisplayMode, image, ScreenSize()))
             m_view.ShowMessage(std::string(text));
     ItemEdited();
 }
@@ -38,10 +37,10 @@ void TMurala::StepDisplayMode()
     if (item == nullptr)
         return;
     const TSize image = m_source.SizeOf(item->FileName);
-    item->DisplayMode = image.Width > 0
-                            ? NextDisplayMode(item->DisplayMode, image, ScreenSize())
-                            : static_cast<std::uint8_t>((item->DisplayMode + 1) %
-                                                        std::size(DisplayModeNames));
+    item->DisplayMode =
+        image.Width > 0
+            ? NextDisplayMode(item->DisplayMode, image, ScreenSize())
+            : static_cast<std::uint8_t>((item->DisplayMode + 1) % std::size(DisplayModeNames));
     ItemEdited();
 }
 
@@ -146,6 +145,9 @@ TBitmap TMurala::PreviewPicture(int width)
     return picture;
 }
 
-void TMurala::ReleasePreview() { m_source.Release(); }
+void TMurala::ReleasePreview()
+{
+    m_source.Release();
+}
 
 } // namespace murala

@@ -15,9 +15,8 @@ THomeServices::THomeServices()
 
 TServices THomeServices::Services()
 {
-    return {*m_desktop,     *m_locale,   *m_clock,    *m_registry,     *m_shellWindows,
-            *m_screenSaver, *m_launcher, *m_siblings, *m_messageLoop, m_folder,
-            ProgramFile()};
+    return {*m_desktop,  *m_locale,   *m_clock,       *m_registry, *m_shellWindows, *m_screenSaver,
+            *m_launcher, *m_siblings, *m_messageLoop, m_folder,    ProgramFile()};
 }
 
 } // namespace murala

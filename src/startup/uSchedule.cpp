@@ -31,7 +31,10 @@ bool IsChangeDue(const TScheduleSettings& schedule, TDateTime lastChange, TDateT
     return units != suWeek || WeekdayOf(now) == schedule.On;
 }
 
-TDateTime LastChangeBefore(TDateTime lastChange, TDateTime now) { return std::min(lastChange, now); }
+TDateTime LastChangeBefore(TDateTime lastChange, TDateTime now)
+{
+    return std::min(lastChange, now);
+}
 
 TScheduleSettings ScheduleOf(const TMuSettings& settings)
 {

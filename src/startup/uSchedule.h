@@ -25,7 +25,8 @@ struct TScheduleSettings {
     int On = 0;         // weekday, for weeks
 };
 
-// Whether a change is due at `now`. Values that no dialog gives are taken for the nearest that it does.
+// Whether a change is due at `now`. Values that no dialog gives are taken for the nearest that it
+// does.
 bool IsChangeDue(const TScheduleSettings& schedule, TDateTime lastChange, TDateTime now);
 
 // The moment that intervals are counted from. A last change in the future (the clock was set back)

@@ -72,8 +72,7 @@ protected:
 
     static bool PumpUntil(const std::function<bool()>& condition, int milliseconds = 5000)
     {
-        const auto end =
-            std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
         while (!condition() && std::chrono::steady_clock::now() < end) {
             wxTheApp->Yield(true);
             wxTheApp->ProcessIdle();
@@ -86,7 +85,7 @@ protected:
         PumpUntil([] { return false; }, milliseconds);
     }
 
-    template <typename TControl>
+    template<typename TControl>
     TControl& Control(const char* name)
     {
         auto* control = dynamic_cast<TControl*>(wxWindow::FindWindowByName(name, m_main));
@@ -133,9 +132,8 @@ TEST_F(MainWindow, ShowsAddedPicturesAndComesBackWithThem)
     auto& list = Control<TMuListView>("lvWallpaper");
     EXPECT_EQ(list.GetItemCount(), 2);
     EXPECT_EQ(list.GetItemText(1, 1), wxString::FromUTF8("Gr\xC3\xBCn, 'quoted'.bmp"));
-    EXPECT_TRUE(PumpUntil([&] {
-        return Control<wxStaticText>("pStatusText").GetLabel().EndsWith("(40x30)");
-    }));
+    EXPECT_TRUE(PumpUntil(
+        [&] { return Control<wxStaticText>("pStatusText").GetLabel().EndsWith("(40x30)"); }));
     Close();
     Start();
     EXPECT_EQ(Control<TMuListView>("lvWallpaper").GetItemCount(), 2);
@@ -160,8 +158,7 @@ TEST_F(MainWindow, AppliesTheSelectedRowByItsAction)
 TEST_F(MainWindow, SettingsPagesFollowTheSelectionAndChangeTheItem)
 {
     Start();
-    m_main->Murala().AddFiles(
-        {Picture("A.bmp", 40, 30, 0), Picture("B.bmp", 40, 30, 0xFFFFFF)});
+    m_main->Murala().AddFiles({Picture("A.bmp", 40, 30, 0), Picture("B.bmp", 40, 30, 0xFFFFFF)});
     Select(0);
     auto& style = Control<wxChoice>("cbGammaStyle");
     style.SetSelection(gsVertical);
@@ -196,8 +193,8 @@ TEST_F(MainWindow, ModesShowTheirChecksHintsAndMessages)
     TActionList& actions = m_main->Actions();
     EXPECT_TRUE(actions["aDisplayStretched"].Checked());
     actions["aDisplayMirrorTiled"].Execute();
-    EXPECT_EQ(m_messages.Texts, std::vector<std::string>{
-                                    "This image is too large to use mirror tiled mode."});
+    EXPECT_EQ(m_messages.Texts,
+              std::vector<std::string>{"This image is too large to use mirror tiled mode."});
     EXPECT_TRUE(actions["aDisplayFitHorizontal"].Checked());
     EXPECT_EQ(actions["aDisplayNext"].Hint, "Display (Fit Horizontally)");
 }
@@ -237,8 +234,7 @@ TEST_F(MainWindow, ThePreviewIsComposedAndABrokenPictureSaysSo)
     const wxSize size = preview.Picture().GetSize();
     EXPECT_NEAR(static_cast<double>(size.x) / size.y, 320.0 / 200.0, 0.02);
     m_main->Murala().AddFiles({m_services.ProgramFolder + "Missing.jpg"});
-    EXPECT_TRUE(PumpUntil(
-        [&] { return preview.Text().Contains("could not be loaded"); }));
+    EXPECT_TRUE(PumpUntil([&] { return preview.Text().Contains("could not be loaded"); }));
     EXPECT_TRUE(m_messages.Texts.empty());
 }
 

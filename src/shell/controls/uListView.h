@@ -1,5 +1,5 @@
-// The wallpaper list: a report that asks for the texts of the rows it shows, so that its length costs
-// nothing.
+// The wallpaper list: a report that asks for the texts of the rows it shows, so that its length
+// costs nothing.
 #pragma once
 
 #include <functional>

@@ -71,8 +71,8 @@ int TPreviewPanel::PictureWidth(TSize proportions) const
     const wxSize area = GetClientSize();
     if (proportions.Width < 1 || proportions.Height < 1)
         return 0;
-    const double width = std::min<double>(
-        area.x, static_cast<double>(area.y) * proportions.Width / proportions.Height);
+    const double width = std::min<double>(area.x, static_cast<double>(area.y) * proportions.Width /
+                                                      proportions.Height);
     return static_cast<int>(width * GetContentScaleFactor());
 }
 

@@ -15,7 +15,10 @@ constexpr int SpeedButtonImageSide = 16;
 
 } // namespace
 
-wxString ToWx(std::string_view text) { return wxString::FromUTF8(text.data(), text.size()); }
+wxString ToWx(std::string_view text)
+{
+    return wxString::FromUTF8(text.data(), text.size());
+}
 
 wxString PlainCaption(std::string_view caption)
 {
@@ -76,8 +79,8 @@ void TActionBinder::Populate(wxMenu& menu, const std::string_view*& part,
             auto submenu = std::make_unique<wxMenu>();
             Populate(*submenu, ++part, end);
             if (submenu->GetMenuItemCount() > 0)
-                append(new wxMenuItem(&menu, wxID_ANY, caption, "", wxITEM_NORMAL,
-                                      submenu.release()));
+                append(
+                    new wxMenuItem(&menu, wxID_ANY, caption, "", wxITEM_NORMAL, submenu.release()));
             continue;
         }
         const TAction& action = m_actions[*part];
@@ -110,7 +113,6 @@ void TActionBinder::AppendMenu(wxMenuBar& bar, const wxString& caption, TLayout 
 
 void TActionBinder::FillToolBar(wxToolBar& bar, TLayout layout)
 {
-    bar.SetToolBitmapSize(bar.FromDIP(wxSize(ToolImageSide, ToolImageSide)));
     for (const std::string_view part : layout) {
         if (part == "-") {
             bar.AddSeparator();
@@ -118,9 +120,8 @@ void TActionBinder::FillToolBar(wxToolBar& bar, TLayout layout)
         }
         const TAction& action = m_actions[part];
         if (action.IsOffered())
-            bar.AddTool(IdOf(part), PlainCaption(action.Caption),
-                        ActionImage(part, ToolImageSide), ToWx(action.Hint),
-                        action.Checkable ? wxITEM_CHECK : wxITEM_NORMAL);
+            bar.AddTool(IdOf(part), PlainCaption(action.Caption), ActionImage(part, ToolImageSide),
+                        ToWx(action.Hint), action.Checkable ? wxITEM_CHECK : wxITEM_NORMAL);
     }
     bar.Realize();
 }

@@ -15,9 +15,9 @@ namespace murala
 class TActionBinder
 {
 public:
-    // A layout is a row of action names. "-" is a separator; "&Caption>" opens a submenu and "<" closes
-    // it. Actions that are not offered are left out, and separators and submenus that would stand
-    // for nothing, too.
+    // A layout is a row of action names. "-" is a separator; "&Caption>" opens a submenu and "<"
+    // closes it. Actions that are not offered are left out, and separators and submenus that would
+    // stand for nothing, too.
     using TLayout = std::initializer_list<std::string_view>;
 
     // Handles the actions' events of the window (and what comes up to it from its children).

@@ -10,6 +10,7 @@
 #include "../resources/murala.xpm"
 
 #include <algorithm>
+#include <utility>
 
 #include <wx/aboutdlg.h>
 #include <wx/colordlg.h>
@@ -76,7 +77,8 @@ TfMain::TfMain(const TServices& services)
 
 TfMain::~TfMain() = default;
 
-// --- building -------------------------------------------------------------------------------------
+// --- building
+// -------------------------------------------------------------------------------------
 
 void TfMain::BindWallpaperActions()
 {
@@ -87,8 +89,10 @@ void TfMain::BindWallpaperActions()
         alMain[name].OnEnabled = std::move(enabled);
     };
     bind("aAdd", [this] { aAddExecute(); });
-    bind("aRemove", [this] { m_murala.RemoveSelected(); }, hasSelection);
-    bind("aApply", [this] { m_murala.ApplySelected(); }, hasSelection);
+    bind(
+        "aRemove", [this] { m_murala.RemoveSelected(); }, hasSelection);
+    bind(
+        "aApply", [this] { m_murala.ApplySelected(); }, hasSelection);
     bind(
         "aApplyAndMinimize",
         [this] {
@@ -96,13 +100,17 @@ void TfMain::BindWallpaperActions()
             Iconize();
         },
         hasSelection);
-    bind("aSelectAll", [this] { lvWallpaper->SelectAll(); },
-         [this] { return m_murala.List.Count() > 0; });
-    bind("aRename", [this] { lvWallpaper->EditLabel(SelectedRow()); }, hasSelection);
-    bind("aNext", [this] { m_murala.Next(); }, [this] { return m_murala.List.Count() > 1; });
-    bind("aPrevious", [this] { m_murala.Previous(); },
-         [this] { return m_murala.List.Count() > 0; });
-    bind("aDesktopColor", [this] { aDesktopColorExecute(); }, hasSelection);
+    bind(
+        "aSelectAll", [this] { lvWallpaper->SelectAll(); },
+        [this] { return m_murala.List.Count() > 0; });
+    bind(
+        "aRename", [this] { lvWallpaper->EditLabel(SelectedRow()); }, hasSelection);
+    bind(
+        "aNext", [this] { m_murala.Next(); }, [this] { return m_murala.List.Count() > 1; });
+    bind(
+        "aPrevious", [this] { m_murala.Previous(); }, [this] { return m_murala.List.Count() > 0; });
+    bind(
+        "aDesktopColor", [this] { aDesktopColorExecute(); }, hasSelection);
 }
 
 void TfMain::BindDisplayModeActions()
@@ -174,14 +182,37 @@ void TfMain::BuildMenuBar()
 {
     auto* bar = new wxMenuBar;
     m_binder.AppendMenu(*bar, "&File", {"aNewGradient", "aGetWallpaper", "-", "aExit"});
-    m_binder.AppendMenu(
-        *bar, "&Wallpaper",
-        {"aAdd", "aRemove", "aRename", "aSelectAll", "-", "aApply", "aApplyAndMinimize", "aNext",
-         "aPrevious", "-", "&Display Mode>", "aDisplayTiled", "aDisplayCentered",
-         "aDisplayStretched", "aDisplayMirrorTiled", "aDisplayFitHorizontal",
-         "aDisplayFitVertical", "-", "aDisplayNext", "<", "-", "aChangeCategory",
-         "aRefreshThumbnail", "&Shell>", "aShellOpen", "aShellEdit", "<", "-", "aCalendar",
-         "aCalendarOptions"});
+    m_binder.AppendMenu(*bar, "&Wallpaper",
+                        {"aAdd",
+                         "aRemove",
+                         "aRename",
+                         "aSelectAll",
+                         "-",
+                         "aApply",
+                         "aApplyAndMinimize",
+                         "aNext",
+                         "aPrevious",
+                         "-",
+                         "&Display Mode>",
+                         "aDisplayTiled",
+                         "aDisplayCentered",
+                         "aDisplayStretched",
+                         "aDisplayMirrorTiled",
+                         "aDisplayFitHorizontal",
+                         "aDisplayFitVertical",
+                         "-",
+                         "aDisplayNext",
+                         "<",
+                         "-",
+                         "aChangeCategory",
+                         "aRefreshThumbnail",
+                         "&Shell>",
+                         "aShellOpen",
+                         "aShellEdit",
+                         "<",
+                         "-",
+                         "aCalendar",
+                         "aCalendarOptions"});
     m_binder.AppendMenu(*bar, "&View",
                         {"aViewList", "aViewThumbnails", "-", "&Thumbnail Size>", "aThumbSmall",
                          "aThumbNormal", "aThumbLarge", "<", "&Preview Size>", "aMiniSize",
@@ -195,11 +226,10 @@ void TfMain::BuildMenuBar()
 
 void TfMain::BuildClient()
 {
-    auto* client = new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL,
-                               "pMain");
+    auto* client =
+        new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "pMain");
     spVertical = new wxSplitterWindow(client, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                       wxSP_LIVE_UPDATE, "spVertical");
-    spVertical->SetSashGravity(1.0);
     spVertical->SetMinimumPaneSize(FromDIP(100));
     wxWindow* list = BuildListPanel(spVertical);
     wxWindow* right = BuildRightPanel(spVertical);
@@ -238,8 +268,8 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
     spHorizontal->SetMinimumPaneSize(FromDIP(60));
     iPreview = new TPreviewPanel(spHorizontal, "iPreview");
     iPreview->SetToolTip("Right click for menu");
-    pcEffect = new wxNotebook(spHorizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0,
-                              "pcEffect");
+    pcEffect =
+        new wxNotebook(spHorizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, "pcEffect");
     const auto addPage = [this](TSettingsPage* page, const char* caption) {
         pcEffect->AddPage(page, caption);
         m_pages.push_back(page);
@@ -266,11 +296,11 @@ wxSize TfMain::DesignSize() const
 
 wxWindow* TfMain::BuildBottomPanel(wxWindow* parent)
 {
-    auto* panel = new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL,
-                              "pBottom");
-    pbMain = new wxGauge(panel, wxID_ANY, 100, wxDefaultPosition,
-                         wxSize(FromDIP(120), GetCharHeight()), wxGA_HORIZONTAL,
-                         wxDefaultValidator, "pbMain");
+    auto* panel =
+        new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "pBottom");
+    pbMain =
+        new wxGauge(panel, wxID_ANY, 100, wxDefaultPosition, wxSize(FromDIP(120), GetCharHeight()),
+                    wxGA_HORIZONTAL, wxDefaultValidator, "pbMain");
     pbMain->Hide();
     pStatusText = new wxStaticText(panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                    wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE, "pStatusText");
@@ -286,9 +316,10 @@ wxWindow* TfMain::BuildBottomPanel(wxWindow* parent)
 
 void TfMain::BindEvents()
 {
-    lvWallpaper->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { lvWallpaperSelect(); });
-    lvWallpaper->Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent&) { lvWallpaperSelect(); });
-    lvWallpaper->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { m_murala.ApplySelected(); });
+    lvWallpaper->Bind(wxEVT_LIST_ITEM_SELECTED, &TfMain::lvWallpaperSelectItem, this);
+    lvWallpaper->Bind(wxEVT_LIST_ITEM_DESELECTED, &TfMain::lvWallpaperSelectItem, this);
+    lvWallpaper->Bind(wxEVT_LIST_ITEM_ACTIVATED,
+                      [this](wxListEvent&) { m_murala.ApplySelected(); });
     lvWallpaper->Bind(wxEVT_LIST_COL_CLICK, [this](wxListEvent& event) {
         m_murala.SortByColumn(event.GetColumn());
         lvWallpaper->ShowSortIndicator(event.GetColumn(), m_murala.IsSortAscending());
@@ -301,10 +332,7 @@ void TfMain::BindEvents()
             m_binder.NewMenu({"aMiniSize", "aNormalSize", "aLargeSize"}));
         PopupMenu(menu.get());
     });
-    spVertical->Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [this](wxSplitterEvent& event) {
-        const int rightmost = spVertical->GetClientSize().x - m_pagesSize.x;
-        event.SetSashPosition(std::min(event.GetSashPosition(), rightmost));
-    });
+    BindSplitters();
     iPreview->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
         if (!m_murala.Updating && !tSelectItem.IsRunning())
@@ -326,7 +354,37 @@ void TfMain::BindEvents()
     Bind(wxEVT_DROP_FILES, &TfMain::FormDropFiles, this);
 }
 
-// --- activation and close -------------------------------------------------------------------------
+// The right panel keeps its width and the preview its height when the window gets another size, as
+// the user has left them.
+void TfMain::BindSplitters()
+{
+    // The splitters tell of a new place also when they move a sash by themselves for lack of room.
+    const auto isDragged = [] { return wxGetMouseState().LeftIsDown(); };
+    spVertical->Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [=, this](wxSplitterEvent& event) {
+        const int width = spVertical->GetClientSize().x;
+        event.SetSashPosition(std::min(event.GetSashPosition(), width - m_pagesSize.x));
+        if (isDragged())
+            m_rightWidth = width - event.GetSashPosition();
+    });
+    spHorizontal->Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [=, this](wxSplitterEvent& event) {
+        if (isDragged())
+            m_previewHeight = event.GetSashPosition();
+    });
+    for (wxSplitterWindow* splitter : {spVertical, spHorizontal})
+        splitter->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+            event.Skip();
+            CallAfter(&TfMain::PlaceSplitters);
+        });
+}
+
+void TfMain::PlaceSplitters()
+{
+    spVertical->SetSashPosition(-m_rightWidth);
+    spHorizontal->SetSashPosition(m_previewHeight);
+}
+
+// --- activation and close
+// -------------------------------------------------------------------------
 
 void TfMain::Activate(const std::vector<std::string>& arguments, TInstanceLink& link)
 {
@@ -345,12 +403,9 @@ void TfMain::Activate(const std::vector<std::string>& arguments, TInstanceLink& 
     if (!wasVisible)
         Iconize();
     Show();
-    // The splitters can be set once the window has its size, and some window managers place a window
-    // by themselves when they see it first.
-    CallAfter([this, placement = m_murala.Settings.Placement] {
-        Place(placement);
-        SetPreviewSize(m_murala.Settings.PreviewSize);
-    });
+    SetPreviewSize(m_murala.Settings.PreviewSize);
+    // Some window managers place a window by themselves when they see it first.
+    CallAfter([this, placement = m_murala.Settings.Placement] { Place(placement); });
     m_murala.Updating = false;
     lvWallpaper->SetFocus();
     lvWallpaperSelect();
@@ -406,7 +461,8 @@ void TfMain::FormClose(wxCloseEvent& event)
     event.Skip();
 }
 
-// --- actions --------------------------------------------------------------------------------------
+// --- actions
+// --------------------------------------------------------------------------------------
 
 void TfMain::aAddExecute()
 {
@@ -472,15 +528,17 @@ void TfMain::SetPreviewSize(int size)
         const wxSize preview = FromDIP(wxSize(PreviewSizes[size].first, PreviewSizes[size].second));
         m_murala.Settings.PreviewSize = size;
         // The pages below keep the width that they need.
-        spVertical->SetSashPosition(-std::max(preview.x, m_pagesSize.x));
-        spHorizontal->SetSashPosition(preview.y);
+        m_rightWidth = std::max(preview.x, m_pagesSize.x);
+        m_previewHeight = preview.y;
+        PlaceSplitters();
         m_murala.Updating = updating;
     }
     PreviewChanged(false);
     m_murala.SaveSettings(TSaveFlags().set(sfPreviewSize));
 }
 
-// --- events ---------------------------------------------------------------------------------------
+// --- events
+// ---------------------------------------------------------------------------------------
 
 void TfMain::lvWallpaperKeyDown(wxListEvent& event)
 {
@@ -508,8 +566,16 @@ void TfMain::lvWallpaperContextMenu(wxContextMenuEvent&)
     PopupMenu(pmWallpaper.get());
 }
 
+// Selecting ten thousand rows makes as many events; they are answered together.
+void TfMain::lvWallpaperSelectItem(wxListEvent&)
+{
+    if (!std::exchange(m_isSelectionPending, true))
+        CallAfter([this] { lvWallpaperSelect(); });
+}
+
 void TfMain::lvWallpaperSelect()
 {
+    m_isSelectionPending = false;
     ItemChanged();
     PreviewChanged(true);
     SetStatus(m_murala.StatusText());
@@ -578,7 +644,8 @@ void TfMain::UpdateListHint()
                                 : "Right-Click for popup menu.");
 }
 
-// --- TMainView ------------------------------------------------------------------------------------
+// --- TMainView
+// ------------------------------------------------------------------------------------
 
 void TfMain::ShowMessage(const std::string& text)
 {
@@ -614,11 +681,20 @@ void TfMain::SetBusy(bool busy)
         m_busyCursor.emplace();
 }
 
-int TfMain::SelectedRow() { return lvWallpaper->SelectedRow(); }
+int TfMain::SelectedRow()
+{
+    return lvWallpaper->SelectedRow();
+}
 
-std::vector<int> TfMain::SelectedRows() { return lvWallpaper->SelectedRows(); }
+std::vector<int> TfMain::SelectedRows()
+{
+    return lvWallpaper->SelectedRows();
+}
 
-void TfMain::SelectRow(int row) { lvWallpaper->SelectOnly(row); }
+void TfMain::SelectRow(int row)
+{
+    lvWallpaper->SelectOnly(row);
+}
 
 void TfMain::RowsChanged()
 {
@@ -627,7 +703,10 @@ void TfMain::RowsChanged()
     UpdateListHint();
 }
 
-void TfMain::RowChanged(int row) { lvWallpaper->RefreshItem(row); }
+void TfMain::RowChanged(int row)
+{
+    lvWallpaper->RefreshItem(row);
+}
 
 void TfMain::ItemChanged()
 {
@@ -650,8 +729,14 @@ void TfMain::PreviewChanged(bool loadPicture)
     }
 }
 
-void TfMain::WallpaperChanged() { lvWallpaper->Refresh(); }
+void TfMain::WallpaperChanged()
+{
+    lvWallpaper->Refresh();
+}
 
-bool TfMain::IsWindowVisible() { return IsShown() && !IsIconized(); }
+bool TfMain::IsWindowVisible()
+{
+    return IsShown() && !IsIconized();
+}
 
 } // namespace murala

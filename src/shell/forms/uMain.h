@@ -25,8 +25,9 @@ public:
     explicit TfMain(const TServices& services);
     ~TfMain() override;
 
-    // The first activation: answers other copies from now on, applies a wallpaper when the arguments
-    // say so, shows the window where it stood at the last end, and takes in the arguments' files.
+    // The first activation: answers other copies from now on, applies a wallpaper when the
+    // arguments say so, shows the window where it stood at the last end, and takes in the
+    // arguments' files.
     void Activate(const std::vector<std::string>& arguments, TInstanceLink& link);
 
     TMurala& Murala() { return m_murala; }
@@ -44,6 +45,7 @@ private:
     wxWindow* BuildRightPanel(wxWindow* parent);
     wxWindow* BuildBottomPanel(wxWindow* parent);
     void BindEvents();
+    void BindSplitters();
 
     // --- actions ---
     void aAddExecute();
@@ -56,6 +58,7 @@ private:
     void lvWallpaperKeyDown(wxListEvent& event);
     void lvWallpaperEndLabelEdit(wxListEvent& event);
     void lvWallpaperContextMenu(wxContextMenuEvent& event);
+    void lvWallpaperSelectItem(wxListEvent& event);
     void lvWallpaperSelect();
     void tSelectItemTimer();
     void tPreviewUpdateTimer();
@@ -66,6 +69,7 @@ private:
     void TrackPlacement();
 
     wxSize DesignSize() const;
+    void PlaceSplitters();
     void Place(const TPlacement& placement);
     void UpdateListHint();
     std::string CellText(int row, int column) const;
@@ -105,6 +109,8 @@ private:
     wxGauge* pbMain = nullptr;
     wxStaticText* pStatusText = nullptr;
     wxTimer tSelectItem, tPreviewUpdate, tSchedule, tRefreshIcons;
+    int m_rightWidth = 0, m_previewHeight = 0;
+    bool m_isSelectionPending = false;
     TPlacement m_placement;
     std::optional<wxBusyCursor> m_busyCursor;
     int m_busyDepth = 0;

@@ -25,7 +25,8 @@ constexpr TTintBar TintBars[] = {
 
 } // namespace
 
-// --- TSettingsPage --------------------------------------------------------------------------------
+// --- TSettingsPage
+// --------------------------------------------------------------------------------
 
 TSettingsPage::TSettingsPage(wxWindow* parent, const wxString& name)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
@@ -42,7 +43,8 @@ void TSettingsPage::Finish(wxSizer* content)
     FitInside();
 }
 
-// --- TDesktopPage ---------------------------------------------------------------------------------
+// --- TDesktopPage
+// ---------------------------------------------------------------------------------
 
 TDesktopPage::TDesktopPage(wxWindow* parent, TMurala& murala, TActionBinder& binder,
                            TActionList& actions)
@@ -69,9 +71,9 @@ TDesktopPage::TDesktopPage(wxWindow* parent, TMurala& murala, TActionBinder& bin
     content->Add(colors, wxSizerFlags().Expand().DoubleBorder(wxTOP));
     const TAction& transparent = actions["aTransparentIcons"];
     if (transparent.IsOffered()) {
-        m_transparentIcons = new wxCheckBox(this, wxID_ANY, ToWx(transparent.Caption),
-                                            wxDefaultPosition, wxDefaultSize, 0,
-                                            wxDefaultValidator, "cbTransparentIcons");
+        m_transparentIcons =
+            new wxCheckBox(this, wxID_ANY, ToWx(transparent.Caption), wxDefaultPosition,
+                           wxDefaultSize, 0, wxDefaultValidator, "cbTransparentIcons");
         m_transparentIcons->Bind(wxEVT_CHECKBOX, [&](wxCommandEvent&) { transparent.Execute(); });
         content->Add(m_transparentIcons, wxSizerFlags().DoubleBorder(wxTOP));
     }
@@ -92,8 +94,8 @@ wxButton* TDesktopPage::NewColorButton(TColor color, const wxString& name, const
 
 void TDesktopPage::ShowItem(const TMuWallpaper* item)
 {
-    m_desktopColor->SetBackgroundColour(
-        item != nullptr ? ToWxColour(item->DesktopColor) : GetBackgroundColour());
+    m_desktopColor->SetBackgroundColour(item != nullptr ? ToWxColour(item->DesktopColor)
+                                                        : GetBackgroundColour());
     m_desktopColor->Refresh();
     m_black->Enable(item != nullptr);
     m_white->Enable(item != nullptr);
@@ -103,7 +105,8 @@ void TDesktopPage::ShowItem(const TMuWallpaper* item)
     }
 }
 
-// --- TTintPage ------------------------------------------------------------------------------------
+// --- TTintPage
+// ------------------------------------------------------------------------------------
 
 TTintPage::TTintPage(wxWindow* parent, TMurala& murala)
     : TSettingsPage(parent, "tsGamma"), m_murala(murala)
@@ -178,8 +181,8 @@ void TTintPage::ShowItem(const TMuWallpaper* item)
             (*bar++)->SetValue(value);
     };
     // One slider for all channels can only show one of them: red, the first.
-    show(m_start, {shown.GammaStartRed, shown.GammaStartRed, shown.GammaStartGreen,
-                   shown.GammaStartBlue});
+    show(m_start,
+         {shown.GammaStartRed, shown.GammaStartRed, shown.GammaStartGreen, shown.GammaStartBlue});
     show(m_end, {shown.GammaEndRed, shown.GammaEndRed, shown.GammaEndGreen, shown.GammaEndBlue});
     EnableGroups(item);
 }
@@ -191,7 +194,8 @@ void TTintPage::EnableGroups(const TMuWallpaper* item)
     m_end.Box->Enable(item != nullptr && item->GammaStyle > gsSolid);
 }
 
-// --- TEffectPage ----------------------------------------------------------------------------------
+// --- TEffectPage
+// ----------------------------------------------------------------------------------
 
 TEffectPage::TEffectPage(wxWindow* parent, TMurala& murala)
     : TSettingsPage(parent, "tsEffect"), m_murala(murala)

@@ -12,7 +12,7 @@ namespace
 
 constexpr int MaximumFrequency = 999;
 
-template <std::size_t Count>
+template<std::size_t Count>
 wxArrayString Names(const std::string_view (&names)[Count])
 {
     wxArrayString result;
@@ -44,6 +44,7 @@ TfSchedule::TfSchedule(wxWindow* parent, const TScheduleSettings& schedule, TDat
     ShowSchedule(schedule);
     SetSizerAndFit(frame);
     CentreOnParent();
+    cbUseSchedule->SetFocus();
     cbUseSchedule->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { UpdateControls(); });
     cbUnits->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { UpdateControls(); });
     seFrequency->Bind(wxEVT_SPINCTRL, [this](wxSpinEvent&) { UpdateControls(); });

@@ -1,6 +1,8 @@
 #include "uPath.h"
 #include "uProgramFolder.h"
 
+#include <cstdlib>
+
 #include <windows.h>
 
 namespace murala
@@ -18,6 +20,11 @@ std::string ProgramFile()
         }
         file.resize(file.size() * 2);
     }
+}
+
+std::vector<std::string> ProgramArguments()
+{
+    return {__argv + 1, __argv + __argc};
 }
 
 std::string ProgramFolder()

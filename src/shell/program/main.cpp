@@ -1,5 +1,6 @@
 #include "uMain.h"
 #include "uProgramEntry.h"
+#include "uProgramFolder.h"
 
 #include <wx/app.h>
 
@@ -13,9 +14,7 @@ public:
     {
         SetAppName("Murala");
         SetClassName("murala");
-        std::vector<std::string> arguments;
-        for (int i = 1; i < argc; ++i)
-            arguments.push_back(wxString(argv[i]).utf8_string());
+        const std::vector<std::string> arguments = ProgramArguments();
         m_services = std::make_unique<THomeServices>();
         m_link = NewInstanceLink();
         if (EnterProgram(arguments, m_services->Registry(), *m_link) == TEntry::End)

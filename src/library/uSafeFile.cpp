@@ -64,11 +64,13 @@ TFileReplacement::TFileReplacement(const std::string& path, TFlush flush)
     : m_path(FollowLinks(path)), m_newPath(m_path + ".new"), m_flush(flush)
 {
     const bool exists = FileExists(m_path);
-    // A rename would also replace a file that may not be written.
+    std::error_code ignored; // not every file system knows permissions
+    // A rename would also replace devices, pipes and a file that may not be written.
+    if (exists && !fs::is_regular_file(NativePath(m_path), ignored))
+        Fail("replace", m_path, std::make_error_code(std::errc::operation_not_supported));
     if (exists)
         OpenFile(m_path, "r+b");
     m_file = OpenFile(m_newPath, "wb");
-    std::error_code ignored; // not every file system knows permissions
     if (exists)
         fs::permissions(NativePath(m_newPath),
                         fs::status(NativePath(m_path), ignored).permissions(), ignored);

@@ -20,8 +20,6 @@ std::string TMurala::FilePath(std::string_view name) const
     return JoinPath(m_services.ProgramFolder, name);
 }
 
-// --- start and end ----------------------------------------------------------------------------
-
 void TMurala::LoadSettings(const TPlacement& placement)
 {
     const TSettingsDefaults defaults{m_services.ProgramFolder, m_services.Clock.Now(), placement};
@@ -69,8 +67,6 @@ void TMurala::Close()
     ReleasePreview();
 }
 
-// --- saving -------------------------------------------------------------------------------------
-
 void TMurala::SaveList()
 {
     if (Updating)
@@ -117,8 +113,6 @@ void TMurala::SaveSettings(TSaveFlags parts)
     }
 }
 
-// --- state --------------------------------------------------------------------------------------
-
 TMuWallpaper* TMurala::SelectedItem() const
 {
     const int row = m_view.SelectedRow();
@@ -142,8 +136,6 @@ std::string TMurala::StatusText() const
     return FormatText("%s - %s - (%dx%d)", {item->Title, fileName, std::to_string(size.Width),
                                             std::to_string(size.Height)});
 }
-
-// --- the list -----------------------------------------------------------------------------------
 
 int TMurala::AddFiles(const std::vector<std::string>& fileNames, const std::string& category)
 {

@@ -38,7 +38,7 @@ public:
 
     TMurala(const TServices& services, TMainView& view);
 
-    // --- start and end -------------------------------------------------------------------------
+    // Start and end.
     // `placement` is the window's present one.
     void LoadSettings(const TPlacement& placement);
     // The list file and the current wallpaper. A line that cannot be read is told to the user; the
@@ -46,11 +46,11 @@ public:
     void LoadList();
     void Close();
 
-    // --- saving (skipped while Updating; failures are told to the user) ------------------------
+    // Saving (skipped while Updating; failures are told to the user).
     void SaveList();
     void SaveSettings(TSaveFlags parts);
 
-    // --- state ---------------------------------------------------------------------------------
+    // State.
     // Index of the wallpaper on the desktop, -1 when there is none.
     int CurrentIndex() const { return m_current; }
     // The selected item or null.
@@ -60,7 +60,7 @@ public:
     bool IsSortAscending() const { return m_sortAscending; }
     std::string StatusText() const;
 
-    // --- the list ------------------------------------------------------------------------------
+    // The list.
     // Files that are in the list already are left out. An empty category: each file's folder.
     // Returns how many were added.
     int AddFiles(const std::vector<std::string>& fileNames, const std::string& category = {});
@@ -70,7 +70,7 @@ public:
     // The same column again inverts the direction.
     void SortByColumn(int column);
 
-    // --- the selected item ---------------------------------------------------------------------
+    // The selected item.
     void SetDisplayMode(std::uint8_t mode);
     void StepDisplayMode();
     void SetGammaStyle(std::uint8_t style);
@@ -80,7 +80,7 @@ public:
     void ToggleTransparentIcons();
     void SetEffect(const std::string& effect);
 
-    // --- the desktop ---------------------------------------------------------------------------
+    // The desktop.
     void ApplySelected();
     // Composes and installs the current item. Whether it is on the desktop now.
     bool ComposeWallpaper(bool startEffect, TReport report = TReport::MessageBox);
@@ -94,23 +94,23 @@ public:
     void RefreshTick();
     TSize ScreenSize() const { return m_services.Desktop.ScreenSize(); }
 
-    // --- the schedule --------------------------------------------------------------------------
+    // The schedule.
     void SetSchedule(const TScheduleSettings& schedule);
     void ScheduleTick();
 
-    // --- start with the session ----------------------------------------------------------------
+    // Start with the session.
     bool StartAtStartup() const { return m_startAtStartup; }
     void SetStartAtStartup(bool start);
     void SetApplyOnStartup(bool apply);
     void SetNextOnStartup(bool next);
 
-    // --- other programs ------------------------------------------------------------------------
+    // Other programs.
     // Takes in the files that other copies have queued.
     void ImportQueuedFiles();
     void OpenSelected(TShellVerb verb);
     void OpenDisplayProperties() { m_services.Launcher.OpenDisplayProperties(); }
 
-    // --- the preview ---------------------------------------------------------------------------
+    // The preview.
     // Loads the selected item's picture; an empty text when that worked, else what to show instead.
     std::string LoadPreview();
     // The selected item as it will look, `width` pixels wide, in the screen's proportions. Empty

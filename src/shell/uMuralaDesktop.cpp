@@ -14,9 +14,6 @@
 namespace murala
 {
 
-// --- applying
-// -------------------------------------------------------------------------------------
-
 void TMurala::ReportProblem(TReport report, const std::string& text)
 {
     if (report == TReport::MessageBox)
@@ -115,9 +112,6 @@ void TMurala::Previous()
     ApplyRow(row < 0 ? List.Count() - 1 : row, TReport::MessageBox);
 }
 
-// --- effects
-// --------------------------------------------------------------------------------------
-
 void TMurala::ApplyEffect(const TMuWallpaper& item, bool startEffect, TReport report)
 {
     if (IsNoEffect(item.Effect)) {
@@ -157,9 +151,6 @@ void TMurala::RunEffectSettings()
     ReportEffect(start, item->Effect, TReport::MessageBox);
 }
 
-// --- timers
-// ---------------------------------------------------------------------------------------
-
 void TMurala::RefreshTick()
 {
     if (m_services.ScreenSaver.IsRunning())
@@ -192,9 +183,6 @@ void TMurala::ScheduleTick()
         Settings.LastChangeDate = now;
     }
 }
-
-// --- start with the session
-// -----------------------------------------------------------------------
 
 std::string TMurala::StartupCommand() const
 {
@@ -229,9 +217,6 @@ void TMurala::SetNextOnStartup(bool next)
     Settings.NextOnStartup = next;
     SaveSettings(TSaveFlags().set(sfNextOnStartup));
 }
-
-// --- other programs
-// -------------------------------------------------------------------------------
 
 void TMurala::ImportQueuedFiles()
 {

@@ -9,8 +9,6 @@
 namespace murala
 {
 
-// --- the selected item --------------------------------------------------------------------------
-
 void TMurala::ItemEdited()
 {
     m_view.ItemChanged();
@@ -107,8 +105,6 @@ void TMurala::SetEffect(const std::string& effect)
     m_view.ItemChanged();
     SaveList();
 }
-
-// --- the preview --------------------------------------------------------------------------------
 
 std::string TMurala::LoadPreview()
 {

@@ -34,7 +34,7 @@ public:
     TActionList& Actions() { return alMain; }
 
 private:
-    // --- building, in this order ---
+    // Building, in this order.
     void BindWallpaperActions();
     void BindDisplayModeActions();
     void BindWindowActions();
@@ -47,14 +47,14 @@ private:
     void BindEvents();
     void BindSplitters();
 
-    // --- actions ---
+    // Actions.
     void aAddExecute();
     void aDesktopColorExecute();
     void aAboutExecute();
     void aScheduleExecute();
     void SetPreviewSize(int size);
 
-    // --- events ---
+    // Events.
     void lvWallpaperKeyDown(wxListEvent& event);
     void lvWallpaperEndLabelEdit(wxListEvent& event);
     void lvWallpaperContextMenu(wxContextMenuEvent& event);
@@ -74,7 +74,7 @@ private:
     void UpdateListHint();
     std::string CellText(int row, int column) const;
 
-    // --- TMainView ---
+    // TMainView.
     void ShowMessage(const std::string& text) override;
     void SetStatus(const std::string& text) override;
     void ShowProgress(int position, int range) override;

@@ -25,9 +25,6 @@ constexpr TTintBar TintBars[] = {
 
 } // namespace
 
-// --- TSettingsPage
-// --------------------------------------------------------------------------------
-
 TSettingsPage::TSettingsPage(wxWindow* parent, const wxString& name)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                        wxTAB_TRAVERSAL | wxVSCROLL | wxHSCROLL, name)
@@ -42,9 +39,6 @@ void TSettingsPage::Finish(wxSizer* content)
     SetScrollRate(FromDIP(8), FromDIP(8));
     FitInside();
 }
-
-// --- TDesktopPage
-// ---------------------------------------------------------------------------------
 
 TDesktopPage::TDesktopPage(wxWindow* parent, TMurala& murala, TActionBinder& binder,
                            TActionList& actions)
@@ -104,9 +98,6 @@ void TDesktopPage::ShowItem(const TMuWallpaper* item)
         m_transparentIcons->SetValue(item != nullptr && item->TransparentIcons);
     }
 }
-
-// --- TTintPage
-// ------------------------------------------------------------------------------------
 
 TTintPage::TTintPage(wxWindow* parent, TMurala& murala)
     : TSettingsPage(parent, "tsGamma"), m_murala(murala)
@@ -193,9 +184,6 @@ void TTintPage::EnableGroups(const TMuWallpaper* item)
     m_start.Box->Enable(item != nullptr && item->GammaStyle != gsNone);
     m_end.Box->Enable(item != nullptr && item->GammaStyle > gsSolid);
 }
-
-// --- TEffectPage
-// ----------------------------------------------------------------------------------
 
 TEffectPage::TEffectPage(wxWindow* parent, TMurala& murala)
     : TSettingsPage(parent, "tsEffect"), m_murala(murala)

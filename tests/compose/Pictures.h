@@ -2,8 +2,8 @@
 #pragma once
 
 #include "uImageFile.h"
-#include "uPath.h"
 #include "uSafeFile.h"
+#include "uTempFolder.h"
 
 #include <cstdint>
 #include <initializer_list>
@@ -11,40 +11,17 @@
 #include <string_view>
 #include <vector>
 
-#include <gtest/gtest.h>
-
 namespace murala
 {
 
-// A folder of its own for the running test, removed with everything in it.
-class TTestFolder
+class TTestFolder : public TTempFolder
 {
 public:
-    TTestFolder()
-    {
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        m_path = std::filesystem::temp_directory_path() /
-                 (std::string("murala-") + test->test_suite_name() + "-" + test->name());
-        std::filesystem::remove_all(m_path);
-        std::filesystem::create_directories(m_path);
-    }
-    ~TTestFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-    TTestFolder(const TTestFolder&) = delete;
-    TTestFolder& operator=(const TTestFolder&) = delete;
-
-    std::string File(std::string_view name) const { return PathText(m_path / NativePath(name)); }
     std::string Write(std::string_view name, std::string_view content) const
     {
         ReplaceWholeFile(File(name), content, TFlush::ToSystemCache);
         return File(name);
     }
-
-private:
-    std::filesystem::path m_path;
 };
 
 inline constexpr TPixel ColorBits = 0xFFFFFF;

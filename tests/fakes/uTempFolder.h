@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <string>
 
@@ -18,8 +19,10 @@ public:
     {
         const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
         const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+        std::string name = test->name();
+        std::ranges::replace(name, '/', '-'); // in the names of parameterised tests
         m_folder = std::filesystem::temp_directory_path() /
-                   NativePath("murala-" + std::string(test->name()) + "-" + std::to_string(ticks));
+                   NativePath("murala-" + name + "-" + std::to_string(ticks));
         std::filesystem::create_directories(m_folder);
     }
     TTempFolder(const TTempFolder&) = delete;

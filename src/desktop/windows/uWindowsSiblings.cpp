@@ -83,8 +83,8 @@ public:
     void PostClose(TWindowId window) override
     {
         PostMessageA(reinterpret_cast<HWND>(window), WM_CLOSE, 0, 0);
-        SendMessageTimeoutA(HWND_BROADCAST, WM_NULL, 0, 0, SMTO_NORMAL | SMTO_ABORTIFHUNG, 50,
-                            nullptr);
+        // Windows of other threads are not waited for: each that hangs would cost time.
+        SendNotifyMessageA(HWND_BROADCAST, WM_NULL, 0, 0);
     }
 
 private:

@@ -118,12 +118,7 @@ public:
     void ReadRow(int y, TPixel* row) override
     {
         auto* samples = m_ink.empty() ? reinterpret_cast<JSAMPLE*>(row) : m_ink.data();
-        m_isBroken = m_isBroken || !m_error.Guarded([=, this]() mutable {
-            const auto passedOver = static_cast<JDIMENSION>(y) - m_info.output_scanline;
-            if (passedOver > 0)
-                jpeg_skip_scanlines(&m_info, passedOver);
-            jpeg_read_scanlines(&m_info, &samples, 1);
-        });
+        m_isBroken = m_isBroken || !m_error.Guarded([=, this] { Decode(y, samples); });
         if (m_isBroken)
             std::fill_n(row, m_info.output_width, 0);
         else if (!m_ink.empty())
@@ -170,6 +165,21 @@ private:
         default:
             throw EImageFormat("JPEG: unknown colours");
         }
+    }
+
+    // libjpeg 2.1 passes rows over correctly only from and to the borders of the groups in which it
+    // scales the colours up.
+    void Decode(int y, JSAMPLE* samples)
+    {
+        const auto wanted = static_cast<JDIMENSION>(y);
+        const auto group = static_cast<JDIMENSION>(m_info.max_v_samp_factor);
+        const auto next = (m_info.output_scanline + group - 1) / group * group;
+        while (m_info.output_scanline < std::min(next, wanted))
+            jpeg_read_scanlines(&m_info, &samples, 1);
+        if (const JDIMENSION groups = (wanted - m_info.output_scanline) / group; groups > 0)
+            jpeg_skip_scanlines(&m_info, groups * group);
+        while (m_info.output_scanline <= wanted)
+            jpeg_read_scanlines(&m_info, &samples, 1);
     }
 
     TFile m_file;

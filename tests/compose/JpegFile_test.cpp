@@ -49,18 +49,29 @@ TEST(JpegFileTest, QualityDecidesTheSize)
               ReadWholeFile(folder.File("high")).size());
 }
 
+// The first component's sampling factors stand behind the frame header's ten bytes. Other factors
+// scramble the picture, but it stays one.
+std::string WithSampling(std::string jpeg, char factors)
+{
+    jpeg.at(jpeg.find("\xFF\xC0") + 11) = factors;
+    return jpeg;
+}
+
 TEST(JpegFileTest, PassingRowsOverChangesNoPixel)
 {
     const TTestFolder folder;
-    const std::string name = PhotoJpeg(folder, 50, 200);
-    const TRows whole = RowsOf(LoadImageFile(name));
-    for (const int step : {1, 2, 3, 7, 15, 16, 17, 33, 100}) {
-        const auto reader = OpenImage(name);
-        TBitmap row(50, 1);
-        for (int y = step - 1; y < 200; y += step) {
-            reader->ReadRow(y, row.Row(0));
-            ASSERT_EQ(RowsOf(row)[0], whole[static_cast<std::size_t>(y)])
-                << "row " << y << " by " << step;
+    const std::string photo = ReadWholeFile(PhotoJpeg(folder, 50, 200));
+    for (const char factors : {0x11, 0x12, 0x14, 0x21, 0x22, 0x24, 0x42}) {
+        const std::string name = folder.Write("photo.jpg", WithSampling(photo, factors));
+        const TRows whole = RowsOf(LoadImageFile(name));
+        for (const int step : {2, 3, 7, 16, 17, 33, 100}) {
+            const auto reader = OpenImage(name);
+            TBitmap row(50, 1);
+            for (int y = step - 1; y < 200; y += step) {
+                reader->ReadRow(y, row.Row(0));
+                ASSERT_EQ(RowsOf(row)[0], whole[static_cast<std::size_t>(y)])
+                    << "row " << y << " by " << step << ", factors " << int{factors};
+            }
         }
     }
 }

@@ -11,6 +11,7 @@
 #include <X11/Xatom.h>
 
 #include <bit>
+#include <cstdlib>
 
 namespace murala
 {
@@ -147,6 +148,13 @@ private:
     Visual* m_visual;
 };
 
+// Below a Wayland compositor the root window of its X server is never seen.
+bool IsHidden()
+{
+    const char* compositor = std::getenv("WAYLAND_DISPLAY");
+    return compositor != nullptr && *compositor != '\0';
+}
+
 class TRootWindowBackground : public TBackground
 {
 public:
@@ -154,6 +162,8 @@ public:
 
     bool SetPicture(const std::string& path, TColor color) override
     try {
+        if (IsHidden())
+            return false;
         const TBitmap picture = LoadImageFile(path);
         const auto monitors = ReadScreens().Monitors;
         const TDisplay display = OpenDisplay();

@@ -1,5 +1,8 @@
 #include "uSessionBus.h"
 
+#include <cstdlib>
+#include <filesystem>
+
 namespace murala
 {
 
@@ -8,11 +11,22 @@ namespace
 constexpr int TimeLimitMs = 5000;
 constexpr int ShortTimeLimitMs = 500;
 
+// Without this GLib would start a bus of its own, at every call, where nobody is to be found.
+bool HasSessionBus()
+{
+    const char* runtime = std::getenv("XDG_RUNTIME_DIR");
+    std::error_code error;
+    return std::getenv("DBUS_SESSION_BUS_ADDRESS") != nullptr ||
+           (runtime != nullptr &&
+            std::filesystem::exists(std::filesystem::path(runtime) / "bus", error));
+}
+
 TVariant Call(const TBusObject& object, const char* method, GVariant* arguments,
               const char* answerType, GDBusCallFlags flags, int timeLimitMs)
 {
     const TVariant owned(arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr);
-    const TGObject<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+    const TGObject<GDBusConnection> bus(
+        HasSessionBus() ? g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr) : nullptr);
     if (!bus)
         return nullptr;
     // A bus that goes away must not take the program with it.

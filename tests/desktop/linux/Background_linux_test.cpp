@@ -57,76 +57,6 @@ TEST(GnomeBackground, SchemaThatIsNotInstalledIsAFailure)
     }
 }
 
-// Plasma's shell as far as it is asked: it remembers scripts and prints the address that it is
-// given.
-class TFakePlasma
-{
-public:
-    std::vector<std::string> Scripts;
-    std::string Printed;
-
-    TFakePlasma()
-    {
-        m_thread = g_thread_new("plasma", Run, this);
-        while (!m_ready)
-            g_usleep(1000);
-    }
-    ~TFakePlasma()
-    {
-        g_main_loop_quit(m_loop);
-        g_thread_join(m_thread);
-    }
-
-private:
-    static void OnCall(GDBusConnection*, const char*, const char*, const char*, const char*,
-                       GVariant* arguments, GDBusMethodInvocation* call, gpointer self)
-    {
-        auto* plasma = static_cast<TFakePlasma*>(self);
-        const char* script = nullptr;
-        g_variant_get(arguments, "(&s)", &script);
-        plasma->Scripts.emplace_back(script);
-        g_dbus_method_invocation_return_value(call, g_variant_new("(s)", plasma->Printed.c_str()));
-    }
-
-    static gpointer Run(gpointer self)
-    {
-        auto* plasma = static_cast<TFakePlasma*>(self);
-        GMainContext* context = g_main_context_new();
-        g_main_context_push_thread_default(context);
-        plasma->m_loop = g_main_loop_new(context, FALSE);
-        const TGText address(g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
-        const TGObject<GDBusConnection> bus(g_dbus_connection_new_for_address_sync(
-            address.get(),
-            static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                              G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-            nullptr, nullptr, nullptr));
-        GDBusNodeInfo* node = g_dbus_node_info_new_for_xml(
-            "<node><interface name='org.kde.PlasmaShell'><method name='evaluateScript'>"
-            "<arg type='s' direction='in'/><arg type='s' direction='out'/></method></interface>"
-            "</node>",
-            nullptr);
-        const GDBusInterfaceVTable table{OnCall, nullptr, nullptr, {}};
-        g_dbus_connection_register_object(bus.get(), "/PlasmaShell", node->interfaces[0], &table,
-                                          self, nullptr, nullptr);
-        g_bus_own_name_on_connection(
-            bus.get(), "org.kde.plasmashell", G_BUS_NAME_OWNER_FLAGS_NONE,
-            [](GDBusConnection*, const char*, gpointer fake) {
-                static_cast<TFakePlasma*>(fake)->m_ready = true;
-            },
-            nullptr, self, nullptr);
-        g_main_loop_run(plasma->m_loop);
-        g_dbus_node_info_unref(node);
-        g_main_loop_unref(plasma->m_loop);
-        g_main_context_pop_thread_default(context);
-        g_main_context_unref(context);
-        return nullptr;
-    }
-
-    GThread* m_thread;
-    GMainLoop* m_loop = nullptr;
-    std::atomic<bool> m_ready = false;
-};
-
 TEST(PlasmaBackground, ScriptNamesThePictureWithoutWaysOut)
 {
     TTestSession session;
@@ -136,17 +66,27 @@ TEST(PlasmaBackground, ScriptNamesThePictureWithoutWaysOut)
     const auto desktop = NewDesktop(session.ProgramFolder());
     EXPECT_FALSE(desktop->SetWallpaperFile(picture)) << "no shell runs";
 
-    TFakePlasma plasma;
+    std::vector<std::string> scripts;
+    std::string printed;
+    const TTestService plasma("org.kde.plasmashell", "/PlasmaShell", "org.kde.PlasmaShell",
+                              "<method name='evaluateScript'><arg type='s' direction='in'/>"
+                              "<arg type='s' direction='out'/></method>",
+                              [&](GVariant* arguments) {
+                                  const char* script = nullptr;
+                                  g_variant_get(arguments, "(&s)", &script);
+                                  scripts.emplace_back(script);
+                                  return g_variant_new("(s)", printed.c_str());
+                              });
     desktop->StoreDesktopColorText("12 11 10");
     ASSERT_TRUE(desktop->SetWallpaperFile(picture));
-    const std::string& script = plasma.Scripts.back();
+    const std::string& script = scripts.back();
     EXPECT_NE(script.find("d.wallpaperPlugin = 'org.kde.image'"), std::string::npos);
     EXPECT_NE(script.find("/a%20b%27%C3%BC%2520%22$(x).bmp')"), std::string::npos) << script;
     EXPECT_NE(script.find("d.writeConfig('Color', '12,11,10')"), std::string::npos) << script;
 
-    plasma.Printed = FileUri(picture) + "\n";
+    printed = FileUri(picture) + "\n";
     ASSERT_TRUE(desktop->SetWallpaperFile(picture));
-    EXPECT_NE(plasma.Scripts.back().find("(x)~.bmp')"), std::string::npos) << "its twin";
+    EXPECT_NE(scripts.back().find("(x)~.bmp')"), std::string::npos) << "its twin";
 }
 
 TEST(CommandBackground, ProgramsAreGivenThePicture)

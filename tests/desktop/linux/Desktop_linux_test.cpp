@@ -95,6 +95,8 @@ TEST(RootWindow, ShowsThePictureForOthersToFind)
     ReplaceWholeFile(session.File("broken.bmp"), "BM", TFlush::ToSystemCache);
     EXPECT_FALSE(desktop->SetWallpaperFile(session.File("broken.bmp")));
     EXPECT_TRUE(screen.Shows(TestPicture(320, 240, 99)));
+    session.SetVariable("WAYLAND_DISPLAY", "wayland-0");
+    EXPECT_FALSE(desktop->SetWallpaperFile(session.File(AwkwardName))) << "nobody would see it";
 }
 
 TEST(RootWindow, LeavesTheProgramThatSetTheRootAlive)

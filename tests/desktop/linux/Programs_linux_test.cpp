@@ -2,6 +2,8 @@
 #include "uEffects.h"
 #include "uFileSearch.h"
 #include "uInstanceLink.h"
+#include "uLocale.h"
+#include "uProgramFolder.h"
 #include "uScreenSaver.h"
 #include "uTestSession.h"
 #include "uWindowSocket.h"
@@ -237,6 +239,42 @@ TEST(ScreenSaver, ServersOwnSaverCounts)
     XForceScreenSaver(screen.Get(), ScreenSaverReset);
     XSync(screen.Get(), False);
     EXPECT_FALSE(saver->IsRunning());
+}
+
+TEST(ScreenSaver, SessionsSaverCountsWhileItIsActive)
+{
+    TTestSession session;
+    TTestBus bus(false);
+    const auto saver = NewScreenSaver();
+    EXPECT_FALSE(saver->IsRunning());
+    bool active = false;
+    const TTestService service("org.gnome.ScreenSaver", "/org/gnome/ScreenSaver",
+                               "org.gnome.ScreenSaver",
+                               "<method name='GetActive'><arg type='b' direction='out'/></method>",
+                               [&](GVariant*) { return g_variant_new("(b)", active); });
+    EXPECT_FALSE(saver->IsRunning());
+    active = true;
+    EXPECT_TRUE(saver->IsRunning());
+}
+
+TEST(LinuxLocale, UpperCaseKeepsWhatIsNoText)
+{
+    const auto locale = NewLocale();
+    EXPECT_EQ(locale->UpperCase("größe é\xFFz\xC3"), "GRÖßE É\xFFZ\xC3");
+    EXPECT_LT(locale->Compare("a", "b"), 0);
+    EXPECT_GT(locale->Compare("b", "a"), 0);
+    EXPECT_EQ(locale->Compare("a", "a"), 0);
+}
+
+TEST(LinuxProgramFolder, IsTheUsersAndIsMade)
+{
+    TTestSession session;
+    EXPECT_EQ(ProgramFolder(), session.File(".local/share/murala/"));
+    session.SetVariable("XDG_DATA_HOME", "relative");
+    EXPECT_EQ(ProgramFolder(), session.File(".local/share/murala/")) << "no base for it";
+    session.SetVariable("XDG_DATA_HOME", session.File("data"));
+    EXPECT_EQ(ProgramFolder(), session.File("data/murala/"));
+    EXPECT_TRUE(std::filesystem::is_directory(session.File("data/murala")));
 }
 
 TEST(FileSearch, BracketsAndStarsInNamesAreNames)

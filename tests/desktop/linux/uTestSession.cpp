@@ -130,6 +130,59 @@ TTestBus::~TTestBus()
     g_test_dbus_down(m_bus.get());
 }
 
+TTestService::TTestService(const std::string& name, const std::string& path,
+                           const std::string& interface, const std::string& methods, TAnswer answer)
+    : m_answer(std::move(answer)), m_thread([=, this] { Run(name, path, interface, methods); })
+{
+    while (!m_ready)
+        g_usleep(1000);
+}
+
+TTestService::~TTestService()
+{
+    g_main_loop_quit(m_loop);
+    m_thread.join();
+}
+
+void TTestService::Run(const std::string& name, const std::string& path,
+                       const std::string& interface, const std::string& methods)
+{
+    GMainContext* context = g_main_context_new();
+    g_main_context_push_thread_default(context);
+    m_loop = g_main_loop_new(context, FALSE);
+    const TGText address(g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+    const TGObject<GDBusConnection> bus(g_dbus_connection_new_for_address_sync(
+        address.get(),
+        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+        nullptr, nullptr, nullptr));
+    const std::string xml =
+        "<node><interface name='" + interface + "'>" + methods + "</interface></node>";
+    GDBusNodeInfo* node = g_dbus_node_info_new_for_xml(xml.c_str(), nullptr);
+    const GDBusInterfaceVTable table{
+        [](GDBusConnection*, const char*, const char*, const char*, const char*,
+           GVariant* arguments, GDBusMethodInvocation* call, gpointer self) {
+            g_dbus_method_invocation_return_value(
+                call, static_cast<TTestService*>(self)->m_answer(arguments));
+        },
+        nullptr,
+        nullptr,
+        {}};
+    g_dbus_connection_register_object(bus.get(), path.c_str(), node->interfaces[0], &table, this,
+                                      nullptr, nullptr);
+    g_bus_own_name_on_connection(
+        bus.get(), name.c_str(), G_BUS_NAME_OWNER_FLAGS_NONE,
+        [](GDBusConnection*, const char*, gpointer self) {
+            static_cast<TTestService*>(self)->m_ready = true;
+        },
+        nullptr, this, nullptr);
+    g_main_loop_run(m_loop);
+    g_dbus_node_info_unref(node);
+    g_main_loop_unref(m_loop);
+    g_main_context_pop_thread_default(context);
+    g_main_context_unref(context);
+}
+
 TTestScreen::TTestScreen(TTestSession& session, const std::string& size)
     : m_server({"Xvfb", "-displayfd", "1", "-screen", "0", size, "-noreset", "-nolisten", "tcp"})
 {

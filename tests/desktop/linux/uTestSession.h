@@ -6,10 +6,12 @@
 #include "uTempFolder.h"
 #include "uX11.h"
 
+#include <atomic>
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace murala
@@ -79,6 +81,29 @@ public:
 
 private:
     TGObject<GTestDBus> m_bus;
+};
+
+// A program on the session's bus, in a thread of its own: `answer` makes a call's answer from its
+// arguments.
+class TTestService
+{
+public:
+    using TAnswer = std::function<GVariant*(GVariant*)>;
+
+    TTestService(const std::string& name, const std::string& path, const std::string& interface,
+                 const std::string& methods, TAnswer answer);
+    TTestService(const TTestService&) = delete;
+    TTestService& operator=(const TTestService&) = delete;
+    ~TTestService();
+
+private:
+    void Run(const std::string& name, const std::string& path, const std::string& interface,
+             const std::string& methods);
+
+    TAnswer m_answer;
+    GMainLoop* m_loop = nullptr;
+    std::atomic<bool> m_ready = false;
+    std::thread m_thread;
 };
 
 // An X server; DISPLAY points to it.

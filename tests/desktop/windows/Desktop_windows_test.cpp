@@ -6,6 +6,7 @@
 #include "uInstanceLink.h"
 #include "uLocale.h"
 #include "uPath.h"
+#include "uProcessPriority.h"
 #include "uScreenSaver.h"
 #include "uShellIntegration.h"
 
@@ -97,6 +98,24 @@ TEST(InstanceLink, RunningCopyIsFoundByItsWindowAndWoken)
     EXPECT_EQ(wakes, 2);
 }
 
+TEST(InstanceLink, MainWindowOfTheProgramIsListenedTo)
+{
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = DefWindowProcA;
+    windowClass.lpszClassName = MainWindowClass;
+    RegisterClassA(&windowClass);
+    const HWND window = CreateWindowExA(0, MainWindowClass, MainWindowCaption, WS_POPUP, 0, 0, 1, 1,
+                                        nullptr, nullptr, nullptr, nullptr);
+    const auto link = NewInstanceLink();
+    int wakes = 0;
+    link->Listen(window, [&] { wakes++; });
+    EXPECT_TRUE(NewInstanceLink()->PostWake());
+    NewMessageLoop()->HandlePendingMessages();
+    EXPECT_EQ(wakes, 1);
+    DestroyWindow(window);
+    EXPECT_FALSE(link->IsRunning());
+}
+
 TEST(InstanceLink, LockIsWaitedForAndFreeOnceItsHolderIsKilled)
 {
     for (const char* holder : {"lock", "semaphore"}) {
@@ -174,6 +193,13 @@ TEST(ScreenSaver, IsToldByItsWindow)
     EXPECT_FALSE(saver->IsRunning());
     const TFakeProgram program("saver");
     EXPECT_TRUE(Eventually([&] { return saver->IsRunning(); }));
+}
+
+TEST(ProcessPriority, IsHigh)
+{
+    RaiseProcessPriority();
+    EXPECT_EQ(GetPriorityClass(GetCurrentProcess()), static_cast<DWORD>(HIGH_PRIORITY_CLASS));
+    SetPriorityClass(GetCurrentProcess(), NORMAL_PRIORITY_CLASS);
 }
 
 TEST(WindowsRegistry, ValuesAreWrittenListedAndDeleted)

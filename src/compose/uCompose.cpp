@@ -106,11 +106,11 @@ void FillBackground(TBitmap& bitmap, TSize screen, TColor color)
                 ColorToPixel(color));
 }
 
-std::string SaveWallpaper(const TBitmap& bitmap, const std::string& target)
+std::string SaveWallpaper(const TBitmap& bitmap, const std::string& target, int screenBitsPerPixel)
 {
     try {
         if (!target.empty()) {
-            SaveBitmapFile(bitmap, target);
+            SaveBitmapFile(bitmap, target, screenBitsPerPixel);
             return target;
         }
     } catch (const EFileError&) {
@@ -119,7 +119,7 @@ std::string SaveWallpaper(const TBitmap& bitmap, const std::string& target)
     std::error_code ignored;
     const std::string folder = PathText(std::filesystem::temp_directory_path(ignored));
     const std::string fallback = JoinPath(folder, "temp.bmp");
-    SaveBitmapFile(bitmap, fallback);
+    SaveBitmapFile(bitmap, fallback, screenBitsPerPixel);
     return fallback;
 }
 

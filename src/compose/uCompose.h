@@ -35,6 +35,7 @@ void FillBackground(TBitmap& bitmap, TSize screen, TColor color);
 
 // Writes the picture, under "\temp.bmp" (in the temporary folder) when `target` is empty or cannot
 // be written. Returns the name it was written under. Throws EFileError when neither can be.
-std::string SaveWallpaper(const TBitmap& bitmap, const std::string& target);
+std::string SaveWallpaper(const TBitmap& bitmap, const std::string& target,
+                          int screenBitsPerPixel = 32);
 
 } // namespace murala

@@ -81,26 +81,6 @@ private:
     const TBitmap& m_bitmap;
 };
 
-constexpr std::uint32_t BmpHeaderSize = 54;
-
-std::array<std::uint8_t, BmpHeaderSize> BmpHeader(TSize size)
-{
-    std::array<std::uint8_t, BmpHeaderSize> header{'B', 'M'};
-    const auto put = [&](std::size_t offset, std::uint32_t value) {
-        for (int i = 0; i < 4; ++i, value >>= 8U)
-            header[offset++] = static_cast<std::uint8_t>(value);
-    };
-    const auto pixelBytes = static_cast<std::uint32_t>(std::int64_t{4} * size.Width * size.Height);
-    put(2, BmpHeaderSize + pixelBytes);
-    put(10, BmpHeaderSize);
-    put(14, BmpHeaderSize - 14);
-    put(18, static_cast<std::uint32_t>(size.Width));
-    put(22, static_cast<std::uint32_t>(size.Height));
-    put(26, 1 | 32U << 16U); // planes, bits
-    put(34, pixelBytes);
-    return header;
-}
-
 } // namespace
 
 EInvalidImage::EInvalidImage(const std::string& fileName, const std::string& reason)
@@ -136,24 +116,6 @@ TSize ImageFileSize(const std::string& fileName)
 {
     return Load(fileName,
                 [](const TFormat& format, TFile file) { return format.Size(std::move(file)); });
-}
-
-void SaveBitmapFile(const TBitmap& bitmap, const std::string& fileName)
-{
-    TFileReplacement file(fileName, TFlush::ToSystemCache);
-    const auto header = BmpHeader(bitmap.Size());
-    file.Write(header.data(), header.size());
-    // Few large writes, from a buffer that stays in the processor's cache.
-    constexpr int blockPixels = 1 << 16;
-    const int blockRows = std::max(1, blockPixels / std::max(1, bitmap.Width()));
-    std::vector<TPixel> block(static_cast<std::size_t>(blockRows) * bitmap.Width());
-    for (int y = bitmap.Height(); y > 0;) {
-        auto end = block.begin();
-        for (const int top = std::max(0, y - blockRows); y > top;)
-            end = std::copy_n(bitmap.Row(--y), bitmap.Width(), end);
-        file.Write(block.data(), static_cast<std::size_t>(end - block.begin()) * sizeof(TPixel));
-    }
-    file.Commit();
 }
 
 } // namespace murala

@@ -56,7 +56,9 @@ TBitmap LoadImageFile(const std::string& fileName);
 // Only the header is read. Throws EInvalidImage.
 TSize ImageFileSize(const std::string& fileName);
 
-// A 32-bit, bottom-up BMP file, put in place with one rename. Throws EFileError.
-void SaveBitmapFile(const TBitmap& bitmap, const std::string& fileName);
+// A bottom-up BMP file of 32 bits a pixel (of 8 with an even palette for a screen of 8 bits), put
+// in place with one rename. Throws EFileError.
+void SaveBitmapFile(const TBitmap& bitmap, const std::string& fileName,
+                    int screenBitsPerPixel = 32);
 
 } // namespace murala

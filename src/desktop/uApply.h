@@ -1,10 +1,8 @@
 // The rules of installing a wallpaper, above the platform's calls.
 #pragma once
 
+#include "uColorText.h"
 #include "uDesktop.h"
-
-#include <string>
-#include <string_view>
 
 namespace murala
 {
@@ -14,9 +12,5 @@ void WriteTileWallpaper(TDesktop& desktop, int mode);
 
 // Stores the colour's text, then sets the colour.
 void ApplyDesktopColor(TDesktop& desktop, TColor color);
-
-// "red green blue", decimal, single blanks. The reader throws EConvertError.
-std::string ColorToIniText(TColor color);
-TColor IniTextToColor(std::string_view text);
 
 } // namespace murala

@@ -1,5 +1,6 @@
 #include "uListLine.h"
 
+#include "uColorText.h"
 #include "uPath.h"
 #include "uText.h"
 #include "uWallpaper.h"
@@ -151,12 +152,6 @@ std::uint8_t ToGammaStyle(std::int32_t value)
     return static_cast<std::uint8_t>(value >= gsNone && value <= gsVertical ? value : gsNone);
 }
 
-std::string ColorText(TColor color)
-{
-    return std::to_string(color & 0xFFU) + ' ' + std::to_string(color >> 8U & 0xFFU) + ' ' +
-           std::to_string(color >> 16U & 0xFFU);
-}
-
 } // namespace
 
 std::string_view TakeListLine(std::string_view& text)
@@ -180,7 +175,7 @@ std::string TMuWallpaper::SaveToLine() const
          {GammaStartRed, GammaStartGreen, GammaStartBlue, GammaEndRed, GammaEndGreen, GammaEndBlue})
         AppendField(line, tint);
     AppendField(line, GammaStyle);
-    AppendField(line, ColorText(DesktopColor));
+    AppendField(line, ColorToIniText(DesktopColor));
     AppendField(line, Category);
     return line;
 }

@@ -63,8 +63,8 @@ void TMurala::ComposeItem(TMuWallpaper& item)
     if (item.DisplayMode <= dmFitVertically)
         WriteTileWallpaper(desktop, 1);
     const TBitmap picture = ComposePicture(*source, item, ScreenSize(), {});
-    const int virtualDesktop = m_services.Siblings.GetVeyraDesktop();
-    const std::string path = SaveWallpaper(picture, FilePath(WallpaperBitmapName(virtualDesktop)));
+    const std::string name = WallpaperBitmapName(m_services.Siblings.GetVeyraDesktop());
+    const std::string path = SaveWallpaper(picture, FilePath(name), desktop.ScreenBitsPerPixel());
     if (!desktop.SetWallpaperFile(path))
         m_view.SetStatus("The desktop did not take the wallpaper.");
     ApplyItemColor(item.DesktopColor);

@@ -126,6 +126,17 @@ TEST(ComposeTest, AnUnusableTargetFallsBackToTheTemporaryFolder)
     }
 }
 
+TEST(ComposeTest, AScreenOf256ColoursGetsAPictureOfTheNearestOfThem)
+{
+    const TTestFolder folder;
+    const TBitmap bitmap =
+        BitmapOf({{0x000000, 0xFFFFFF, 0xFF0000}, {0x00FF00, 0x0000FF, 0x346B99}});
+    SaveWallpaper(bitmap, folder.File("a.bmp"), 8);
+    EXPECT_EQ(ReadWholeFile(folder.File("a.bmp")).size(), 54U + 252 * 4 + 2 * 4);
+    EXPECT_EQ(RowsOf(LoadImageFile(folder.File("a.bmp"))),
+              (TRows{{0x000000, 0xFFFFFF, 0xFF0000}, {0x00FF00, 0x0000FF, 0x338099}}));
+}
+
 TEST(ComposeTest, NumbersTheFileFromTheSecondDesktopOn)
 {
     EXPECT_EQ(WallpaperBitmapName(0), "MuralaWallpaper.bmp");

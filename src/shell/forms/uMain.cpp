@@ -215,7 +215,10 @@ void TfMain::Activate(const std::vector<std::string>& arguments, TInstanceLink& 
     Show();
     SetPreviewSize(m_murala.Settings.PreviewSize);
     // Some window managers place a window by themselves when they see it first.
-    CallAfter([this, placement = m_murala.Settings.Placement] { Place(placement); });
+    CallAfter([this, placement = m_murala.Settings.Placement] {
+        Place(placement);
+        lvWallpaper->SetFocus();
+    });
     m_murala.Updating = false;
     lvWallpaper->SetFocus();
     lvWallpaperSelect();

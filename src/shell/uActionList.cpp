@@ -54,6 +54,8 @@ constexpr TActionRow ActionTable[] = {
     {"aStartAtStartup", "Options", "&Start At Windows Startup", "", "", true},
     {"aApplyOnStartup", "Options", "&Apply Wallpaper On Windows Startup", "", "", true},
     {"aNextOnStartup", "Options", "&Next On Windows Startup", "", "", true},
+    {"aShellIntegration", "Options",
+     "Use She&ll Integration (\"Add to Murala\" on popup menu in explorer)", "", "", true},
     {"aConfiguration", "Options", "&Configuration", "", ""},
     {"aSchedule", "Options", "&Wallpaper Schedule", "Wallpaper Schedule", ""},
     {"aDesktopColor", "Options", "Select Color", "Select Desktop Background Color", ""},

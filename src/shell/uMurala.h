@@ -105,6 +105,9 @@ public:
     void SetNextOnStartup(bool next);
 
     // Other programs.
+    // Whether pictures have "Add to Murala" in the file manager's menus.
+    bool IsShellIntegrated() const { return m_isShellIntegrated; }
+    void SetShellIntegration(bool integrated);
     // Takes in the files that other copies have queued.
     void ImportQueuedFiles();
     void OpenSelected(TShellVerb verb);
@@ -141,6 +144,7 @@ private:
     bool m_isListUnreadable = false;
     bool m_isComposing = false;
     bool m_startAtStartup = false;
+    bool m_isShellIntegrated = false;
     int m_failedChanges = 0; // of the schedule, one after the other
     std::string m_lastSaveProblem;
 };

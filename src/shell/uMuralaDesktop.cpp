@@ -193,6 +193,7 @@ void TMurala::LoadStartup()
 {
     // Rewriting the command of an existing entry keeps it right when the program was moved.
     SetStartAtStartup(RunValueExists(m_services.Registry, ApplicationTitle));
+    m_isShellIntegrated = murala::IsShellIntegrated(m_services.Registry);
 }
 
 void TMurala::SetStartAtStartup(bool start)
@@ -216,6 +217,12 @@ void TMurala::SetNextOnStartup(bool next)
 {
     Settings.NextOnStartup = next;
     SaveSettings(TSaveFlags().set(sfNextOnStartup));
+}
+
+void TMurala::SetShellIntegration(bool integrated)
+{
+    murala::SetShellIntegration(m_services.Registry, integrated);
+    m_isShellIntegrated = murala::IsShellIntegrated(m_services.Registry);
 }
 
 void TMurala::ImportQueuedFiles()

@@ -261,6 +261,18 @@ TEST_F(MainWindow, AStartWithApplyAppliesAndAnotherCopyWakesIt)
     EXPECT_EQ(m_main->Murala().CurrentIndex(), 1);
 }
 
+TEST_F(MainWindow, TakesDroppedPicturesAndNothingElse)
+{
+    Start();
+    auto* files = new wxString[3]{wxString::FromUTF8(Picture("A.BMP", 4, 4, 0)),
+                                  wxString::FromUTF8(m_services.ProgramFolder + "b.png"),
+                                  wxString::FromUTF8(m_services.ProgramFolder + "c.JPG")};
+    wxDropFilesEvent drop(wxEVT_DROP_FILES, 3, files);
+    m_main->ProcessWindowEvent(drop);
+    ASSERT_EQ(m_main->Murala().List.Count(), 2);
+    EXPECT_EQ(FileNamePart(m_main->Murala().List.Item(1).FileName), "c.JPG");
+}
+
 TEST_F(MainWindow, ControlsAreInsideTheirParentsAndNothingIsCut)
 {
     Start();

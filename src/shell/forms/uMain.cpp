@@ -101,7 +101,8 @@ void TfMain::BuildMenuBar()
                          "aNormalSize", "aLargeSize", "<"});
     m_binder.AppendMenu(*bar, "&Options",
                         {"aDesktopColor", "aTransparentIcons", "-", "aStartAtStartup",
-                         "aApplyOnStartup", "aNextOnStartup", "-", "aSchedule", "aConfiguration"});
+                         "aApplyOnStartup", "aNextOnStartup", "-", "aShellIntegration", "-",
+                         "aSchedule", "aConfiguration"});
     m_binder.AppendMenu(*bar, "&Help", {"aMuralaHelp", "aDisplayProperties", "-", "aAbout"});
     SetMenuBar(bar);
 }

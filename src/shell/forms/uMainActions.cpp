@@ -110,6 +110,10 @@ void TfMain::BindSystemActions()
     alMain["aDisplayProperties"].OnExecute = [this] { m_murala.OpenDisplayProperties(); };
     alMain["aSchedule"].OnExecute = [this] { aScheduleExecute(); };
 
+    TAction& shell = alMain["aShellIntegration"];
+    shell.OnExecute = [this] { m_murala.SetShellIntegration(!m_murala.IsShellIntegrated()); };
+    shell.OnChecked = [this] { return m_murala.IsShellIntegrated(); };
+
     TAction& start = alMain["aStartAtStartup"];
     start.OnExecute = [this] { m_murala.SetStartAtStartup(!m_murala.StartAtStartup()); };
     start.OnChecked = [this] { return m_murala.StartAtStartup(); };

@@ -12,6 +12,11 @@ using namespace murala;
 namespace
 {
 
+void SaveBitmap(const TBitmap& bitmap, const std::string& name)
+{
+    SaveBitmapFile(bitmap, name);
+}
+
 void SaveJpeg(const TBitmap& bitmap, const std::string& name)
 {
     SaveJpegFile(bitmap, name, 88);
@@ -28,7 +33,7 @@ struct TSample {
 constexpr TSample Samples[] = {{"Landscape.jpg", MakeLandscape, Screen, SaveJpeg},
                                {"Planet.jpg", MakePlanet, Screen, SaveJpeg},
                                {"Abstract.jpg", MakeAbstract, Screen, SaveJpeg},
-                               {"Waves.bmp", MakeWaves, {200, 200}, SaveBitmapFile}};
+                               {"Waves.bmp", MakeWaves, {200, 200}, SaveBitmap}};
 
 } // namespace
 

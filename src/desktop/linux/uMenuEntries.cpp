@@ -52,36 +52,38 @@ std::vector<std::string> MimeTypes()
     return TDesktopEntry(ApplicationFile()).ReadList("MimeType");
 }
 
-void WriteAction(TDesktopEntry& entry, const std::string& command)
+// What both files say: a program that takes pictures, stands in no menu of programs, and has the
+// verb as its action.
+TDesktopEntry NewEntry(const std::string& file, const std::vector<std::string>& mimeTypes,
+                       const std::string& command)
 {
+    TDesktopEntry entry(file);
+    const std::string exec = ExecText(SplitCommand(command));
+    entry.Write("Type", "Application");
+    entry.Write("Name", ShellVerb);
+    entry.Write("Exec", exec);
+    entry.Write("Terminal", "false");
+    entry.Write("NoDisplay", "true");
+    entry.WriteList("MimeType", mimeTypes);
+    entry.Write(CommandKey, command);
     entry.WriteList("Actions", {"AddToMurala"});
     entry.Write("Name", ShellVerb, ActionGroup);
-    entry.Write("Exec", ExecText(SplitCommand(command)), ActionGroup);
+    entry.Write("Exec", exec, ActionGroup);
+    return entry;
 }
 
 bool WriteApplication(const std::vector<std::string>& mimeTypes, const std::string& command)
 {
-    TDesktopEntry entry(ApplicationFile());
-    entry.Write("Type", "Application");
-    entry.Write("Name", ShellVerb);
-    entry.Write("Exec", ExecText(SplitCommand(command)));
-    entry.Write("Terminal", "false");
-    entry.Write("NoDisplay", "true"); // no place in the menu of programs
-    entry.WriteList("MimeType", mimeTypes);
-    entry.Write(CommandKey, command);
-    WriteAction(entry, command);
-    const bool saved = entry.Save();
+    const bool saved = NewEntry(ApplicationFile(), mimeTypes, command).Save();
     RunProgram({"update-desktop-database", "-q", PathText(ApplicationsFolder())});
     return saved;
 }
 
+// KDE's file manager takes only its own kind of file, and that only when it may be executed.
 void WriteServiceMenu(const std::vector<std::string>& mimeTypes, const std::string& command)
 {
-    TDesktopEntry entry(ServiceMenuFile());
-    entry.Write("Type", "Service");
+    TDesktopEntry entry = NewEntry(ServiceMenuFile(), mimeTypes, command);
     entry.Write("X-KDE-ServiceTypes", "KonqPopupMenu/Plugin");
-    entry.WriteList("MimeType", mimeTypes);
-    WriteAction(entry, command);
     if (entry.Save())
         MakeExecutable(ServiceMenuFile());
 }

@@ -16,7 +16,9 @@ namespace murala
 namespace
 {
 
-constexpr int RefreshInterval = 5000; // ms
+// Milliseconds.
+constexpr int RefreshInterval = 5000;
+constexpr int SettlingTime = 500; // of a new window
 
 struct TColumn {
     const char* Caption;
@@ -215,11 +217,8 @@ void TfMain::Activate(const std::vector<std::string>& arguments, TInstanceLink& 
         Iconize();
     Show();
     SetPreviewSize(m_murala.Settings.PreviewSize);
-    // Some window managers place a window by themselves when they see it first.
-    CallAfter([this, placement = m_murala.Settings.Placement] {
-        Place(placement);
-        lvWallpaper->SetFocus();
-    });
+    CallAfter([this] { lvWallpaper->SetFocus(); });
+    m_shownAt = wxGetLocalTimeMillis();
     m_murala.Updating = false;
     lvWallpaper->SetFocus();
     lvWallpaperSelect();
@@ -247,7 +246,6 @@ void TfMain::WakeUp()
 
 void TfMain::Place(const TPlacement& placement)
 {
-    m_placement = placement;
     const wxRect frame(placement.Left, placement.Top, placement.Width, placement.Height);
     // A monitor that is gone must not take the window with it: some of its title has to be visible.
     const wxPoint title(frame.x + frame.width / 2, frame.y + FromDIP(10));
@@ -256,12 +254,18 @@ void TfMain::Place(const TPlacement& placement)
         SetPosition(frame.GetPosition());
     else
         CentreOnScreen();
+    m_placement = {GetSize().x, GetSize().y, GetPosition().x, GetPosition().y};
 }
 
 void TfMain::TrackPlacement()
 {
     if (!IsShown() || IsIconized() || IsMaximized() || IsFullScreen())
         return;
+    const wxPoint stored(m_placement.Left, m_placement.Top);
+    // Some window managers first put a new window where they like; the user's place is another.
+    const bool isNew = wxGetLocalTimeMillis() - m_shownAt < SettlingTime;
+    if (isNew && GetPosition() != stored)
+        return CallAfter([this, stored] { SetPosition(stored); });
     m_placement = {GetSize().x, GetSize().y, GetPosition().x, GetPosition().y};
 }
 

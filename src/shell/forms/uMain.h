@@ -112,6 +112,7 @@ private:
     int m_rightWidth = 0, m_previewHeight = 0;
     bool m_isSelectionPending = false;
     TPlacement m_placement;
+    wxLongLong m_shownAt;
     std::optional<wxBusyCursor> m_busyCursor;
     int m_busyDepth = 0;
 };

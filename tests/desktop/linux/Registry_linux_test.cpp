@@ -44,16 +44,19 @@ TEST(LinuxRegistry, QueueTakesNamesOfEveryKind)
 TEST(LinuxRegistry, ProcessesThatWriteAtTheSameTimeLoseNothing)
 {
     TTestSession session;
-    for (int process = 0; process < 4; process++)
-        if (fork() == 0) {
-            const auto registry = NewRegistry(session.ProgramFolder());
-            for (int i = 0; i < 25; i++)
-                registry->WriteText(TRoot::CurrentUser, std::string(AddFilesKey),
-                                    std::to_string(process * 25 + i), "");
-            _exit(0);
-        }
-    while (wait(nullptr) > 0) {
+    std::vector<pid_t> processes;
+    for (int process = 0; process < 4; process++) {
+        processes.push_back(fork());
+        if (processes.back() != 0)
+            continue;
+        const auto registry = NewRegistry(session.ProgramFolder());
+        for (int i = 0; i < 25; i++)
+            registry->WriteText(TRoot::CurrentUser, std::string(AddFilesKey),
+                                std::to_string(process * 25 + i), "");
+        _exit(0);
     }
+    for (const pid_t process : processes)
+        waitpid(process, nullptr, 0);
     const auto registry = NewRegistry(session.ProgramFolder());
     EXPECT_EQ(TakeQueuedFiles(*registry).size(), 100U);
 }
@@ -115,6 +118,7 @@ TEST(MenuEntries, VerbIsOfferedForBothTypesInEveryForm)
     EXPECT_TRUE(IsValidEntry(application));
     EXPECT_EQ(TDesktopEntry(application).ReadList("MimeType"),
               (std::vector<std::string>{"image/bmp", "image/jpeg"}));
+    EXPECT_TRUE(IsValidEntry(serviceMenu));
     EXPECT_NE(ReadWholeFile(serviceMenu).find("[Desktop Action AddToMurala]"), std::string::npos);
     EXPECT_EQ(access(serviceMenu.c_str(), X_OK), 0);
     EXPECT_EQ(access(script.c_str(), X_OK), 0);

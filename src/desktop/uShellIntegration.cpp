@@ -106,9 +106,8 @@ std::vector<std::string> FindFilesOfArguments(const std::vector<std::string>& ar
         const auto name = FindFirstName(argument);
         if (!name)
             continue;
-        const auto folder = NativePath(FolderPart(argument));
-        const auto fullFolder = std::filesystem::absolute(folder.empty() ? "." : folder);
-        files.push_back(PathText((fullFolder / NativePath(*name)).lexically_normal()));
+        const auto file = std::filesystem::absolute(NativePath(argument));
+        files.push_back(PathText((file.parent_path() / NativePath(*name)).lexically_normal()));
     }
     return files;
 }

@@ -86,18 +86,21 @@ TEST(ShellIntegration, ArgumentsThatNameFilesAreQueuedWithFullPaths)
     const TTempFolder folder;
     for (const char* name : {"A b.jpg", "c.bmp", "d.bmp", "e.txt"})
         ReplaceWholeFile(folder.File(name), "x", TFlush::ToSystemCache);
+    std::filesystem::create_directory(NativePath(folder.File("sub")));
+    const std::string inside = PathText(NativePath("sub") / NativePath("f.bmp"));
+    ReplaceWholeFile(folder.File(inside), "", TFlush::ToSystemCache);
     const auto before = std::filesystem::current_path();
     std::filesystem::current_path(NativePath(folder.Path()));
     TFakeRegistry registry;
-    QueueFilesFromCommandLine(registry,
-                              {"/apply", "A b.jpg", folder.File("missing.jpg"), "",
-                               folder.File("*.bmp"), folder.File("e.txt"), "A b.jpg", "*.none"});
+    QueueFilesFromCommandLine(registry, {"/apply", "A b.jpg", folder.File("missing.jpg"), "",
+                                         folder.File("*.bmp"), folder.File("e.txt"), "A b.jpg",
+                                         "*.none", inside});
     std::filesystem::current_path(before);
 
     auto files = TakeQueuedFiles(registry);
     std::ranges::sort(files);
     EXPECT_EQ(files, (std::vector<std::string>{folder.File("A b.jpg"), folder.File("c.bmp"),
-                                               folder.File("e.txt")}));
+                                               folder.File("e.txt"), folder.File(inside)}));
     EXPECT_TRUE(TakeQueuedFiles(registry).empty());
 }
 

@@ -34,9 +34,11 @@ test_windows() {
 }
 
 scripts/setup.sh run screen
-export CCACHE_DIR=$cache/ccache
+export CCACHE_DIR=$cache/ccache LC_ALL=C.UTF-8
 summaries=$(mktemp -d)
 start_screen 1280x1024
+# Without a window manager windows wait in vain to be placed.
+openbox >/dev/null 2>&1 &
 failed=()
 for home in "$@"; do
     case $home in

@@ -3,6 +3,8 @@
 # made on first use.
 set -euo pipefail
 . "$(dirname "$0")/common.sh"
+# Without a UTF-8 locale Wine cannot name all files.
+export LC_ALL=C.UTF-8
 export WINEPREFIX=${WINEPREFIX:-$cache/wine} WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
 if [ ! -e "$WINEPREFIX/ready" ]; then

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 #include <wx/app.h>
+#include <wx/evtloop.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 #include <wx/spinctrl.h>
@@ -73,10 +74,12 @@ protected:
     static bool PumpUntil(const std::function<bool()>& condition, int milliseconds = 5000)
     {
         const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+        wxEventLoop loop;
+        const wxEventLoopActivator activator(&loop);
         while (!condition() && std::chrono::steady_clock::now() < end) {
-            wxTheApp->Yield(true);
-            wxTheApp->ProcessIdle();
-            wxMilliSleep(5);
+            wxTheApp->ProcessPendingEvents();
+            loop.DispatchTimeout(5);
+            loop.ProcessIdle();
         }
         return condition();
     }

@@ -164,7 +164,8 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
     addPage(new TEffectPage(pcEffect, m_murala), "&Effect");
     for (const TSettingsPage* page : m_pages)
         m_pagesSize.IncTo(page->GetSizer()->CalcMin());
-    m_pagesSize = pcEffect->CalcSizeFromPage(m_pagesSize);
+    // Not every notebook counts its own borders.
+    m_pagesSize = pcEffect->CalcSizeFromPage(m_pagesSize) + FromDIP(wxSize(12, 0));
     spHorizontal->SplitHorizontally(iPreview, pcEffect, FromDIP(PreviewSizes[1].second));
     return spHorizontal;
 }

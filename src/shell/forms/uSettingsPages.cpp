@@ -131,8 +131,9 @@ wxSizer* TTintPage::NewTintGroup(TTintGroup& group, TTintEnd end)
         rows->Add(new wxStaticText(group.Box, wxID_ANY, row.Caption),
                   wxSizerFlags().CenterVertical());
         auto* bar = new wxSlider(group.Box, wxID_ANY, TintMaximum, TintMinimum, TintMaximum,
-                                 wxDefaultPosition, wxSize(FromDIP(104), -1), wxSL_HORIZONTAL,
-                                 wxDefaultValidator, isStart ? row.StartName : row.EndName);
+                                 wxDefaultPosition, wxSize(FromDIP(104), -1),
+                                 wxSL_HORIZONTAL | wxSL_AUTOTICKS, wxDefaultValidator,
+                                 isStart ? row.StartName : row.EndName);
         bar->SetPageSize(TintPage);
         bar->SetTickFreq(TintPage);
         const auto channel = static_cast<TTintChannel>(i);

@@ -19,7 +19,8 @@ public:
 
     // Whether a copy has its main window (class TfMain, caption "Murala").
     virtual bool IsRunning() = 0;
-    // Posts WM_USER + 1 to it. False when there is none.
+    // Posts WM_USER + 1 to it. False when there is none. One that hangs, or that refuses what the
+    // system does not let through, is not waited for: it finds its files when it looks again.
     virtual bool PostWake() = 0;
 
     // The start lock. Waits as long as another start holds it; the lock of a start that was killed

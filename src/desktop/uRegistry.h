@@ -27,12 +27,13 @@ public:
     virtual bool WriteText(TRoot root, const std::string& key, const std::string& name,
                            const std::string& text) = 0;
     virtual std::vector<std::string> ValueNames(TRoot root, const std::string& key) = 0;
-    virtual void DeleteValue(TRoot root, const std::string& key, const std::string& name) = 0;
+    // Whether it is gone.
+    virtual bool DeleteValue(TRoot root, const std::string& key, const std::string& name) = 0;
     // A key with keys below it stays.
     virtual void DeleteKey(TRoot root, const std::string& key) = 0;
 };
 
-// `programFolder` as for NewDesktop.
-std::unique_ptr<TRegistry> NewRegistry(const std::string& programFolder);
+// The user's, whichever copy of the program asks.
+std::unique_ptr<TRegistry> NewRegistry();
 
 } // namespace murala

@@ -122,8 +122,9 @@ std::vector<std::string> TakeQueuedFiles(TRegistry& registry)
 {
     const std::string key(AddFilesKey);
     auto files = registry.ValueNames(TRoot::CurrentUser, key);
-    for (const std::string& file : files)
-        registry.DeleteValue(TRoot::CurrentUser, key, file);
+    std::erase_if(files, [&](const std::string& file) {
+        return !registry.DeleteValue(TRoot::CurrentUser, key, file);
+    });
     return files;
 }
 

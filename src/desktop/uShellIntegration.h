@@ -39,7 +39,8 @@ std::vector<std::string> FindFilesOfArguments(const std::vector<std::string>& ar
 
 // `arguments` without the program's own name.
 void QueueFilesFromCommandLine(TRegistry& registry, const std::vector<std::string>& arguments);
-// Empties the queue. The order is the registry's.
+// Empties the queue. The order is the registry's. A name that cannot be deleted is left out: it
+// would be taken again and again.
 std::vector<std::string> TakeQueuedFiles(TRegistry& registry);
 
 // The command that the session runs at its start.

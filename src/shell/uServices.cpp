@@ -7,7 +7,7 @@ namespace murala
 
 THomeServices::THomeServices()
     : m_folder(ProgramFolder()), m_desktop(NewDesktop(m_folder)), m_locale(NewLocale()),
-      m_clock(NewClock()), m_registry(NewRegistry(m_folder)), m_shellWindows(NewShellWindows()),
+      m_clock(NewClock()), m_registry(NewRegistry()), m_shellWindows(NewShellWindows()),
       m_screenSaver(NewScreenSaver()), m_launcher(NewLauncher()), m_siblings(NewSiblings()),
       m_messageLoop(NewMessageLoop())
 {

@@ -65,4 +65,9 @@ std::string UriFile(const std::string& uri)
     return path ? path.get() : "";
 }
 
+bool IsText(const std::string& path)
+{
+    return g_utf8_validate(path.data(), static_cast<gssize>(path.size()), nullptr) != FALSE;
+}
+
 } // namespace murala

@@ -45,4 +45,7 @@ std::optional<TColor> HexTextToColor(const std::string& text);
 std::string FileUri(const std::string& path);
 std::string UriFile(const std::string& uri);
 
+// Whether settings and messages, whose strings are UTF-8, can name the file as it is.
+bool IsText(const std::string& path);
+
 } // namespace murala

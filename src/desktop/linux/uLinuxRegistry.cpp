@@ -2,6 +2,7 @@
 // HKEY_LOCAL_MACHINE refuses everything; HKEY_CLASSES_ROOT is the user's own Software\Classes.
 // Three kinds of keys are the session's: the Run key, file types, and the verb on a file type.
 #include "uAutostart.h"
+#include "uFolders.h"
 #include "uMenuEntries.h"
 #include "uPath.h"
 #include "uRegistry.h"
@@ -56,11 +57,6 @@ TPlace PlaceOf(TRoot root, std::string key)
 class TLinuxRegistry : public TRegistry
 {
 public:
-    explicit TLinuxRegistry(const std::string& programFolder)
-        : m_file(JoinPath(programFolder, "Murala.registry"))
-    {
-    }
-
     bool KeyExists(TRoot root, const std::string& key) override
     {
         const TPlace place = PlaceOf(root, key);
@@ -122,29 +118,32 @@ public:
         return place.Kind == TKind::File ? m_file.Names(place.Key) : std::vector<std::string>();
     }
 
-    void DeleteValue(TRoot root, const std::string& key, const std::string& name) override
+    bool DeleteValue(TRoot root, const std::string& key, const std::string& name) override
     {
         const TPlace place = PlaceOf(root, key);
         if (place.Kind == TKind::Autostart)
             DeleteAutostart(name);
         else if (place.Kind == TKind::MenuEntry)
             DeleteMenuEntry(place.Key);
-        else if (place.Kind == TKind::File)
-            m_file.DeleteValue(place.Key, name);
+        else
+            return place.Kind == TKind::File && m_file.DeleteValue(place.Key, name);
+        return !ReadText(root, key, name);
     }
 
     // A key is there as long as it has values.
     void DeleteKey(TRoot /*root*/, const std::string& /*key*/) override {}
 
 private:
-    TRegistryFile m_file;
+    // Not beside the program: a portable copy must find what the installed one has queued for it, and
+    // the other way round.
+    TRegistryFile m_file{PathText(UserDataFolder() / "murala/Murala.registry")};
 };
 
 } // namespace
 
-std::unique_ptr<TRegistry> NewRegistry(const std::string& programFolder)
+std::unique_ptr<TRegistry> NewRegistry()
 {
-    return std::make_unique<TLinuxRegistry>(programFolder);
+    return std::make_unique<TLinuxRegistry>();
 }
 
 } // namespace murala

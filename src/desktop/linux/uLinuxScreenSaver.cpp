@@ -30,26 +30,27 @@ bool IsActive(const TBusObject& saver)
     return active != FALSE;
 }
 
+// The X server's own screen saver.
+bool IsServerSaving()
+{
+    if (IsBelowWayland())
+        return false;
+    int ignored = 0;
+    const TDisplay display = OpenDisplay();
+    if (!display || XScreenSaverQueryExtension(display.get(), &ignored, &ignored) == False)
+        return false;
+    const TXOwned<XScreenSaverInfo> info(XScreenSaverAllocInfo());
+    return info &&
+           XScreenSaverQueryInfo(display.get(), DefaultRootWindow(display.get()), info.get()) !=
+               0 &&
+           info->state == ScreenSaverOn;
+}
+
 class TLinuxScreenSaver : public TScreenSaver
 {
 public:
     bool IsRunning() override { return IsServerSaving() || std::ranges::any_of(Savers, IsActive); }
 
-private:
-    // The X server's own screen saver.
-    bool IsServerSaving()
-    {
-        int ignored = 0;
-        if (!m_display || XScreenSaverQueryExtension(m_display.get(), &ignored, &ignored) == False)
-            return false;
-        const TXOwned<XScreenSaverInfo> info(XScreenSaverAllocInfo());
-        return info &&
-               XScreenSaverQueryInfo(m_display.get(), DefaultRootWindow(m_display.get()),
-                                     info.get()) != 0 &&
-               info->state == ScreenSaverOn;
-    }
-
-    TDisplay m_display = OpenDisplay();
 };
 
 } // namespace

@@ -72,10 +72,26 @@ TDesktopEntry NewEntry(const std::string& file, const std::vector<std::string>& 
     return entry;
 }
 
+// The desktops of the GNOME family take a program of the user's own folder before any of the
+// system's, so that pictures would be added where they should be opened. KDE, which has its service
+// menu, goes by preference, and by no cache.
+void RegisterApplication(const std::vector<std::string>& mimeTypes)
+{
+    if (RunningSession() == TSession::Plasma)
+        return;
+    std::vector<TGObject<GAppInfo>> before;
+    for (const std::string& type : mimeTypes)
+        before.emplace_back(g_app_info_get_default_for_type(type.c_str(), FALSE));
+    RunProgram({"update-desktop-database", "-q", PathText(ApplicationsFolder())});
+    for (std::size_t i = 0; i < before.size(); i++)
+        if (before[i] && g_app_info_get_id(before[i].get()) != std::string_view(ApplicationId))
+            g_app_info_set_as_default_for_type(before[i].get(), mimeTypes[i].c_str(), nullptr);
+}
+
 bool WriteApplication(const std::vector<std::string>& mimeTypes, const std::string& command)
 {
     const bool saved = NewEntry(ApplicationFile(), mimeTypes, command).Save();
-    RunProgram({"update-desktop-database", "-q", PathText(ApplicationsFolder())});
+    RegisterApplication(mimeTypes);
     return saved;
 }
 

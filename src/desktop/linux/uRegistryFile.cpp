@@ -95,6 +95,8 @@ void TRegistryFile::Save(const TValues& values) const
 
 bool TRegistryFile::Change(const std::function<void(TValues&)>& change)
 try {
+    std::error_code error;
+    std::filesystem::create_directories(NativePath(FolderPart(m_path)), error);
     const TDescriptor lock = LockFile(m_path + ".lock");
     if (!lock)
         return false;
@@ -145,9 +147,9 @@ bool TRegistryFile::Write(const std::string& key, const std::string& name, const
     });
 }
 
-void TRegistryFile::DeleteValue(const std::string& key, const std::string& name)
+bool TRegistryFile::DeleteValue(const std::string& key, const std::string& name)
 {
-    Change([&](TValues& values) {
+    return Change([&](TValues& values) {
         std::erase_if(values, [&](const TValue& value) { return value.Is(key, name); });
     });
 }

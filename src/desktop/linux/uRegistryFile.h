@@ -19,7 +19,7 @@ public:
     std::optional<std::string> Read(const std::string& key, const std::string& name) const;
     std::vector<std::string> Names(const std::string& key) const;
     bool Write(const std::string& key, const std::string& name, const std::string& text);
-    void DeleteValue(const std::string& key, const std::string& name);
+    bool DeleteValue(const std::string& key, const std::string& name);
 
 private:
     struct TValue {

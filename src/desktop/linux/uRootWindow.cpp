@@ -11,7 +11,6 @@
 #include <X11/Xatom.h>
 
 #include <bit>
-#include <cstdlib>
 
 namespace murala
 {
@@ -148,13 +147,6 @@ private:
     Visual* m_visual;
 };
 
-// Below a Wayland compositor the root window of its X server is never seen.
-bool IsHidden()
-{
-    const char* compositor = std::getenv("WAYLAND_DISPLAY");
-    return compositor != nullptr && *compositor != '\0';
-}
-
 class TRootWindowBackground : public TBackground
 {
 public:
@@ -162,7 +154,7 @@ public:
 
     bool SetPicture(const std::string& path, TColor color) override
     try {
-        if (IsHidden())
+        if (IsBelowWayland())
             return false;
         const TBitmap picture = LoadImageFile(path);
         const auto monitors = ReadScreens().Monitors;

@@ -45,7 +45,8 @@ std::vector<TMonitor> ReadMonitors(Display* display)
     const std::unique_ptr<XRRMonitorInfo, TMonitorsFree> found(
         KnowsMonitors(display) ? XRRGetMonitors(display, DefaultRootWindow(display), True, &count)
                                : nullptr);
-    for (const XRRMonitorInfo* each = found.get(); each != found.get() + count; each++)
+    const XRRMonitorInfo* end = found.get() + (found ? count : 0); // the count of a failure is -1
+    for (const XRRMonitorInfo* each = found.get(); each != end; each++)
         monitors.push_back({AtomName(display, each->name),
                             {each->x, each->y, each->x + each->width, each->y + each->height},
                             each->primary != False});

@@ -30,6 +30,7 @@ constexpr TSessionName Names[] = {
     {"Budgie", TSession::Gnome},
     {"budgie-desktop", TSession::Gnome},
     {"pop", TSession::Gnome},
+    {"Pantheon", TSession::Gnome},
     {"X-Cinnamon", TSession::Cinnamon},
     {"Cinnamon", TSession::Cinnamon},
     {"MATE", TSession::Mate},

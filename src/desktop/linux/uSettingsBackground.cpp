@@ -70,9 +70,9 @@ public:
 
     bool SetPicture(const std::string& path, TColor color) override
     {
-        if (!m_settings || !SettingsReachTheDesktop())
-            return false;
         const std::string stored = m_keys.PictureIsUri ? FileUri(path) : path;
+        if (!MaySetPicture() || !IsText(stored))
+            return false;
         Write("picture-options", "zoom");
         Write(m_keys.DarkPicture, stored);
         Write(m_keys.Picture, stored);
@@ -90,6 +90,14 @@ public:
     }
 
 private:
+    // An administrator may have locked the picture; the rest then stays as it is, too.
+    bool MaySetPicture() const
+    {
+        return Has(m_keys.Picture) &&
+               g_settings_is_writable(m_settings.get(), m_keys.Picture) != FALSE &&
+               SettingsReachTheDesktop();
+    }
+
     // An unknown key ends the process inside GSettings.
     bool Has(const char* key) const
     {

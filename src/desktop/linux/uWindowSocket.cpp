@@ -7,6 +7,7 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 
+#include <cerrno>
 #include <cstring>
 
 namespace murala
@@ -36,9 +37,10 @@ struct TAddress {
 TDescriptor Connect(const std::string& windowClass)
 try {
     const TAddress address(windowClass);
-    // A program that hangs must not make this one wait.
+    // A program that hangs must not make this one wait; with its queue full it is there all the same.
     TDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    if (!socket || connect(socket.Get(), address.Get(), sizeof address.Name) != 0)
+    if (!socket || (connect(socket.Get(), address.Get(), sizeof address.Name) != 0 &&
+                    errno != EAGAIN))
         return TDescriptor();
     return socket;
 } catch (const std::filesystem::filesystem_error&) {
@@ -78,7 +80,9 @@ bool WindowSocketExists(const std::string& windowClass)
 bool PostToWindowSocket(const std::string& windowClass, const std::string& message)
 {
     const TDescriptor socket = Connect(windowClass);
-    return socket && SendLine(socket, message);
+    if (socket)
+        SendLine(socket, message);
+    return static_cast<bool>(socket);
 }
 
 std::optional<std::string> AskWindowSocket(const std::string& windowClass,

@@ -1,5 +1,7 @@
 #include "uX11.h"
 
+#include <cstdlib>
+
 namespace murala
 {
 
@@ -15,6 +17,12 @@ int RememberFailure(Display* /*display*/, XErrorEvent* /*error*/)
 }
 
 } // namespace
+
+bool IsBelowWayland()
+{
+    const char* compositor = std::getenv("WAYLAND_DISPLAY");
+    return compositor != nullptr && *compositor != '\0';
+}
 
 TXErrorGuard::TXErrorGuard(Display* display) : m_display(display)
 {

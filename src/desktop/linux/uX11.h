@@ -20,6 +20,10 @@ inline TDisplay OpenDisplay()
     return TDisplay(XOpenDisplay(nullptr));
 }
 
+// Whether the X server, if there is one, only serves old programs below a Wayland compositor: its
+// root window is never seen, its screen saver never runs, and it may come and go.
+bool IsBelowWayland();
+
 struct TXFree {
     void operator()(void* thing) const noexcept { XFree(thing); }
 };

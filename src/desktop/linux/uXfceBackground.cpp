@@ -86,6 +86,8 @@ public:
 
     bool SetPicture(const std::string& path, TColor color) override
     {
+        if (!IsText(path))
+            return false;
         const auto backdrops = AllBackdrops();
         bool worked = !backdrops.empty();
         for (const auto& [backdrop, picture] : backdrops) {

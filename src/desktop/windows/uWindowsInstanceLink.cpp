@@ -65,7 +65,8 @@ public:
     bool PostWake() override
     {
         const HWND window = Find();
-        return window != nullptr && PostMessageA(window, WakeMessage, 0, 0) != FALSE;
+        return window != nullptr &&
+               (PostMessageA(window, WakeMessage, 0, 0) != FALSE || IsWindow(window) != FALSE);
     }
 
     void Lock() override { m_lock = std::make_unique<TStartLock>(); }
@@ -78,6 +79,8 @@ public:
             m_ownWindow = MakeWindow();
         m_listening = mainWindow != nullptr ? static_cast<HWND>(mainWindow) : m_ownWindow.get();
         SetWindowSubclass(m_listening, OnMessage, SubclassId, reinterpret_cast<DWORD_PTR>(this));
+        // Run as administrator, it would otherwise not hear copies that are not.
+        ChangeWindowMessageFilterEx(m_listening, WakeMessage, MSGFLT_ALLOW, nullptr);
     }
 
 private:

@@ -75,11 +75,10 @@ public:
         }
     }
 
-    void DeleteValue(TRoot root, const std::string& key, const std::string& name) override
+    bool DeleteValue(TRoot root, const std::string& key, const std::string& name) override
     {
         const TKey opened = OpenKey(RootKey(root), key, KEY_SET_VALUE);
-        if (opened)
-            RegDeleteValueA(opened.get(), name.c_str());
+        return opened && RegDeleteValueA(opened.get(), name.c_str()) == ERROR_SUCCESS;
     }
 
     // The system itself refuses to delete a key with keys below it.
@@ -91,7 +90,7 @@ public:
 
 } // namespace
 
-std::unique_ptr<TRegistry> NewRegistry(const std::string& /*programFolder*/)
+std::unique_ptr<TRegistry> NewRegistry()
 {
     return std::make_unique<TWindowsRegistry>();
 }

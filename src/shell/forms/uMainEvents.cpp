@@ -277,7 +277,8 @@ void TfMain::PreviewChanged(bool loadPicture)
 
 void TfMain::WallpaperChanged()
 {
-    lvWallpaper->Refresh();
+    // The current row changed; and painting the desktop anew may have painted over the window.
+    Refresh();
 }
 
 bool TfMain::IsWindowVisible()

@@ -41,8 +41,7 @@ TPlacement DefaultPlacement(const wxSize& size)
 } // namespace
 
 TfMain::TfMain(const TServices& services)
-    : m_murala(services, *this), m_binder(*this, alMain), m_services(services),
-      m_samplesFolder(JoinPath(FolderPart(services.ProgramFile), "samples"))
+    : m_murala(services, *this), m_binder(*this, alMain), m_services(services)
 {
     wxFrame::Create(nullptr, wxID_ANY, "Murala", wxDefaultPosition, wxDefaultSize,
                     wxDEFAULT_FRAME_STYLE, "TfMain");

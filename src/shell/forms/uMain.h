@@ -96,7 +96,6 @@ private:
     TActionList alMain;
     TActionBinder m_binder;
     TServices m_services;
-    std::string m_samplesFolder;
 
     wxSplitterWindow* spVertical = nullptr;
     wxSplitterWindow* spHorizontal = nullptr;

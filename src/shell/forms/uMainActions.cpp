@@ -25,6 +25,15 @@ constexpr const char* PictureFilter =
     "All (*.jpg;*.jpeg;*.bmp)|*.jpg;*.jpeg;*.bmp|JPEG Image File (*.jpg)|*.jpg|"
     "JPEG Image File (*.jpeg)|*.jpeg|Bitmaps (*.bmp)|*.bmp";
 
+// The sample pictures beside the program, or where an installed program has them.
+std::optional<std::string> SamplesFolder(const std::string& programFile)
+{
+    for (const char* place : {"samples", "../share/murala/samples"})
+        if (std::string folder = JoinPath(FolderPart(programFile), place); FileExists(folder))
+            return folder;
+    return std::nullopt;
+}
+
 } // namespace
 
 void TfMain::BindWallpaperActions()
@@ -131,10 +140,11 @@ void TfMain::BindSystemActions()
 
 void TfMain::aAddExecute()
 {
-    std::string folder = m_murala.Settings.WallpaperPath;
-    const bool isFirstAdd = m_murala.List.Count() == 0;
-    if (isFirstAdd && FileExists(m_samplesFolder))
-        folder = m_samplesFolder;
+    // A first add begins where there is something to see.
+    const std::string folder =
+        m_murala.List.Count() == 0
+            ? SamplesFolder(m_services.ProgramFile).value_or(m_murala.Settings.WallpaperPath)
+            : m_murala.Settings.WallpaperPath;
     wxFileDialog dialog(this, "Add", ToWx(folder), "", PictureFilter,
                         wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
     if (dialog.ShowModal() != wxID_OK)

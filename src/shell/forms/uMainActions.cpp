@@ -29,7 +29,8 @@ constexpr const char* PictureFilter =
 std::optional<std::string> SamplesFolder(const std::string& programFile)
 {
     for (const char* place : {"samples", "../share/murala/samples"})
-        if (std::string folder = JoinPath(FolderPart(programFile), place); FileExists(folder))
+        if (std::string folder = JoinPath(FolderPart(programFile), place);
+            std::filesystem::is_directory(NativePath(folder)))
             return folder;
     return std::nullopt;
 }

@@ -38,10 +38,13 @@ HWND MakeWindow(const char* name, HWND parent, WNDPROC procedure, const RECT& pl
     windowClass.hInstance = GetModuleHandleA(nullptr);
     windowClass.lpszClassName = name;
     RegisterClassA(&windowClass);
-    const DWORD style = (parent != nullptr ? WS_CHILD : WS_POPUP) | WS_VISIBLE;
-    return CreateWindowExA(exStyle, name, "", style, place.left, place.top,
-                           place.right - place.left, place.bottom - place.top, parent, nullptr,
-                           windowClass.hInstance, nullptr);
+    const DWORD style = parent != nullptr ? WS_CHILD : WS_POPUP;
+    const HWND window =
+        CreateWindowExA(exStyle, name, "", style, place.left, place.top, place.right - place.left,
+                        place.bottom - place.top, parent, nullptr, windowClass.hInstance, nullptr);
+    // An activated window would be moved by the window manager of the screen that Wine draws on.
+    ShowWindow(window, SW_SHOWNA);
+    return window;
 }
 
 void HandleMessages()

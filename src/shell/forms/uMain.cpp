@@ -217,10 +217,9 @@ void TfMain::Activate(const std::vector<std::string>& arguments, TInstanceLink& 
         Iconize();
     Show();
     SetPreviewSize(m_murala.Settings.PreviewSize);
-    CallAfter([this] { lvWallpaper->SetFocus(); });
     m_shownAt = wxGetLocalTimeMillis();
     m_murala.Updating = false;
-    lvWallpaper->SetFocus();
+    CallAfter([this] { lvWallpaper->SetFocus(); });
     lvWallpaperSelect();
     UpdateListHint();
     if (IsApplyStart(arguments))

@@ -18,7 +18,7 @@ namespace
 
 // Milliseconds.
 constexpr int RefreshInterval = 5000;
-constexpr int SettlingTime = 500; // of a new window
+constexpr int SettlingTime = 300; // of a new window
 
 struct TColumn {
     const char* Caption;
@@ -217,7 +217,7 @@ void TfMain::Activate(const std::vector<std::string>& arguments, TInstanceLink& 
         Iconize();
     Show();
     SetPreviewSize(m_murala.Settings.PreviewSize);
-    m_shownAt = wxGetLocalTimeMillis();
+    tPlacement.StartOnce(SettlingTime);
     m_murala.Updating = false;
     CallAfter([this] { lvWallpaper->SetFocus(); });
     lvWallpaperSelect();
@@ -258,14 +258,17 @@ void TfMain::Place(const TPlacement& placement)
 
 void TfMain::TrackPlacement()
 {
-    if (!IsShown() || IsIconized() || IsMaximized() || IsFullScreen())
+    const bool isSettled = IsShown() && !tPlacement.IsRunning();
+    if (!isSettled || IsIconized() || IsMaximized() || IsFullScreen())
         return;
-    const wxPoint stored(m_placement.Left, m_placement.Top);
-    // Some window managers first put a new window where they like; the user's place is another.
-    const bool isNew = wxGetLocalTimeMillis() - m_shownAt < SettlingTime;
-    if (isNew && GetPosition() != stored)
-        return CallAfter([this, stored] { SetPosition(stored); });
     m_placement = {GetSize().x, GetSize().y, GetPosition().x, GetPosition().y};
+}
+
+// Some window managers put a new window where they like, whatever it asked for.
+void TfMain::tPlacementTimer()
+{
+    if (!IsIconized() && !IsMaximized())
+        SetSize(m_placement.Left, m_placement.Top, m_placement.Width, m_placement.Height);
 }
 
 void TfMain::FormClose(wxCloseEvent& event)
@@ -274,6 +277,7 @@ void TfMain::FormClose(wxCloseEvent& event)
     tPreviewUpdate.Stop();
     tSchedule.Stop();
     tRefreshIcons.Stop();
+    tPlacement.Stop();
     m_murala.Close();
     event.Skip();
 }

@@ -67,6 +67,7 @@ private:
     void WakeUp();
     void FormClose(wxCloseEvent& event);
     void TrackPlacement();
+    void tPlacementTimer();
 
     wxSize DesignSize() const;
     void PlaceSplitters();
@@ -107,11 +108,10 @@ private:
     wxSize m_pagesSize; // what the largest page needs
     wxGauge* pbMain = nullptr;
     wxStaticText* pStatusText = nullptr;
-    wxTimer tSelectItem, tPreviewUpdate, tSchedule, tRefreshIcons;
+    wxTimer tSelectItem, tPreviewUpdate, tSchedule, tRefreshIcons, tPlacement;
     int m_rightWidth = 0, m_previewHeight = 0;
     bool m_isSelectionPending = false;
     TPlacement m_placement;
-    wxLongLong m_shownAt;
     std::optional<wxBusyCursor> m_busyCursor;
     int m_busyDepth = 0;
 };

@@ -55,6 +55,7 @@ void TfMain::BindEvents()
         event.Skip();
         TrackPlacement();
     });
+    tPlacement.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { tPlacementTimer(); });
     tSchedule.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { tScheduleTimer(); });
     tRefreshIcons.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { m_murala.RefreshTick(); });
     Bind(wxEVT_DROP_FILES, &TfMain::FormDropFiles, this);

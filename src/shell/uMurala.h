@@ -56,7 +56,6 @@ public:
     // The selected item or null.
     TMuWallpaper* SelectedItem() const;
     bool IsCurrentSelected() const;
-    bool IsSorted(int column) const { return m_sortColumn == column; }
     bool IsSortAscending() const { return m_sortAscending; }
     std::string StatusText() const;
 

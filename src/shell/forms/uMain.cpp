@@ -9,6 +9,7 @@
 #include "../resources/murala.xpm"
 
 #include <wx/display.h>
+#include <wx/weakref.h>
 
 namespace murala
 {
@@ -201,7 +202,11 @@ wxWindow* TfMain::BuildBottomPanel(wxWindow* parent)
 
 void TfMain::Activate(const std::vector<std::string>& arguments, TInstanceLink& link)
 {
-    link.Listen(nullptr, [this] { WakeUp(); });
+    // The link outlives the window.
+    link.Listen(nullptr, [self = wxWeakRef<TfMain>(this)] {
+        if (self)
+            self->WakeUp();
+    });
     link.Unlock();
     m_murala.LoadSettings(DefaultPlacement(DesignSize()));
     const bool wasVisible = m_murala.Settings.WindowState;
@@ -227,15 +232,15 @@ void TfMain::Activate(const std::vector<std::string>& arguments, TInstanceLink& 
     DragAcceptFiles(true);
     tRefreshIcons.Start(RefreshInterval);
     tScheduleTimer();
-    if (!arguments.empty()) {
-        QueueFilesFromCommandLine(m_services.Registry, arguments);
-        m_murala.ImportQueuedFiles();
-    }
+    QueueFilesFromCommandLine(m_services.Registry, arguments);
+    m_murala.ImportQueuedFiles();
 }
 
 // Another copy was started: it has left its files and wants this one to be seen.
 void TfMain::WakeUp()
 {
+    if (m_murala.Updating)
+        return; // the activation takes the files in at its end
     m_murala.ImportQueuedFiles();
     if (IsIconized())
         Iconize(false);

@@ -172,10 +172,11 @@ void TTintPage::ShowItem(const TMuWallpaper* item)
         for (const int value : values)
             (*bar++)->SetValue(value);
     };
-    // One slider for all channels can only show one of them: red, the first.
-    show(m_start,
-         {shown.GammaStartRed, shown.GammaStartRed, shown.GammaStartGreen, shown.GammaStartBlue});
-    show(m_end, {shown.GammaEndRed, shown.GammaEndRed, shown.GammaEndGreen, shown.GammaEndBlue});
+    // Where the channels differ no position of the slider for all of them is right: it stands at 0.
+    show(m_start, {shown.StartTintIsGrey() ? shown.GammaStartRed : 0, shown.GammaStartRed,
+                   shown.GammaStartGreen, shown.GammaStartBlue});
+    show(m_end, {shown.EndTintIsGrey() ? shown.GammaEndRed : 0, shown.GammaEndRed,
+                 shown.GammaEndGreen, shown.GammaEndBlue});
     EnableGroups(item);
 }
 

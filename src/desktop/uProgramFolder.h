@@ -10,8 +10,8 @@ namespace murala
 // The full path of the running program file.
 std::string ProgramFile();
 
-// The arguments behind the program's name, byte for byte: a name that the present locale cannot spell
-// is still a file's name.
+// The arguments behind the program's name, byte for byte: a name that the present locale cannot
+// spell is still a file's name.
 std::vector<std::string> ProgramArguments();
 
 // With a trailing divider. Windows: the folder of the program file. Linux: that folder when

@@ -17,8 +17,8 @@ namespace murala
 inline constexpr std::string_view ApplicationTitle = "Murala";
 inline constexpr std::string_view ShellVerb = "Add to Murala";
 inline constexpr std::string_view ShellExtensions[] = {".bmp", ".jpg"};
-inline constexpr std::string_view AddFilesKey = "Software\\Murala\\AddFiles";
-inline constexpr std::string_view RunKey = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run";
+inline constexpr std::string_view AddFilesKey = R"(Software\Murala\AddFiles)";
+inline constexpr std::string_view RunKey = R"(SOFTWARE\Microsoft\Windows\CurrentVersion\Run)";
 
 // The name of the file type, empty when it is not known.
 std::string ReadFileType(TRegistry& registry, std::string_view extension);

@@ -14,8 +14,8 @@ using namespace murala;
 namespace
 {
 
-const std::string Command = InstalledProgramFile() + " \"%1\"";
-const std::string BitmapVerb = "Paint.Picture\\Shell\\Add to Murala";
+const std::string BitmapVerb = "Paint.Picture\\Shell\\Add to Murala\\Command";
+const std::string JpegVerb = "jpegfile\\Shell\\Add to Murala\\Command";
 
 TFakeRegistry RegistryWithTypes()
 {
@@ -31,64 +31,59 @@ TEST(ShellIntegration, VerbLiesBelowEachFileTypeAndGoesWithoutTrace)
     const auto before = registry.Keys;
     SetShellIntegration(registry, true);
     EXPECT_TRUE(IsShellIntegrated(registry));
-    EXPECT_EQ(registry.ReadText(TRoot::ClassesRoot, BitmapVerb + "\\Command", ""), Command);
-    EXPECT_EQ(registry.ReadText(TRoot::ClassesRoot, "jpegfile\\Shell\\Add to Murala\\Command", ""),
-              Command);
+    for (const std::string& key : {BitmapVerb, JpegVerb})
+        EXPECT_EQ(registry.ReadText(TRoot::ClassesRoot, key, ""),
+                  InstalledProgramFile() + " \"%1\"");
     RemoveShellCommand(registry, ".jpg", ShellVerb);
     EXPECT_FALSE(IsShellIntegrated(registry)) << "one of two is not enough";
-    SetShellIntegration(registry, false);
-    EXPECT_EQ(registry.Keys, before);
-    SetShellIntegration(registry, false);
-    EXPECT_EQ(registry.Keys, before) << "nothing to remove";
+    for (int i = 0; i < 2; i++) {
+        SetShellIntegration(registry, false);
+        EXPECT_EQ(registry.Keys, before);
+    }
+    AddShellCommand(registry, ".png", ShellVerb, "x");
+    EXPECT_TRUE(registry.KeyExists(TRoot::ClassesRoot, "Shell\\Add to Murala\\Command"))
+        << "of a type that is not known";
 }
 
-TEST(ShellIntegration, VerbOfAnUnknownTypeLiesInTheRootsShellKey)
-{
-    TFakeRegistry registry;
-    AddShellCommand(registry, ".bmp", ShellVerb, Command);
-    EXPECT_TRUE(registry.KeyExists(TRoot::ClassesRoot, "Shell\\Add to Murala\\Command"));
-}
-
-TEST(ShellIntegration, OrdinaryUsersHaveTheirOwnVerbsAndStartEntry)
+TEST(ShellIntegration, OrdinaryUsersHaveTheirOwnVerbs)
 {
     TFakeRegistry registry = RegistryWithTypes();
     registry.Refused = {TRoot::ClassesRoot, TRoot::LocalMachine};
+    const auto before = registry.Keys;
     SetShellIntegration(registry, true);
-    SetRunValue(registry, ApplicationTitle, "C:\\Murala.exe /apply");
     EXPECT_TRUE(IsShellIntegrated(registry));
-    EXPECT_TRUE(RunValueExists(registry, ApplicationTitle));
-    EXPECT_EQ(
-        registry.ReadText(TRoot::CurrentUser, "Software\\Classes\\" + BitmapVerb + "\\Command", ""),
-        Command);
-    EXPECT_EQ(registry.ReadText(TRoot::CurrentUser, std::string(RunKey), "Murala"),
-              "C:\\Murala.exe /apply");
+    EXPECT_TRUE(registry.KeyExists(TRoot::CurrentUser, "Software\\Classes\\" + BitmapVerb));
     SetShellIntegration(registry, false);
-    DeleteRunValue(registry, ApplicationTitle);
-    EXPECT_FALSE(ShellCommandExists(registry, ".bmp", ShellVerb));
-    EXPECT_FALSE(RunValueExists(registry, ApplicationTitle));
+    EXPECT_EQ(registry.Keys, before);
 }
 
 TEST(ShellIntegration, StartEntryIsTheMachinesWhereThatIsAllowed)
 {
     TFakeRegistry registry;
-    SetRunValue(registry, ApplicationTitle, "a");
-    SetRunValue(registry, ApplicationTitle, "b");
-    EXPECT_EQ(registry.ReadText(TRoot::LocalMachine, std::string(RunKey), "Murala"), "b");
-    EXPECT_FALSE(registry.KeyExists(TRoot::CurrentUser, std::string(RunKey)));
-    // What an administrator has set right is not set again for the user.
+    const std::string key(RunKey);
+    for (const char* command : {"a", "b"})
+        SetRunValue(registry, ApplicationTitle, command);
     registry.Refused = {TRoot::LocalMachine};
     SetRunValue(registry, ApplicationTitle, "b");
-    EXPECT_FALSE(registry.KeyExists(TRoot::CurrentUser, std::string(RunKey)));
+    EXPECT_EQ(registry.ReadText(TRoot::LocalMachine, key, "Murala"), "b");
+    EXPECT_FALSE(registry.KeyExists(TRoot::CurrentUser, key)) << "nothing to be set right";
+
+    registry.Keys.clear();
+    SetRunValue(registry, ApplicationTitle, "b");
+    EXPECT_EQ(registry.ReadText(TRoot::CurrentUser, key, "Murala"), "b");
+    EXPECT_TRUE(RunValueExists(registry, ApplicationTitle));
+    DeleteRunValue(registry, ApplicationTitle);
+    EXPECT_FALSE(RunValueExists(registry, ApplicationTitle));
 }
 
 TEST(ShellIntegration, ArgumentsThatNameFilesAreQueuedWithFullPaths)
 {
     const TTempFolder folder;
-    for (const char* name : {"A b.jpg", "c.bmp", "d.bmp", "e.txt"})
-        ReplaceWholeFile(folder.File(name), "x", TFlush::ToSystemCache);
     std::filesystem::create_directory(NativePath(folder.File("sub")));
     const std::string inside = PathText(NativePath("sub") / NativePath("f.bmp"));
-    ReplaceWholeFile(folder.File(inside), "", TFlush::ToSystemCache);
+    for (const std::string& name :
+         std::vector<std::string>{"A b.jpg", "c.bmp", "d.bmp", "e.txt", inside})
+        ReplaceWholeFile(folder.File(name), "x", TFlush::ToSystemCache);
     const auto before = std::filesystem::current_path();
     std::filesystem::current_path(NativePath(folder.Path()));
     TFakeRegistry registry;
@@ -97,6 +92,9 @@ TEST(ShellIntegration, ArgumentsThatNameFilesAreQueuedWithFullPaths)
                                          "*.none", inside});
     std::filesystem::current_path(before);
 
+    registry.Refused = {TRoot::CurrentUser};
+    EXPECT_TRUE(TakeQueuedFiles(registry).empty()) << "they would come again and again";
+    registry.Refused = {};
     auto files = TakeQueuedFiles(registry);
     std::ranges::sort(files);
     EXPECT_EQ(files, (std::vector<std::string>{folder.File("A b.jpg"), folder.File("c.bmp"),

@@ -94,44 +94,69 @@ struct TFakeRegistry : TRegistry {
             names.push_back(name);
         return names;
     }
-    void DeleteValue(TRoot root, const std::string& key, const std::string& name) override
+    bool DeleteValue(TRoot root, const std::string& key, const std::string& name) override
     {
-        if (const auto values = Keys.find({root, key}); values != Keys.end())
-            values->second.erase(name);
+        const auto values = Keys.find({root, key});
+        return !Refused.contains(root) && values != Keys.end() && values->second.erase(name) != 0;
     }
     void DeleteKey(TRoot root, const std::string& key) override { Keys.erase({root, key}); }
 };
 
-// A desktop with an icon list whose label background can be read and set.
+// A desktop with an icon list whose label background can be read and set. The number of a window is
+// its place from 1 on; behind the last of a parent's windows comes its first again.
 struct TFakeShellWindows : TShellWindows {
+    struct TWindow {
+        const char* Class;
+        TWindowId Parent;
+    };
+    std::vector<TWindow> Windows{
+        {"#32769", 0}, {"Progman", 1}, {"SHELLDLL_DefView", 2}, {"SysListView32", 3}};
     bool HasShell = false;
     std::intptr_t LabelColor = 0;
+    std::intptr_t ItemCount = 3;
     std::vector<unsigned> Messages;
+    std::vector<std::string> Log; // what the list was asked, with parameters
 
-    static constexpr TWindowId Desktop = 1, Progman = 2, View = 3, List = 4;
-    static constexpr unsigned GetTextBack = 0x1025, SetTextBack = 0x1026, GetCount = 0x1004;
+    static constexpr unsigned GetTextBack = 0x1025, SetTextBack = 0x1026, GetCount = 0x1004,
+                              GetStyle = 0x1037;
 
-    TWindowId DesktopWindow() override { return HasShell ? Desktop : 0; }
-    TWindowId FirstChild(TWindowId window) override
+    TWindowId Next(TWindowId after, TWindowId parent) const
     {
-        return window >= Desktop && window < List ? window + 1 : 0;
+        for (TWindowId window = after + 1; window <= Windows.size(); window++)
+            if (Windows[window - 1].Parent == parent)
+                return window;
+        return 0;
     }
-    TWindowId NextSibling(TWindowId) override { return 0; }
-    std::string ClassName(TWindowId window) override
+
+    TWindowId DesktopWindow() override { return HasShell ? 1 : 0; }
+    TWindowId FirstChild(TWindowId window) override { return Next(window, window); }
+    TWindowId NextSibling(TWindowId window) override
     {
-        static const char* const names[] = {"", "", "Progman", "SHELLDLL_DefView", "SysListView32"};
-        return names[window];
+        const TWindowId parent = Windows[window - 1].Parent;
+        const TWindowId next = Next(window, parent);
+        return next != 0 ? next : FirstChild(parent);
     }
+    std::string ClassName(TWindowId window) override { return Windows[window - 1].Class; }
     std::optional<TRect> WindowRect(TWindowId) override { return std::nullopt; }
-    std::vector<TRect> WindowRegion(TWindowId) override { return {}; }
-    std::intptr_t Send(TWindowId, unsigned message, std::uintptr_t, std::intptr_t lParam) override
+    std::vector<TRect> WindowRegion(TWindowId) override
+    {
+        Log.emplace_back("region");
+        return {};
+    }
+    std::intptr_t Send(TWindowId, unsigned message, std::uintptr_t wParam,
+                       std::intptr_t lParam) override
     {
         Messages.push_back(message);
+        Log.push_back(std::to_string(message - 0x1000) + ' ' + std::to_string(wParam) + ' ' +
+                      std::to_string(lParam));
         if (message == SetTextBack)
             LabelColor = lParam;
-        return message == GetTextBack ? LabelColor : 0;
+        return message == GetTextBack ? LabelColor
+               : message == GetCount  ? ItemCount
+               : message == GetStyle  ? 0x2040
+                                      : 0;
     }
-    void Update(TWindowId) override {}
+    void Update(TWindowId) override { Log.emplace_back("update"); }
 };
 
 struct TFakeScreenSaver : TScreenSaver {

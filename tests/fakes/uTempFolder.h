@@ -2,6 +2,7 @@
 #pragma once
 
 #include "uPath.h"
+#include "uSafeFile.h"
 
 #include <gtest/gtest.h>
 
@@ -35,6 +36,12 @@ public:
 
     std::string Path() const { return PathText(m_folder); }
     std::string File(std::string_view name) const { return JoinPath(Path(), name); }
+    // The new file's path.
+    std::string Write(std::string_view name, std::string_view content) const
+    {
+        ReplaceWholeFile(File(name), content, TFlush::ToSystemCache);
+        return File(name);
+    }
     // How many files and folders lie in it.
     std::ptrdiff_t Count() const
     {

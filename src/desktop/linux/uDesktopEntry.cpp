@@ -91,6 +91,7 @@ std::vector<std::string> TDesktopEntry::ReadList(const char* key) const
 void TDesktopEntry::WriteList(const char* key, const std::vector<std::string>& texts)
 {
     std::vector<const char*> pointers;
+    pointers.reserve(texts.size());
     for (const std::string& text : texts)
         pointers.push_back(text.c_str());
     g_key_file_set_string_list(m_file.get(), MainGroup, key, pointers.data(), pointers.size());

@@ -46,7 +46,7 @@ std::filesystem::path RuntimeFolder()
     const char* runtime = std::getenv("XDG_RUNTIME_DIR");
     if (runtime != nullptr && runtime[0] == '/' && access(runtime, W_OK | X_OK) == 0)
         return runtime;
-    const std::filesystem::path folder = "/tmp/murala-" + std::to_string(getuid());
+    std::filesystem::path folder = "/tmp/murala-" + std::to_string(getuid());
     if (mkdir(folder.c_str(), 0700) != 0 && !IsPrivate(folder))
         throw std::filesystem::filesystem_error("not a private folder", folder,
                                                 std::make_error_code(std::errc::permission_denied));

@@ -26,7 +26,7 @@ std::vector<std::string> ProgramArguments()
 
 std::string ProgramFolder()
 {
-    const std::string portable = FolderPart(ProgramFile());
+    std::string portable = FolderPart(ProgramFile());
     if (FileExists(JoinPath(portable, SettingsFileName)))
         return portable;
     const std::filesystem::path folder = UserDataFolder() / "murala";

@@ -134,8 +134,8 @@ public:
     void DeleteKey(TRoot /*root*/, const std::string& /*key*/) override {}
 
 private:
-    // Not beside the program: a portable copy must find what the installed one has queued for it, and
-    // the other way round.
+    // Not beside the program: a portable copy must find what the installed one has queued for it,
+    // and the other way round.
     TRegistryFile m_file{PathText(UserDataFolder() / "murala/Murala.registry")};
 };
 

@@ -50,7 +50,6 @@ class TLinuxScreenSaver : public TScreenSaver
 {
 public:
     bool IsRunning() override { return IsServerSaving() || std::ranges::any_of(Savers, IsActive); }
-
 };
 
 } // namespace

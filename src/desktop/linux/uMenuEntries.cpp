@@ -5,6 +5,7 @@
 #include "uPath.h"
 #include "uProcess.h"
 #include "uSafeFile.h"
+#include "uSession.h"
 #include "uShellIntegration.h"
 
 #include <algorithm>
@@ -16,6 +17,7 @@ namespace
 {
 
 constexpr const char* CommandKey = "X-Murala-Command";
+constexpr const char* ApplicationId = "murala-add.desktop";
 constexpr const char* ActionGroup = "Desktop Action AddToMurala";
 
 std::filesystem::path ApplicationsFolder()
@@ -25,12 +27,12 @@ std::filesystem::path ApplicationsFolder()
 
 std::string ApplicationFile()
 {
-    return PathText(ApplicationsFolder() / "murala-add.desktop");
+    return PathText(ApplicationsFolder() / ApplicationId);
 }
 
 std::string ServiceMenuFile()
 {
-    return PathText(UserDataFolder() / "kio/servicemenus/murala-add.desktop");
+    return PathText(UserDataFolder() / "kio/servicemenus" / ApplicationId);
 }
 
 std::vector<std::filesystem::path> ScriptFiles()
@@ -72,25 +74,34 @@ TDesktopEntry NewEntry(const std::string& file, const std::vector<std::string>& 
     return entry;
 }
 
-// The desktops of the GNOME family take a program of the user's own folder before any of the
-// system's, so that pictures would be added where they should be opened. KDE, which has its service
-// menu, goes by preference, and by no cache.
+void UpdateApplicationCache()
+{
+    RunProgram({"update-desktop-database", "-q", PathText(ApplicationsFolder())});
+}
+
+// Makes what opens the type so far the user's choice.
+void KeepDefault(const std::string& mimeType)
+{
+    const TGObject<GAppInfo> program(g_app_info_get_default_for_type(mimeType.c_str(), FALSE));
+    if (program && g_strcmp0(g_app_info_get_id(program.get()), ApplicationId) != 0)
+        g_app_info_set_as_default_for_type(program.get(), mimeType.c_str(), nullptr);
+}
+
+// From the cache GLib would take a program of the user's own folder before any of the system's:
+// a double click would add the picture. KDE needs no cache, and goes by preference.
 void RegisterApplication(const std::vector<std::string>& mimeTypes)
 {
     if (RunningSession() == TSession::Plasma)
         return;
-    std::vector<TGObject<GAppInfo>> before;
-    for (const std::string& type : mimeTypes)
-        before.emplace_back(g_app_info_get_default_for_type(type.c_str(), FALSE));
-    RunProgram({"update-desktop-database", "-q", PathText(ApplicationsFolder())});
-    for (std::size_t i = 0; i < before.size(); i++)
-        if (before[i] && g_app_info_get_id(before[i].get()) != std::string_view(ApplicationId))
-            g_app_info_set_as_default_for_type(before[i].get(), mimeTypes[i].c_str(), nullptr);
+    std::ranges::for_each(mimeTypes, KeepDefault);
+    UpdateApplicationCache();
 }
 
 bool WriteApplication(const std::vector<std::string>& mimeTypes, const std::string& command)
 {
-    const bool saved = NewEntry(ApplicationFile(), mimeTypes, command).Save();
+    TDesktopEntry entry = NewEntry(ApplicationFile(), mimeTypes, command);
+    entry.Write("InitialPreference", "0"); // KDE's: the last choice for opening a picture
+    const bool saved = entry.Save();
     RegisterApplication(mimeTypes);
     return saved;
 }
@@ -126,7 +137,7 @@ void DeleteAllFiles()
     DeleteFileIfPresent(ServiceMenuFile());
     for (const auto& script : ScriptFiles())
         DeleteFileIfPresent(PathText(script));
-    RunProgram({"update-desktop-database", "-q", PathText(ApplicationsFolder())});
+    UpdateApplicationCache();
 }
 
 } // namespace

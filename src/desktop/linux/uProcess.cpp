@@ -11,6 +11,7 @@ namespace
 std::vector<char*> ArgumentPointers(const std::vector<std::string>& command)
 {
     std::vector<char*> pointers;
+    pointers.reserve(command.size() + 1);
     for (const std::string& argument : command)
         pointers.push_back(const_cast<char*>(argument.c_str()));
     pointers.push_back(nullptr);

@@ -69,7 +69,7 @@ public:
         const auto height = static_cast<unsigned>(DisplayHeight(m_display, m_screen));
         const auto depth = static_cast<unsigned>(DefaultDepth(m_display, m_screen));
         const Pixmap pixmap = XCreatePixmap(m_display, m_root, width, height, depth);
-        const GC context = XCreateGC(m_display, pixmap, 0, nullptr);
+        GC context = XCreateGC(m_display, pixmap, 0, nullptr);
         XSetForeground(m_display, context, ServerPixel(m_visual, ColorToPixel(color)));
         XFillRectangle(m_display, pixmap, context, 0, 0, width, height);
         for (const TMonitor& monitor : monitors)

@@ -37,10 +37,11 @@ struct TAddress {
 TDescriptor Connect(const std::string& windowClass)
 try {
     const TAddress address(windowClass);
-    // A program that hangs must not make this one wait; with its queue full it is there all the same.
+    // A program that hangs must not make this one wait; with its queue full it is there all the
+    // same.
     TDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    if (!socket || (connect(socket.Get(), address.Get(), sizeof address.Name) != 0 &&
-                    errno != EAGAIN))
+    if (!socket ||
+        (connect(socket.Get(), address.Get(), sizeof address.Name) != 0 && errno != EAGAIN))
         return TDescriptor();
     return socket;
 } catch (const std::filesystem::filesystem_error&) {

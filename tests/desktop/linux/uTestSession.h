@@ -6,12 +6,10 @@
 #include "uTempFolder.h"
 #include "uX11.h"
 
-#include <atomic>
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace murala
@@ -20,22 +18,11 @@ namespace murala
 // Polls for ten seconds at the most, letting messages through. The last answer.
 bool Eventually(const std::function<bool()>& condition);
 
-// Changes of the environment; undone at the end.
-class TTestEnvironment
-{
-public:
-    ~TTestEnvironment();
-    void Set(const std::string& name, const std::optional<std::string>& value);
-
-private:
-    std::map<std::string, std::optional<std::string>> m_before;
-};
-
 // A program that runs in the background; ended with the test.
 class TTestProgram
 {
 public:
-    explicit TTestProgram(const std::vector<std::string>& command);
+    explicit TTestProgram(std::vector<const char*> command);
     TTestProgram(const TTestProgram&) = delete;
     TTestProgram& operator=(const TTestProgram&) = delete;
     ~TTestProgram();
@@ -43,87 +30,76 @@ public:
     std::string ReadLine();
 
 private:
-    GPid m_process = 0;
-    int m_output = -1;
+    TGObject<GSubprocess> m_process;
 };
+
+constexpr const char* AwkwardName = "a b'ü%20\"$(x).bmp";
+
+// A picture in which every pixel tells its place.
+TBitmap TestPicture(int width, int height, unsigned seed = 0);
 
 // A home folder, a runtime folder and no running desktop.
-class TTestSession
+class TTestSession : public TTempFolder
 {
 public:
-    TTestSession();
-    void SetVariable(const std::string& name, const std::optional<std::string>& value)
-    {
-        m_environment.Set(name, value);
-    }
-    std::string File(std::string_view name) const { return m_folder.File(name); }
-    std::string ProgramFolder() const { return WithTrailingDivider(m_folder.Path()); }
+    explicit TTestSession(const char* desktop = "");
+    ~TTestSession();
+    // Until the end of the test.
+    void SetVariable(const std::string& name, const std::optional<std::string>& value);
 
-    // An executable script in PATH.
-    void AddProgram(const std::string& name, const std::string& script);
-    // One that writes down its arguments, one a line, and ends with `code`; and what it wrote.
+    std::string SavePicture(const TBitmap& picture = TestPicture(8, 8),
+                            const char* name = AwkwardName) const;
+
+    // A script in PATH that writes down its arguments, one a line, and ends with `code`; and what
+    // it wrote since the last call.
     void AddRecorder(const std::string& name, int code = 0);
     std::vector<std::string> Recorded() const;
+    bool EventuallyRecorded(const std::vector<std::string>& expected) const;
 
 private:
-    TTempFolder m_folder;
-    TTestEnvironment m_environment;
+    std::map<std::string, std::optional<std::string>> m_before;
 };
 
-// A session's D-Bus. `withServices`: programs of the system are started on demand.
-class TTestBus
-{
-public:
-    explicit TTestBus(bool withServices);
-    TTestBus(const TTestBus&) = delete;
-    TTestBus& operator=(const TTestBus&) = delete;
-    ~TTestBus();
-
-private:
-    TGObject<GTestDBus> m_bus;
+// A session's D-Bus, which starts the programs that are installed for it.
+struct TTestBus {
+    explicit TTestBus(TTestSession& session)
+    {
+        session.SetVariable("DBUS_SESSION_BUS_ADDRESS", m_daemon.ReadLine());
+    }
+    TTestProgram m_daemon{{"dbus-daemon", "--session", "--nofork", "--print-address"}};
 };
 
-// A program on the session's bus, in a thread of its own: `answer` makes a call's answer from its
-// arguments.
+// A program on the session's bus that answers the calls of one method ("/path interface.method").
 class TTestService
 {
 public:
-    using TAnswer = std::function<GVariant*(GVariant*)>;
-
-    TTestService(const std::string& name, const std::string& path, const std::string& interface,
-                 const std::string& methods, TAnswer answer);
+    using TAnswer = std::function<GVariant*(GVariant* arguments)>;
+    TTestService(const char* name, std::string method, TAnswer answer);
     TTestService(const TTestService&) = delete;
     TTestService& operator=(const TTestService&) = delete;
     ~TTestService();
 
 private:
-    void Run(const std::string& name, const std::string& path, const std::string& interface,
-             const std::string& methods);
+    GDBusMessage* Answer(GDBusMessage* message) const;
 
+    std::string m_method;
     TAnswer m_answer;
-    GMainLoop* m_loop = nullptr;
-    std::atomic<bool> m_ready = false;
-    std::thread m_thread;
+    TGObject<GDBusConnection> m_bus;
 };
 
 // An X server; DISPLAY points to it.
 class TTestScreen
 {
 public:
-    TTestScreen(TTestSession& session, const std::string& size);
+    TTestScreen(TTestSession& session, const char* size);
     Display* Get() const { return m_display.get(); }
     // What can be seen.
     TBitmap Picture() const;
-    bool Shows(const TBitmap& picture) const;
     bool Holds(Pixmap pixmap) const;
 
 private:
     TTestProgram m_server;
     TDisplay m_display;
 };
-
-// A picture in which every pixel tells its place.
-TBitmap TestPicture(int width, int height, unsigned seed = 0);
-std::string SaveTestPicture(const TBitmap& picture, const std::string& file);
 
 } // namespace murala

@@ -9,7 +9,6 @@
 
 #include <commctrl.h>
 
-#include <cstdio>
 #include <fstream>
 #include <string>
 
@@ -23,28 +22,31 @@ void Log(const std::string& line)
     std::ofstream(logFile, std::ios::app) << line << '\n';
 }
 
-LRESULT CALLBACK EndOnDestroy(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    if (message == RegisterWindowMessageA(murala::GetDesktopMessage)) {
+        Log(murala::GetDesktopMessage);
+        SendMessageA(reinterpret_cast<HWND>(lParam),
+                     RegisterWindowMessageA(murala::TellDesktopMessage), 0, 3);
+    }
+    if (message == RegisterWindowMessageA(murala::WallpaperChangeMessage))
+        Log(murala::WallpaperChangeMessage);
     if (message == WM_DESTROY)
         PostQuitMessage(0);
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-HWND MakeWindow(const char* name, HWND parent, WNDPROC procedure, const RECT& place,
-                DWORD exStyle = 0)
+HWND MakeWindow(const char* name, HWND parent, const RECT& place)
 {
     WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = procedure;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpfnWndProc = OnMessage;
     windowClass.lpszClassName = name;
     RegisterClassA(&windowClass);
-    const DWORD style = parent != nullptr ? WS_CHILD : WS_POPUP;
-    const HWND window =
-        CreateWindowExA(exStyle, name, "", style, place.left, place.top, place.right - place.left,
-                        place.bottom - place.top, parent, nullptr, windowClass.hInstance, nullptr);
-    // An activated window would be moved by the window manager of the screen that Wine draws on.
-    ShowWindow(window, SW_SHOWNA);
-    return window;
+    const bool isChild = parent != nullptr;
+    return CreateWindowExA(isChild ? 0 : WS_EX_TOPMOST, name, "",
+                           (isChild ? WS_CHILD : WS_POPUP) | WS_VISIBLE, place.left, place.top,
+                           place.right - place.left, place.bottom - place.top, parent, nullptr,
+                           nullptr, nullptr);
 }
 
 void HandleMessages()
@@ -68,16 +70,13 @@ LRESULT CALLBACK LogListMessages(HWND window, UINT message, WPARAM wParam, LPARA
 void RunShell(const char* top, int icons)
 {
     InitCommonControls();
-    MakeWindow("Shell_TrayWnd", nullptr, DefWindowProcA, {-2, 450, 642, 482}, WS_EX_TOPMOST);
-    const HWND progman = MakeWindow(top, nullptr, EndOnDestroy, {0, 0, 640, 480});
-    const HWND view = MakeWindow("SHELLDLL_DefView", progman, DefWindowProcA, {0, 0, 640, 480});
+    MakeWindow("Shell_TrayWnd", nullptr, {10, 450, 630, 470});
+    const RECT screen{0, 0, 640, 480};
+    const HWND view = MakeWindow("SHELLDLL_DefView", MakeWindow(top, nullptr, screen), screen);
     const HWND list = CreateWindowExA(0, WC_LISTVIEWA, "", WS_CHILD | WS_VISIBLE | LVS_ICON, 0, 0,
-                                      640, 480, view, nullptr, GetModuleHandleA(nullptr), nullptr);
-    char text[] = "Icon";
+                                      640, 480, view, nullptr, nullptr, nullptr);
     for (int i = 0; i < icons; i++) {
         LVITEMA item{};
-        item.mask = LVIF_TEXT;
-        item.pszText = text;
         SendMessageA(list, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
     }
     SendMessageA(list, LVM_SETTEXTBKCOLOR, 0, 0x112233);
@@ -85,39 +84,14 @@ void RunShell(const char* top, int icons)
     HandleMessages();
 }
 
-LRESULT CALLBACK AnswerAsVeyra(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    if (message == RegisterWindowMessageA(murala::GetDesktopMessage)) {
-        Log(murala::GetDesktopMessage);
-        SendMessageA(reinterpret_cast<HWND>(lParam),
-                     RegisterWindowMessageA(murala::TellDesktopMessage), 0, 3);
-        return 0;
-    }
-    if (message == RegisterWindowMessageA(murala::WallpaperChangeMessage))
-        Log(murala::WallpaperChangeMessage);
-    return EndOnDestroy(window, message, wParam, lParam);
-}
-
-void RunWindow(const char* name, WNDPROC procedure)
-{
-    MakeWindow(name, nullptr, procedure, {0, 0, 10, 10});
-    HandleMessages();
-}
-
-[[noreturn]] void HoldStartLock()
+// As Murala does, or as a program that knows nothing but the semaphore.
+[[noreturn]] void HoldStartLock(bool asMurala)
 {
     const auto link = murala::NewInstanceLink();
-    link->Lock();
-    Log("locked");
-    Sleep(INFINITE);
-    std::exit(0);
-}
-
-// As a program does that knows nothing but the semaphore.
-[[noreturn]] void HoldSemaphore()
-{
-    const HANDLE semaphore = CreateSemaphoreA(nullptr, 1, 1, murala::StartLockName);
-    WaitForSingleObject(semaphore, INFINITE);
+    if (asMurala)
+        link->Lock();
+    else
+        WaitForSingleObject(CreateSemaphoreA(nullptr, 1, 1, murala::StartLockName), INFINITE);
     Log("locked");
     Sleep(INFINITE);
     std::exit(0);
@@ -141,25 +115,15 @@ int main(int count, char** arguments)
     const bool isEffect = count < 3 || std::string(arguments[2]) == "/settings";
     const std::string mode = isEffect ? "" : arguments[1];
     logFile = isEffect ? std::string(arguments[0]) + ".log" : arguments[2];
-    if (mode == "shell")
-        RunShell("Progman", 3);
-    else if (mode == "empty-shell")
-        RunShell("Progman", 0);
-    else if (mode == "worker-shell")
-        RunShell("WorkerW", 3);
-    else if (mode == "veyra")
-        RunWindow(murala::VeyraWindowClass, AnswerAsVeyra);
-    else if (mode == "rovane")
-        RunWindow(murala::RovaneWindowClass, EndOnDestroy);
-    else if (mode == "saver")
-        RunWindow("WindowsScreenSaverClass", EndOnDestroy);
-    else if (mode == "lock")
-        HoldStartLock();
-    else if (mode == "semaphore")
-        HoldSemaphore();
+    if (isEffect)
+        Log(GetCommandLineA());
+    else if (mode == "Progman" || mode == "WorkerW")
+        RunShell(mode.c_str(), mode == "WorkerW" ? 0 : 3);
+    else if (mode == "lock" || mode == "semaphore")
+        HoldStartLock(mode == "lock");
     else if (mode == "wallpapers")
         SetWallpapers(count - 3, arguments + 3);
-    else
-        Log(GetCommandLineA());
+    else if (MakeWindow(mode.c_str(), nullptr, {0, 0, 10, 10}) != nullptr)
+        HandleMessages();
     return 0;
 }

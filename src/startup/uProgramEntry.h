@@ -11,7 +11,7 @@ namespace murala
 {
 
 enum class TEntry {
-    Run, // this copy becomes the running one; it holds the start lock until it listens
+    Run, // this copy becomes the running one; it holds the start lock until its window is activated
     End, // everything is done, or a running copy does it
 };
 

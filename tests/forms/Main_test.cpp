@@ -57,8 +57,8 @@ protected:
 
     void Start(const std::vector<std::string>& arguments = {})
     {
-        m_main = new TfMain(m_services.Services());
-        m_main->Activate(arguments, m_link);
+        m_main = new TfMain(m_services.Services(), m_link);
+        m_main->Activate(arguments);
         PumpUntil([this] { return m_main->IsShown(); });
         Pump(100);
     }

@@ -41,8 +41,8 @@ TPlacement DefaultPlacement(const wxSize& size)
 
 } // namespace
 
-TfMain::TfMain(const TServices& services)
-    : m_murala(services, *this), m_binder(*this, alMain), m_services(services)
+TfMain::TfMain(const TServices& services, TInstanceLink& link)
+    : m_murala(services, *this), m_binder(*this, alMain), m_services(services), m_link(link)
 {
     wxFrame::Create(nullptr, wxID_ANY, "Murala", wxDefaultPosition, wxDefaultSize,
                     wxDEFAULT_FRAME_STYLE, "TfMain");
@@ -54,6 +54,11 @@ TfMain::TfMain(const TServices& services)
     BuildMenuBar();
     BuildClient();
     BindEvents();
+    // The link outlives the window.
+    m_link.Listen(nullptr, [self = wxWeakRef<TfMain>(this)] {
+        if (self)
+            self->WakeUp();
+    });
     auto* fProgress = new TfProgress(nullptr, "Starting Up...");
     m_murala.LoadSettings(DefaultPlacement(DesignSize()));
     m_murala.LoadList();
@@ -200,14 +205,9 @@ wxWindow* TfMain::BuildBottomPanel(wxWindow* parent)
     return panel;
 }
 
-void TfMain::Activate(const std::vector<std::string>& arguments, TInstanceLink& link)
+void TfMain::Activate(const std::vector<std::string>& arguments)
 {
-    // The link outlives the window.
-    link.Listen(nullptr, [self = wxWeakRef<TfMain>(this)] {
-        if (self)
-            self->WakeUp();
-    });
-    link.Unlock();
+    m_link.Unlock();
     m_murala.LoadSettings(DefaultPlacement(DesignSize()));
     const bool wasVisible = m_murala.Settings.WindowState;
     Place(m_murala.Settings.Placement);

@@ -21,14 +21,14 @@ namespace murala
 class TfMain : public wxFrame, private TMainView
 {
 public:
-    // Builds the window, invisible, with the settings and the list loaded.
-    explicit TfMain(const TServices& services);
+    // Builds the window, invisible, with the settings and the list loaded. Other copies find this
+    // one from now on.
+    TfMain(const TServices& services, TInstanceLink& link);
     ~TfMain() override;
 
-    // The first activation: answers other copies from now on, applies a wallpaper when the
-    // arguments say so, shows the window where it stood at the last end, and takes in the
-    // arguments' files.
-    void Activate(const std::vector<std::string>& arguments, TInstanceLink& link);
+    // The first activation: releases the start lock, applies a wallpaper when the arguments say so,
+    // shows the window where it stood at the last end, and takes in the files that are waiting.
+    void Activate(const std::vector<std::string>& arguments);
 
     TMurala& Murala() { return m_murala; }
     TActionList& Actions() { return alMain; }
@@ -97,6 +97,7 @@ private:
     TActionList alMain;
     TActionBinder m_binder;
     TServices m_services;
+    TInstanceLink& m_link;
 
     wxSplitterWindow* spVertical = nullptr;
     wxSplitterWindow* spHorizontal = nullptr;

@@ -19,8 +19,8 @@ public:
         m_link = NewInstanceLink();
         if (EnterProgram(arguments, m_services->Registry(), *m_link) == TEntry::End)
             return false;
-        auto* fMain = new TfMain(m_services->Services());
-        fMain->Activate(arguments, *m_link);
+        auto* fMain = new TfMain(m_services->Services(), *m_link);
+        fMain->Activate(arguments);
         return true;
     }
 

@@ -6,54 +6,20 @@ using namespace murala;
 
 TEST(Title, IsMadeByTheChainOfRules)
 {
-    const struct {
-        const char *FileName, *Title;
-    } cases[] = {
-        {R"(C:\Pictures\deep_blue-sea.jpg)", "Deep blue-sea"},
-        {"/home/me/SunsetBeach_1024x768.jpg", "Sunset Beach"},
-        {"/home/me/1024X768.jpg", "1024 X768"}, // the pair is spelt with a small x
-        {"/home/me/JPEG.bmp", "J P E G"},
-        {"/home/me/My_House.bmp", "My  House"}, // a blank more before a capital that has one
-        {"/home/me/Lake (800x600)().jpg", "Lake"},
-        {"/home/me/a%20b.jpg", "A b"},
-        {"/home/me/no extension", "No extension"},
-        {"/home/me/a.b.c", "A.b"},
-        {"/home/me/.jpg", ""},
-        {"/home/me/\xC3\xA4pfel.jpg", "\xC3\xA4pfel"},
-        {"", ""},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(MakeTitle(c.FileName, {}), c.Title) << c.FileName;
-}
-
-TEST(Title, IsCutBeforeItIsTrimmed)
-{
-    const struct {
-        const char* Name;
-        int Limit;
-        const char* Title;
-    } cases[] = {
-        {"Sea", 3, "Se"}, // " Sea" cut to " Se"
-        {"ab_cd", 3, "Ab"}, {"x\xE2\x82\xAC\xC3\xBC", 3, "X\xE2\x82\xAC"},
-        {"sea", 0, ""},     {"sea", -5, ""},
-    };
-    for (const auto& c : cases) {
-        TTitleRules rules;
-        rules.MaxTitleLength = c.Limit;
-        EXPECT_EQ(MakeTitle(c.Name, rules), c.Title) << c.Name << ' ' << c.Limit;
-    }
-    EXPECT_EQ(MakeTitle(std::string(60, '9'), {}).size(), 40U);
-}
-
-TEST(Title, FollowsItsRules)
-{
-    TTitleRules plain{false, false, 40, {}};
-    EXPECT_EQ(MakeTitle("deep_Blue.jpg", plain), "deep_Blue");
+    // Pairs are spelt with a small x, every capital gets a blank, and " Sea" is cut, then trimmed.
+    using TCase = std::tuple<const char*, const char*, int>;
+    const TCase cases[] = {{"/SunBeach_1024x768.jpg", "Sun Beach", 40},   {"/p/a%20b", "A b", 40},
+                           {"/pictures/1024X768.jpg", "1024 X768", 40},   {"/p/a.b.c", "A.b", 40},
+                           {"/pictures/My_House.bmp", "My  House", 40},   {"/.jpg", "", 40},
+                           {"/p/Lake (800x600)().jpg", "Lake", 40},       {"Sea", "Se", 3},
+                           {"\xC3\xA4pfel", "\xC3\xA4pfel", 40},          {"ab_cd", "Ab", 3},
+                           {"x\xE2\x82\xAC\xC3\xBC", "X\xE2\x82\xAC", 3}, {"sea", "", -5}};
+    for (const auto& [fileName, title, limit] : cases)
+        EXPECT_EQ(MakeTitle(fileName, {.MaxTitleLength = limit}), title) << fileName;
+    EXPECT_EQ(MakeTitle(R"(C:\p\deep_blue-sea.jpg)", {}), "Deep blue-sea");
     // Later pairs see what earlier ones made; inserted text is not replaced by its own pair.
-    plain.ConvertList = {{"a", "aa"}, {"aab", "c"}, {"", "never"}};
-    EXPECT_EQ(MakeTitle("ab-a.jpg", plain), "c-aa");
+    const TTitleRules plain{false, false, 40, {{"a", "aa"}, {"aab", "c"}, {"", "never"}}};
+    EXPECT_EQ(MakeTitle("ab-a_Sea.jpg", plain), "c-aa_Seaa");
     // Capitals that a replacement brings are spaced out, too; the first letter was chosen before.
-    TTitleRules rules;
-    rules.ConvertList = {{"s", "T"}};
-    EXPECT_EQ(MakeTitle("sos.jpg", rules), "So T");
+    EXPECT_EQ(MakeTitle("sos.jpg", {true, true, 40, {{"s", "T"}}}), "So T");
 }

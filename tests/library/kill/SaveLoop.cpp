@@ -5,9 +5,7 @@
 #include "uSafeFile.h"
 #include "uSettings.h"
 #include "uText.h"
-#include "uWallpaper.h"
 
-#include <chrono>
 #include <iostream>
 
 using namespace murala;
@@ -15,102 +13,51 @@ using namespace murala;
 namespace
 {
 
-// For the case that nobody comes to kill us.
-constexpr std::chrono::seconds LongestRun{60};
-
-std::string ListPath(const std::string& folder)
+void SaveVersion(const std::string& folder, int version)
 {
-    return JoinPath(folder, ListFileName);
-}
-std::string SettingsPath(const std::string& folder)
-{
-    return JoinPath(folder, SettingsFileName);
-}
-
-void FillList(TMuWallpaperList& list, int version)
-{
-    const int count = 1000 + version % 100;
-    for (int i = 0; i < count; ++i) {
+    TMuWallpaperList list;
+    for (int i = 0; i < 1000 + version % 100; ++i) {
         auto item = std::make_unique<TMuWallpaper>();
         item->FileName = "/pictures/" + std::to_string(i) + ".jpg";
-        item->Title =
-            FormatText("picture %d of version %d", {std::to_string(i), std::to_string(version)});
-        item->Category = "sea";
+        item->Title = "of version " + std::to_string(version);
         list.Add(std::move(item));
     }
-}
-
-void SetVersion(TIniFile& file, int version)
-{
+    list.SaveToFile(JoinPath(folder, ListFileName));
     TMuSettings settings;
     settings.ScheduleFrequency = version;
     settings.Titles.ConvertList.assign(static_cast<std::size_t>(version % 50), {"a", "b"});
+    TIniFile file = TIniFile::Load(JoinPath(folder, SettingsFileName));
     SaveSettings(file, settings, {version, "/current", 0}, AllSaveFlags);
-}
-
-std::string ListText(const TMuWallpaperList& list)
-{
-    std::string text;
-    for (int i = 0; i < list.Count(); ++i)
-        text += list.Item(i).SaveToLine() + "\n";
-    return text;
-}
-
-bool IsListOf(const std::string& folder, int version)
-{
-    TMuWallpaperList list, expected;
-    list.LoadFromFile(ListPath(folder));
-    FillList(expected, version);
-    return ListText(list) == ListText(expected);
-}
-
-bool AreSettingsOf(const std::string& folder, int version)
-{
-    TIniFile expected;
-    SetVersion(expected, version);
-    return TIniFile::Load(SettingsPath(folder)).ToText() == expected.ToText();
-}
-
-int LastAcknowledged(const std::string& path)
-{
-    if (!FileExists(path))
-        return 0;
-    const std::string text = ReadWholeFile(path);
-    const auto lines = SplitLines(std::string_view(text).substr(0, text.rfind('\n') + 1));
-    return lines.empty() ? 0 : ParseInteger(lines.back()).value_or(-1);
+    file.Save(JoinPath(folder, SettingsFileName));
 }
 
 // What was acknowledged must be there; the version after it may have been saved, the list first.
 void Check(const std::string& folder, int acknowledged)
 {
-    const bool newList = IsListOf(folder, acknowledged + 1);
-    if (!newList && !IsListOf(folder, acknowledged))
+    const std::string expected = JoinPath(folder, "expected");
+    std::filesystem::create_directory(NativePath(expected));
+    const auto isOf = [&](int version, std::string_view name) {
+        SaveVersion(expected, version);
+        return ReadWholeFile(JoinPath(folder, name)) == ReadWholeFile(JoinPath(expected, name));
+    };
+    const bool newList = isOf(acknowledged + 1, ListFileName);
+    if (!newList && !isOf(acknowledged, ListFileName))
         throw std::runtime_error("the list is no version that may be there");
-    if (!AreSettingsOf(folder, acknowledged) &&
-        !(newList && AreSettingsOf(folder, acknowledged + 1)))
+    if (!isOf(acknowledged, SettingsFileName) &&
+        !(newList && isOf(acknowledged + 1, SettingsFileName)))
         throw std::runtime_error("the settings are no version that may be there");
-}
-
-void SaveVersion(const std::string& folder, int version)
-{
-    TMuWallpaperList list;
-    FillList(list, version);
-    list.SaveToFile(ListPath(folder));
-    TIniFile file = TIniFile::Load(SettingsPath(folder));
-    SetVersion(file, version);
-    file.Save(SettingsPath(folder));
 }
 
 void Run(const std::string& folder)
 {
-    const std::string acknowledgedPath = JoinPath(folder, "acknowledged");
-    int version = LastAcknowledged(acknowledgedPath);
+    const TFile acknowledged = OpenFile(JoinPath(folder, "acknowledged"), "ab");
+    const std::string text = ReadWholeFile(JoinPath(folder, "acknowledged"));
+    const auto lines = SplitLines(std::string_view(text).substr(0, text.rfind('\n') + 1));
+    int version = lines.empty() ? 0 : ParseInteger(lines.back()).value();
     if (version != 0)
         Check(folder, version);
-    const TFile acknowledged = OpenFile(acknowledgedPath, "ab");
     OpenFile(JoinPath(folder, "saving"), "wb");
-    const auto end = std::chrono::steady_clock::now() + LongestRun;
-    while (std::chrono::steady_clock::now() < end) {
+    for (const int last = version + 10000; version < last;) { // should nobody come to kill us
         SaveVersion(folder, ++version);
         std::fprintf(acknowledged.get(), "%d\n", version);
         std::fflush(acknowledged.get());

@@ -7,42 +7,23 @@
 
 using namespace murala;
 
-namespace
-{
-
-// Opens the file so that others may read and write, but not replace it.
-HANDLE Hold(const std::string& path)
-{
-    return CreateFileW(NativePath(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                       nullptr, OPEN_EXISTING, 0, nullptr);
-}
-
-} // namespace
-
-TEST(SafeFile, WaitsForAFileThatIsHeldForAMoment)
+TEST(SafeFile, WaitsForAFileThatIsHeldForAMomentOnly)
 {
     const TTempFolder folder;
-    const std::string path = folder.File("list");
-    ReplaceWholeFile(path, "old", TFlush::ToDisk);
-    HANDLE file = Hold(path);
+    const std::string path = folder.Write("list", "old");
+    // Others may read and write the file, but not replace it.
+    HANDLE file =
+        CreateFileW(NativePath(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    EXPECT_THROW(folder.Write("list", "new"), EFileError);
+    EXPECT_EQ(ReadWholeFile(path), "old");
+    EXPECT_EQ(folder.Count(), 1);
     std::thread release([file] {
         Sleep(50);
         CloseHandle(file);
     });
-    EXPECT_NO_THROW(ReplaceWholeFile(path, "new", TFlush::ToDisk));
+    EXPECT_NO_THROW(folder.Write("list", "new"));
     release.join();
     EXPECT_EQ(ReadWholeFile(path), "new");
-}
-
-TEST(SafeFile, AFileThatStaysLockedIsLeftAsItWas)
-{
-    const TTempFolder folder;
-    const std::string path = folder.File("list");
-    ReplaceWholeFile(path, "old", TFlush::ToDisk);
-    HANDLE file = Hold(path);
-    EXPECT_THROW(ReplaceWholeFile(path, "new", TFlush::ToDisk), EFileError);
-    CloseHandle(file);
-    EXPECT_EQ(ReadWholeFile(path), "old");
-    EXPECT_EQ(folder.Count(), 1);
 }

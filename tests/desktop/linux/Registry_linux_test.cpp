@@ -29,8 +29,8 @@ TEST(LinuxRegistry, QueueTakesNamesOfEveryKind)
 {
     const TTestSession session;
     const auto registry = NewRegistry();
-    const std::vector<std::string> names = {"/a=b;c.jpg", "/A=b;c.jpg", "/tab\tline\nback\\n.bmp",
-                                            "/[x] ü \xFF\".jpg", " /blank "};
+    const TWords names = {"/a=b;c.jpg", "/A=b;c.jpg", "/tab\tline\nback\\n.bmp",
+                          "/[x] ü \xFF\".jpg", " /blank "};
     for (const std::string& name : names)
         EXPECT_TRUE(registry->WriteText(TRoot::CurrentUser, QueueKey, name, ""));
     EXPECT_TRUE(
@@ -81,7 +81,7 @@ TEST(Autostart, RunValueIsAnEntryThatTheUserCanSwitchOff)
     EXPECT_EQ(registry->ReadText(TRoot::CurrentUser, std::string(RunKey), "Murala"), command);
     EXPECT_TRUE(IsValidEntry(file));
     ASSERT_TRUE(g_app_info_launch(LoadProgram(file).get(), nullptr, nullptr, nullptr));
-    EXPECT_TRUE(session.EventuallyRecorded({"my $murala", "/apply"}));
+    EXPECT_EQ(session.Recorded(), (TWords{"my $murala", "/apply"}));
 
     TDesktopEntry entry(file);
     entry.Write("Hidden", "true");
@@ -112,16 +112,15 @@ TEST(MenuEntries, VerbIsOfferedForBothTypesInEveryFormAndGivenTheFiles)
     EXPECT_TRUE(IsValidEntry(menu));
     EXPECT_NE(ReadWholeFile(menu).find("[Desktop Action AddToMurala]"), std::string::npos);
     EXPECT_EQ(access(menu.c_str(), X_OK), 0);
-    EXPECT_EQ(TDesktopEntry(application).ReadList("MimeType"),
-              (std::vector<std::string>{"image/bmp", "image/jpeg"}));
+    EXPECT_EQ(TDesktopEntry(application).ReadList("MimeType"), (TWords{"image/bmp", "image/jpeg"}));
 
     const TGObject<GFile> first(g_file_new_for_path("/a b.bmp"));
     const TGObject<GFile> second(g_file_new_for_path("/ü'.bmp"));
     GList last{second.get(), nullptr, nullptr};
     GList files{first.get(), &last, nullptr};
-    const std::vector<std::string> expected = {"my $murala", "/a b.bmp", "/ü'.bmp"};
+    const TWords expected = {"my $murala", "/a b.bmp", "/ü'.bmp"};
     ASSERT_TRUE(g_app_info_launch(LoadProgram(application).get(), &files, nullptr, nullptr));
-    EXPECT_TRUE(session.EventuallyRecorded(expected));
+    EXPECT_EQ(session.Recorded(), expected);
     ASSERT_TRUE(RunProgram({script, expected[1], expected[2]}));
     EXPECT_EQ(session.Recorded(), expected);
 

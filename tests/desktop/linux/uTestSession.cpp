@@ -100,21 +100,15 @@ void TTestSession::AddRecorder(const std::string& name, int code)
         std::filesystem::perms::owner_all);
 }
 
-std::vector<std::string> TTestSession::Recorded() const
+TWords TTestSession::Recorded() const
 {
-    std::vector<std::string> lines;
-    if (!FileExists(File("recorded")))
-        return lines;
-    const std::string text = ReadWholeFile(File("recorded"));
-    for (const std::string_view line : SplitLines(text))
-        lines.emplace_back(line);
-    DeleteFileIfPresent(File("recorded"));
-    return lines;
-}
-
-bool TTestSession::EventuallyRecorded(const std::vector<std::string>& expected) const
-{
-    return Eventually([&] { return FileExists(File("recorded")); }) && Recorded() == expected;
+    const std::string file = File("recorded");
+    if (!Eventually([&] { return FileExists(file); }))
+        return {"nothing"};
+    const std::string text = ReadWholeFile(file);
+    DeleteFileIfPresent(file);
+    const auto lines = SplitLines(text);
+    return {lines.begin(), lines.end()};
 }
 
 TTestService::TTestService(const char* name, std::string method, TAnswer answer)

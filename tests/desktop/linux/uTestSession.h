@@ -38,6 +38,8 @@ constexpr const char* AwkwardName = "a b'ü%20\"$(x).bmp";
 // A picture in which every pixel tells its place.
 TBitmap TestPicture(int width, int height, unsigned seed = 0);
 
+using TWords = std::vector<std::string>;
+
 // A home folder, a runtime folder and no running desktop.
 class TTestSession : public TTempFolder
 {
@@ -50,11 +52,10 @@ public:
     std::string SavePicture(const TBitmap& picture = TestPicture(8, 8),
                             const char* name = AwkwardName) const;
 
-    // A script in PATH that writes down its arguments, one a line, and ends with `code`; and what
-    // it wrote since the last call.
+    // A script in PATH that writes down its name and arguments and ends with `code`; and what it
+    // wrote since the last call, which is waited for.
     void AddRecorder(const std::string& name, int code = 0);
-    std::vector<std::string> Recorded() const;
-    bool EventuallyRecorded(const std::vector<std::string>& expected) const;
+    TWords Recorded() const;
 
 private:
     std::map<std::string, std::optional<std::string>> m_before;

@@ -95,22 +95,22 @@ TEST(WindowsDesktop, TileFlagAndColourAreStoredWhereWindowsKeepsThem)
 TEST(IconViewOfAShell, LabelsAreSetOnceAndPaintedAgain)
 {
     const auto windows = NewShellWindows();
+    const auto desktop = NewDesktop("");
     EXPECT_EQ(FindDesktopListView(*windows), 0U);
     for (const std::string top : {"Progman", "WorkerW"}) { // the second has no icons
         const TFakeProgram shell(top);
         ASSERT_TRUE(Eventually([&] { return GetIconTextBackColor(*windows) == 0x112233; })) << top;
         const auto asked = static_cast<std::ptrdiff_t>(shell.Log().size());
-        SetIconsTransparent(*windows);
-        SetIconsTransparent(*windows);
-        EXPECT_EQ(GetIconTextBackColor(*windows), NoColor);
+        for (int i = 0; i < 2; i++)
+            SetIconsTransparent(*windows);
+        for (int i = 0; i < 2; i++)
+            SetIconsOpaque(*windows, *desktop);
         const TLog log = shell.Log();
+        const std::string paint = top == "Progman" ? "21 0 2" : "21 0 -1";
+        const std::string opaque = "38 0 " + std::to_string(desktop->DesktopColor());
         EXPECT_EQ(TLog(log.begin() + asked, log.end()),
-                  (TLog{"37 0 0", "38 0 -1", "4 0 0", top == "Progman" ? "21 0 2" : "21 0 -1",
-                        "37 0 0", "37 0 0"}));
-        const auto desktop = NewDesktop("");
-        SetIconsOpaque(*windows, *desktop);
-        EXPECT_EQ(GetIconTextBackColor(*windows), desktop->DesktopColor());
-
+                  (TLog{"37 0 0", "38 0 -1", "4 0 0", paint, "37 0 0", "37 0 0", opaque, "4 0 0",
+                        paint, "37 0 0"}));
         const TRect bar = GetTaskBarRect(*windows);
         EXPECT_TRUE(bar.Left == 10 && bar.Top == 450 && bar.Right == 630 && bar.Bottom == 470);
         EXPECT_TRUE(GetIconRegion(*windows).has_value());

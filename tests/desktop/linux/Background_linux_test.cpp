@@ -57,14 +57,14 @@ TEST(PlasmaBackground, ScriptNamesThePictureWithoutWaysOut)
     EXPECT_FALSE(desktop->SetWallpaperFile(picture)) << "no shell runs";
 
     std::string script, printed;
-    const TTestService plasma("org.kde.plasmashell",
-                              "/PlasmaShell org.kde.PlasmaShell.evaluateScript",
-                              [&](GVariant* arguments) {
-                                  const char* text = nullptr;
-                                  g_variant_get(arguments, "(&s)", &text);
-                                  script = text;
-                                  return g_variant_new("(s)", printed.c_str());
-                              });
+    const auto plasma =
+        NewService("org.kde.plasmashell", "/PlasmaShell org.kde.PlasmaShell.evaluateScript",
+                   [&](GVariant* arguments) {
+                       const char* text = nullptr;
+                       g_variant_get(arguments, "(&s)", &text);
+                       script = text;
+                       return g_variant_new("(s)", printed.c_str());
+                   });
     desktop->StoreDesktopColorText("12 11 10");
     ASSERT_TRUE(desktop->SetWallpaperFile(picture));
     for (const char* part :

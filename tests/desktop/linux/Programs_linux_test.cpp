@@ -208,9 +208,9 @@ TEST(ScreenSaver, ServersAndSessionsSaversCount)
     }
     const TTestBus bus(session);
     bool active = false;
-    const TTestService service("org.gnome.ScreenSaver",
-                               "/org/gnome/ScreenSaver org.gnome.ScreenSaver.GetActive",
-                               [&](GVariant*) { return g_variant_new("(b)", active); });
+    const auto service = NewService("org.gnome.ScreenSaver",
+                                    "/org/gnome/ScreenSaver org.gnome.ScreenSaver.GetActive",
+                                    [&](GVariant*) { return g_variant_new("(b)", active); });
     EXPECT_FALSE(saver->IsRunning());
     active = true;
     EXPECT_TRUE(saver->IsRunning());

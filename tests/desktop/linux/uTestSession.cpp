@@ -111,46 +111,40 @@ TWords TTestSession::Recorded() const
     return {lines.begin(), lines.end()};
 }
 
-TTestService::TTestService(const char* name, std::string method, TAnswer answer)
-    : m_method(std::move(method)), m_answer(std::move(answer)),
-      m_bus(g_dbus_connection_new_for_address_sync(
-          std::getenv("DBUS_SESSION_BUS_ADDRESS"),
-          static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                            G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-          nullptr, nullptr, nullptr))
+TGObject<GDBusConnection> NewService(const char* name, const char* method, TAnswer answer)
 {
-    // Filters run in GLib's own thread, so that a caller in this one can wait.
-    g_dbus_connection_add_filter(
-        m_bus.get(),
-        [](GDBusConnection*, GDBusMessage* message, gboolean incoming, gpointer self) {
-            return incoming ? static_cast<TTestService*>(self)->Answer(message) : message;
-        },
-        this, nullptr);
-    const TVariant owned(g_dbus_connection_call_sync(
-        m_bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+    struct TService {
+        std::string Method;
+        TAnswer Answer;
+    };
+    // In GLib's own thread, so that a caller in this one can wait.
+    const auto filter = [](GDBusConnection* bus, GDBusMessage* call, gboolean, gpointer data) {
+        const auto* service = static_cast<TService*>(data);
+        if (g_dbus_message_get_message_type(call) != G_DBUS_MESSAGE_TYPE_METHOD_CALL ||
+            g_dbus_message_get_path(call) + std::string(" ") + g_dbus_message_get_interface(call) +
+                    '.' + g_dbus_message_get_member(call) !=
+                service->Method)
+            return call;
+        const TGObject<GDBusMessage> owned(call);
+        const TGObject<GDBusMessage> reply(g_dbus_message_new_method_reply(call));
+        g_dbus_message_set_body(reply.get(), service->Answer(g_dbus_message_get_body(call)));
+        g_dbus_connection_send_message(bus, reply.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
+                                       nullptr);
+        return static_cast<GDBusMessage*>(nullptr);
+    };
+    constexpr auto flags = G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                           G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION;
+    TGObject<GDBusConnection> bus(g_dbus_connection_new_for_address_sync(
+        std::getenv("DBUS_SESSION_BUS_ADDRESS"), static_cast<GDBusConnectionFlags>(flags), nullptr,
+        nullptr, nullptr));
+    g_dbus_connection_add_filter(bus.get(), filter, new TService{method, std::move(answer)},
+                                 [](gpointer data) { delete static_cast<TService*>(data); });
+    const TVariant named(g_dbus_connection_call_sync(
+        bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
         "RequestName", g_variant_new("(su)", name, 0), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
         nullptr));
-    EXPECT_TRUE(owned);
-}
-
-TTestService::~TTestService()
-{
-    g_dbus_connection_close_sync(m_bus.get(), nullptr, nullptr);
-}
-
-GDBusMessage* TTestService::Answer(GDBusMessage* message) const
-{
-    if (g_dbus_message_get_message_type(message) != G_DBUS_MESSAGE_TYPE_METHOD_CALL ||
-        g_dbus_message_get_path(message) + std::string(" ") +
-                g_dbus_message_get_interface(message) + '.' + g_dbus_message_get_member(message) !=
-            m_method)
-        return message;
-    const TGObject<GDBusMessage> call(message);
-    const TGObject<GDBusMessage> reply(g_dbus_message_new_method_reply(message));
-    g_dbus_message_set_body(reply.get(), m_answer(g_dbus_message_get_body(message)));
-    g_dbus_connection_send_message(m_bus.get(), reply.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE,
-                                   nullptr, nullptr);
-    return nullptr;
+    EXPECT_TRUE(named);
+    return bus;
 }
 
 TTestScreen::TTestScreen(TTestSession& session, const char* size)

@@ -71,22 +71,8 @@ struct TTestBus {
 };
 
 // A program on the session's bus that answers the calls of one method ("/path interface.method").
-class TTestService
-{
-public:
-    using TAnswer = std::function<GVariant*(GVariant* arguments)>;
-    TTestService(const char* name, std::string method, TAnswer answer);
-    TTestService(const TTestService&) = delete;
-    TTestService& operator=(const TTestService&) = delete;
-    ~TTestService();
-
-private:
-    GDBusMessage* Answer(GDBusMessage* message) const;
-
-    std::string m_method;
-    TAnswer m_answer;
-    TGObject<GDBusConnection> m_bus;
-};
+using TAnswer = std::function<GVariant*(GVariant* arguments)>;
+TGObject<GDBusConnection> NewService(const char* name, const char* method, TAnswer answer);
 
 // An X server; DISPLAY points to it.
 class TTestScreen

@@ -2,8 +2,7 @@
 
 #include "Pictures.h"
 
-namespace murala
-{
+using namespace murala;
 
 namespace
 {
@@ -11,8 +10,7 @@ namespace
 TMuWallpaper Item(std::uint8_t mode, TColor color = 0)
 {
     TMuWallpaper item;
-    item.DisplayMode = mode;
-    item.DesktopColor = color;
+    item.DisplayMode = mode, item.DesktopColor = color;
     return item;
 }
 
@@ -20,64 +18,50 @@ TMuWallpaper Item(std::uint8_t mode, TColor color = 0)
 class TWatchedReader : public TImageReader
 {
 public:
-    explicit TWatchedReader(const TBitmap& bitmap) : m_reader(ReadBitmap(bitmap)) {}
-    TSize Size() const override { return m_reader->Size(); }
-    void ReadRow(int y, TPixel* row) override
-    {
-        Rows.push_back(y);
-        m_reader->ReadRow(y, row);
-    }
+    TSize Size() const override { return {4, 9}; }
+    void ReadRow(int y, TPixel*) override { Rows.push_back(y); }
     std::vector<int> Rows;
-
-private:
-    std::unique_ptr<TImageReader> m_reader;
 };
 
-TEST(ComposeTest, DrawsPixelByPixelOnTheDesktopColor)
+} // namespace
+
+TEST(Compose, DrawsPixelByPixelOnTheDesktopColor)
 {
-    const TBitmap source = NumberedBitmap(2, 2); // 1 2 / 3 4
-    constexpr TColor color = 0x0000AA;           // red; in a pixel the third byte
-    constexpr TPixel b = 0xAA0000;
+    const TBitmap source = BitmapOf({{0xFF000001, 2}, {3, 4}});
+    constexpr TPixel b = 0xAA0000; // red, in a pixel the third byte
     const std::pair<std::uint8_t, TRows> cases[] = {
         {dmTiled, {{1, 2, 1, 2, 1}, {3, 4, 3, 4, 3}, {1, 2, 1, 2, 1}}},
         {dmCentered, {{b, b, 1, 2, b}, {b, b, 3, 4, b}, {b, b, b, b, b}}},
-        {dmStretched, {{1, 1, 1, 2, 2}, {1, 1, 1, 2, 2}, {3, 3, 3, 4, 4}}},
         {dmMirrorTiled, {{1, 2, 2, 1, 1}, {3, 4, 4, 3, 3}, {3, 4, 4, 3, 3}}},
         {dmFitHorizontally, {{1, 1, 1, 2, 2}, {1, 1, 1, 2, 2}, {3, 3, 3, 4, 4}}},
         {dmFitVertically, {{b, 1, 1, 2, b}, {b, 1, 1, 2, b}, {b, 3, 3, 4, b}}},
         {9, {{1, 2}, {3, 4}}},
     };
     for (const auto& [mode, rows] : cases) {
-        SCOPED_TRACE(int{mode});
-        const auto reader = ReadBitmap(source);
-        EXPECT_EQ(RowsOf(ComposeDisplayMode(*reader, Item(mode, color), {5, 3})), rows);
+        const TBitmap bitmap = ComposeDisplayMode(*ReadBitmap(source), Item(mode, 0xAA), {5, 3});
+        EXPECT_EQ(RowsOf(bitmap), rows) << int{mode};
+        EXPECT_LE(*std::max_element(bitmap.Row(0), bitmap.Row(1)), b); // no unused byte
     }
+    EXPECT_THROW(ComposeDisplayMode(*ReadBitmap(TBitmap(0, 5)), Item(dmTiled), {3, 3}),
+                 EInvalidImage);
 }
 
-TEST(ComposeTest, ReadsEveryNeededRowOnceFromTheTop)
+TEST(Compose, ReadsEveryNeededRowOnceFromTheTop)
 {
-    const TBitmap source = NumberedBitmap(4, 9);
-    const std::pair<std::uint8_t, std::vector<int>> cases[] = {
-        {dmMirrorTiled, {0, 1, 2, 3, 4, 5, 6, 7, 8}},
-        {dmCentered, {2, 3, 4, 5}},
-        {dmStretched, {0, 2, 4, 6}},
-        {dmFitHorizontally, {3, 4, 5}}, // 13 or 14 rows a screen of which shows four
+    const std::tuple<std::uint8_t, int, std::vector<int>> cases[] = {
+        {dmMirrorTiled, 40, {0, 1, 2, 3, 4, 5, 6, 7, 8}},
+        {dmCentered, 4, {2, 3, 4, 5}},
+        {dmStretched, 4, {0, 2, 4, 6}},
+        {dmFitHorizontally, 4, {3, 4, 5}}, // 13 or 14 rows a screen of which shows four
     };
-    for (const auto& [mode, rows] : cases) {
-        TWatchedReader reader(source);
-        ComposeDisplayMode(reader, Item(mode), {6, mode == dmMirrorTiled ? 40 : 4});
+    for (const auto& [mode, height, rows] : cases) {
+        TWatchedReader reader;
+        ComposeDisplayMode(reader, Item(mode), {6, height});
         EXPECT_EQ(reader.Rows, rows) << int{mode};
     }
 }
 
-TEST(ComposeTest, ClearsTheUnusedByte)
-{
-    const TBitmap source = BitmapOf({{0xFF123456}});
-    const TBitmap bitmap = ComposeDisplayMode(*ReadBitmap(source), Item(dmCentered), {3, 1});
-    EXPECT_EQ(bitmap.Row(0)[1], 0x123456U);
-}
-
-TEST(ComposeTest, TintComesBeforeTheAddOns)
+TEST(Compose, TintComesBeforeTheAddOns)
 {
     TMuWallpaper item = Item(dmCentered, 0xFFFFFF);
     item.GammaStyle = gsSolid;
@@ -90,60 +74,35 @@ TEST(ComposeTest, TintComesBeforeTheAddOns)
     EXPECT_EQ(bitmap.Row(0)[0], 1U);
 }
 
-TEST(ComposeTest, APictureWithoutPixelsIsRefused)
-{
-    const TBitmap empty(0, 5);
-    EXPECT_THROW(ComposeDisplayMode(*ReadBitmap(empty), Item(dmTiled), {3, 3}), EInvalidImage);
-}
-
-TEST(ComposeTest, ResizeTakesTheNearestPixel)
+TEST(Compose, ResizesToTheNearestPixelAndFillsTheScreen)
 {
     TBitmap bitmap = NumberedBitmap(3, 2);
     ResizeBitmap(bitmap, 5, 1);
     EXPECT_EQ(RowsOf(bitmap), (TRows{{1, 1, 2, 2, 3}}));
-    ResizeBitmap(bitmap, 0, 1);
-    EXPECT_EQ(bitmap.Size(), (TSize{0, 1}));
-}
-
-TEST(ComposeTest, FillBackgroundTakesTheScreensSize)
-{
-    TBitmap bitmap;
     FillBackground(bitmap, {2, 1}, 0x112233);
     EXPECT_EQ(RowsOf(bitmap), (TRows{{0x332211, 0x332211}}));
 }
 
-TEST(ComposeTest, AnUnusableTargetFallsBackToTheTemporaryFolder)
+TEST(Compose, AnUnusableTargetFallsBackToTheTemporaryFolder)
 {
-    const TTestFolder folder;
+    const TTempFolder folder;
+    EXPECT_EQ(WallpaperBitmapName(1), "MuralaWallpaper.bmp");
+    EXPECT_EQ(WallpaperBitmapName(2), "MuralaWallpaper2.bmp");
     const TBitmap bitmap = NumberedBitmap(2, 2);
-    EXPECT_EQ(SaveWallpaper(bitmap, folder.File("a.bmp")), folder.File("a.bmp"));
-    for (const std::string& unusable :
-         {std::string(), folder.File("none/a.bmp"), folder.File(".")}) {
-        const std::string written = SaveWallpaper(bitmap, unusable);
+    for (const std::string& bad : {std::string(), folder.File("none/a.bmp"), folder.File(".")}) {
+        const std::string written = SaveWallpaper(bitmap, bad);
         EXPECT_EQ(FileNamePart(written), "temp.bmp");
         EXPECT_EQ(RowsOf(LoadImageFile(written)), RowsOf(bitmap));
         DeleteFileIfPresent(written);
     }
 }
 
-TEST(ComposeTest, AScreenOf256ColoursGetsAPictureOfTheNearestOfThem)
+TEST(Compose, AScreenOf256ColoursGetsAPictureOfTheNearestOfThem)
 {
-    const TTestFolder folder;
-    const TBitmap bitmap =
-        BitmapOf({{0x000000, 0xFFFFFF, 0xFF0000}, {0x00FF00, 0x0000FF, 0x346B99}});
-    SaveWallpaper(bitmap, folder.File("a.bmp"), 8);
-    EXPECT_EQ(ReadWholeFile(folder.File("a.bmp")).size(), 54U + 252 * 4 + 2 * 4);
-    EXPECT_EQ(RowsOf(LoadImageFile(folder.File("a.bmp"))),
-              (TRows{{0x000000, 0xFFFFFF, 0xFF0000}, {0x00FF00, 0x0000FF, 0x338099}}));
+    const TTempFolder folder;
+    const TRows rows = {{0x000000, 0xFFFFFF, 0xFF0000}, {0x00FF00, 0x0000FF, 0x346B99}};
+    const std::string name = folder.File("a.bmp");
+    EXPECT_EQ(SaveWallpaper(BitmapOf(rows), name, 8), name);
+    EXPECT_EQ(ReadWholeFile(name).size(), 54U + 252 * 4 + 2 * 4);
+    EXPECT_EQ(RowsOf(LoadImageFile(name)), (TRows{rows[0], {0x00FF00, 0x0000FF, 0x338099}}));
 }
-
-TEST(ComposeTest, NumbersTheFileFromTheSecondDesktopOn)
-{
-    EXPECT_EQ(WallpaperBitmapName(0), "MuralaWallpaper.bmp");
-    EXPECT_EQ(WallpaperBitmapName(1), "MuralaWallpaper.bmp");
-    EXPECT_EQ(WallpaperBitmapName(2), "MuralaWallpaper2.bmp");
-}
-
-} // namespace
-
-} // namespace murala

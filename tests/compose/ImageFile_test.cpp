@@ -2,23 +2,15 @@
 
 #include "Pictures.h"
 
-namespace murala
-{
+using namespace murala;
 
-namespace
+TEST(ImageFile, WhatIsNoPictureIsNamedInTheMessage)
 {
-
-TEST(ImageFileTest, WhatIsNoPictureIsNamedInTheMessage)
-{
-    const TTestFolder folder;
-    const std::string names[] = {
-        folder.File("missing.jpg"),
-        folder.Write("empty.jpg", ""),
-        folder.Write("short.bmp", "B"),
-        folder.Write("text.bmp", "a picture? no, a text that is longer than every signature"),
-        folder.File("."),
-    };
-    for (const std::string& name : names) {
+    const TTempFolder folder;
+    for (const std::string& name :
+         {folder.File("missing.jpg"), folder.File("."), folder.Write("empty.jpg", ""),
+          folder.Write("short.bmp", "B"), folder.Write("text.bmp", "a text of several words")}) {
+        EXPECT_THROW(ImageFileSize(name), EInvalidImage);
         try {
             OpenImage(name);
             FAIL() << name;
@@ -28,41 +20,26 @@ TEST(ImageFileTest, WhatIsNoPictureIsNamedInTheMessage)
                                         "missing.");
             EXPECT_FALSE(error.Reason.empty());
         }
-        EXPECT_THROW(ImageFileSize(name), EInvalidImage);
     }
 }
 
-TEST(ImageFileTest, BitmapsAreWrittenBottomUpWithThirtyTwoBits)
+TEST(ImageFile, BitmapsAreWrittenBottomUpWithThirtyTwoBits)
 {
-    const TTestFolder folder;
+    const TTempFolder folder;
     const std::string name = folder.File("b\xC3\xA4r.bmp");
     SaveBitmapFile(BitmapOf({{0x010203, 0x040506}, {0x070809, 0x0A0B0C}}), name);
-    TBytes expected;
-    expected.Byte({'B', 'M'}).Long(54 + 16).Long(0).Long(54);
-    expected.Long(40).Long(2).Long(2).Word(1).Word(32).Long(0).Long(16);
-    expected.Long(0).Long(0).Long(0).Long(0);
-    expected.Long(0x070809).Long(0x0A0B0C).Long(0x010203).Long(0x040506);
-    EXPECT_EQ(ReadWholeFile(name), expected.Content());
-}
-
-TEST(ImageFileTest, WideAndHighBitmapsSurviveTheFile)
-{
-    const TTestFolder folder;
+    EXPECT_EQ(ReadWholeFile(name), "BM" + Longs({70, 0, 54, 40, 2, 2, 1 | 32 << 16, 0, 16, 0, 0, 0,
+                                                 0, 0x070809, 0x0A0B0C, 0x010203, 0x040506}));
     for (const TSize size : {TSize{1, 1}, TSize{70000, 2}, TSize{3, 70000}, TSize{333, 777}}) {
         const TBitmap bitmap = NumberedBitmap(size.Width, size.Height);
-        SaveBitmapFile(bitmap, folder.File("a.bmp"));
-        EXPECT_TRUE(RowsOf(LoadImageFile(folder.File("a.bmp"))) == RowsOf(bitmap)) << size.Width;
+        SaveBitmapFile(bitmap, name);
+        EXPECT_TRUE(RowsOf(LoadImageFile(name)) == RowsOf(bitmap)) << size.Width;
     }
 }
 
-TEST(ImageFileTest, ABitmapThatCannotBeHadIsAnError)
+TEST(ImageFile, ABitmapThatCannotBeHadIsAnError)
 {
-    EXPECT_THROW(TBitmap(-1, 5), EInvalidImage);
-    EXPECT_THROW(TBitmap(1 << 20, 1 << 20), EInvalidImage);
-    EXPECT_THROW(TBitmap(INT32_MAX, INT32_MAX), EInvalidImage);
+    for (const TSize size : {TSize{-1, 5}, TSize{1 << 20, 1 << 20}, TSize{INT32_MAX, INT32_MAX}})
+        EXPECT_THROW(TBitmap(size.Width, size.Height), EInvalidImage);
     EXPECT_EQ(TBitmap(0, 7).Size(), (TSize{0, 7}));
 }
-
-} // namespace
-
-} // namespace murala

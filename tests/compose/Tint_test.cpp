@@ -2,75 +2,52 @@
 
 #include "Pictures.h"
 
-namespace murala
-{
+using namespace murala;
 
-namespace
-{
-
-TEST(TintTest, ChannelFollowsTheFormulaForEveryValue)
+TEST(Tint, ChannelFollowsTheFormulaForEveryValue)
 {
     for (int value = -256; value <= 255; ++value)
         for (int c = 0; c < 256; ++c) {
             const int expected =
                 value < 0 ? c * (value + 256) / 256 : c * (255 - value) / 255 + value;
             ASSERT_EQ(TintChannel(static_cast<std::uint8_t>(c), value), expected)
-                << c << " by " << value;
+                << c << ' ' << value;
         }
 }
 
-TEST(TintTest, SolidTintsEveryChannelByItsOwnValue)
+TEST(Tint, SolidTintsEveryChannelByItsOwnValue)
 {
     // Wider than one block of the inner loop, and not a multiple of it.
     TBitmap bitmap = BitmapOf({std::vector<TPixel>(75, 0xABC8C8C8), std::vector<TPixel>(75, 0xFF)});
     TMuWallpaper item;
-    item.GammaStyle = gsSolid;
-    item.GammaStartRed = -128;
-    item.GammaStartGreen = 100;
-    item.GammaStartBlue = 0;
-    ApplyTint(bitmap, item);
+    item.GammaStartRed = -128, item.GammaStartGreen = 100, item.GammaStartBlue = 0;
+    for (const int style : {0, 4, 1}) { // only the last one is a solid tint
+        EXPECT_EQ(bitmap.Row(0)[0], 0xABC8C8C8);
+        item.GammaStyle = static_cast<std::uint8_t>(style);
+        ApplyTint(bitmap, item);
+    }
     for (int x = 0; x < 75; ++x) {
         ASSERT_EQ(bitmap.Row(0)[x], 0xAB64DDC8U) << x;
         ASSERT_EQ(bitmap.Row(1)[x], 0x0064FFU) << x;
     }
 }
 
-TEST(TintTest, RampsStartExactlyAndRoundHalfToEven)
+TEST(Tint, RampsStartExactlyAndRoundHalfToEven)
 {
-    const TTint black{-256, -256, -256}, white{255, 255, 255};
     TBitmap wide = BitmapOf({{0x102030, 0x102030}});
-    TintHorizontal(wide, black, white);
+    TintHorizontal(wide, {-256, -256, -256}, {255, 255, 255});
     EXPECT_EQ(RowsOf(wide), (TRows{{0, 0x102030}})); // column 1: -0.5, which is 0
-
-    TBitmap tall = BitmapOf({{0x102030}, {0x102030}});
-    TintVertical(tall, {0, 0, 0}, {3, 5, -3});
-    // row 1: 1.5 is 2, 2.5 is 2, -1.5 is -2
-    const TPixel second = TPixel{TintChannel(0x10, 2)} << 16U | TPixel{TintChannel(0x20, 2)} << 8U |
-                          TintChannel(0x30, -2);
-    EXPECT_EQ(RowsOf(tall), (TRows{{0x102030}, {second}}));
+    TBitmap tall = BitmapOf({{0xFF00FF}, {0xFF00FF}});
+    TintVertical(tall, {0, 0, 0}, {-3, 5, -5});
+    // row 1: -1.5 is -2, 2.5 is 2, -2.5 is -2
+    EXPECT_EQ(RowsOf(tall), (TRows{{0xFF00FF}, {0xFD02FD}}));
 }
 
-TEST(TintTest, RectangleIsCutAtTheBitmap)
+TEST(Tint, RectangleIsCutAtTheBitmap)
 {
     TBitmap bitmap = BitmapOf({{1, 1, 1}, {1, 1, 1}, {1, 1, 1}});
     TintRectangle(bitmap, {1, -5, 99, 2}, {-256, -256, -256});
-    EXPECT_EQ(RowsOf(bitmap), (TRows{{1, 0, 0}, {1, 0, 0}, {1, 1, 1}}));
     TintRectangle(bitmap, {5, 0, 9, 9}, {255, 255, 255});
     TintRectangle(bitmap, {-9, 0, -5, 9}, {255, 255, 255});
-    EXPECT_EQ(RowsOf(bitmap)[0], (std::vector<TPixel>{1, 0, 0}));
+    EXPECT_EQ(RowsOf(bitmap), (TRows{{1, 0, 0}, {1, 0, 0}, {1, 1, 1}}));
 }
-
-TEST(TintTest, NoStyleChangesNothing)
-{
-    for (const int style : {0, 4, 255}) {
-        TBitmap bitmap = BitmapOf({{0x123456}});
-        TMuWallpaper item;
-        item.GammaStyle = static_cast<std::uint8_t>(style);
-        ApplyTint(bitmap, item);
-        EXPECT_EQ(bitmap.Row(0)[0], 0x123456U);
-    }
-}
-
-} // namespace
-
-} // namespace murala

@@ -40,8 +40,8 @@ void UnpackWords(const TBmpHeader& header, const std::uint8_t* bytes, TPixel* ro
 // The line has a byte behind its end, so that every pixel can be taken as four bytes.
 void UnpackBytes(const TBmpHeader& header, const std::uint8_t* bytes, TPixel* row)
 {
-    for (int x = 0; x < header.Size.Width; ++x)
-        std::memcpy(&row[x], bytes + 3 * x, sizeof *row);
+    for (int x = 0; x < header.Size.Width; ++x, bytes += 3)
+        std::memcpy(&row[x], bytes, sizeof *row);
 }
 
 TUnpack UnpackOf(int bitCount)

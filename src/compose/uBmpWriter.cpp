@@ -15,7 +15,7 @@ namespace
 
 // An even palette: this many levels of red, green and blue.
 constexpr int RedLevels = 6, GreenLevels = 7, BlueLevels = 6;
-constexpr std::size_t PaletteColors = RedLevels * GreenLevels * BlueLevels;
+constexpr std::size_t PaletteColors = std::size_t{RedLevels} * GreenLevels * BlueLevels;
 
 constexpr std::size_t HeaderSize = 54;
 

@@ -118,7 +118,7 @@ std::string SaveWallpaper(const TBitmap& bitmap, const std::string& target, int 
     }
     std::error_code ignored;
     const std::string folder = PathText(std::filesystem::temp_directory_path(ignored));
-    const std::string fallback = JoinPath(folder, "temp.bmp");
+    std::string fallback = JoinPath(folder, "temp.bmp");
     SaveBitmapFile(bitmap, fallback, screenBitsPerPixel);
     return fallback;
 }

@@ -83,11 +83,11 @@ private:
 
 } // namespace
 
-EInvalidImage::EInvalidImage(const std::string& fileName, const std::string& reason)
+EInvalidImage::EInvalidImage(const std::string& fileName, std::string reason)
     : std::runtime_error(FormatText("The image (%s) could not be loaded. The image file may be "
                                     "corrupt or missing.",
                                     {fileName})),
-      Reason(reason)
+      Reason(std::move(reason))
 {
 }
 

@@ -21,7 +21,7 @@ public:
 class EInvalidImage : public std::runtime_error
 {
 public:
-    explicit EInvalidImage(const std::string& fileName, const std::string& reason = {});
+    explicit EInvalidImage(const std::string& fileName, std::string reason = {});
     std::string Reason; // why, for a developer; may be empty
 };
 

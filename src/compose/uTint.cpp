@@ -45,7 +45,7 @@ class TFactorRow
 {
 public:
     explicit TFactorRow(int pixels)
-        : m_scale(4U * pixels), m_divide(m_scale.size()), m_add(m_scale.size())
+        : m_scale(std::size_t{4} * pixels), m_divide(m_scale.size()), m_add(m_scale.size())
     {
     }
 
@@ -55,7 +55,7 @@ public:
     {
         const TFactor factors[] = {FactorOf(tint.Blue), FactorOf(tint.Green), FactorOf(tint.Red),
                                    Unchanged};
-        std::size_t i = 4U * x;
+        std::size_t i = std::size_t{4} * x;
         for (const TFactor& factor : factors) {
             m_scale[i] = factor.Scale;
             m_divide[i] = factor.Divide;

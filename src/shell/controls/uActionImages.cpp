@@ -149,7 +149,7 @@ public:
         TPen pen(*context);
         m_drawing.Draw(pen);
         context->Flush();
-        return wxBitmap(canvas);
+        return {canvas};
     }
 
 private:

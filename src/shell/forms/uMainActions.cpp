@@ -77,7 +77,7 @@ void TfMain::BindDisplayModeActions()
         "aDisplayMirrorTiled", "aDisplayFitHorizontal", "aDisplayFitVertical",
     };
     const auto hasSelection = [this] { return m_murala.SelectedItem() != nullptr; };
-    for (std::uint8_t mode = 0; mode < std::size(names); ++mode) {
+    for (std::uint8_t mode = dmTiled; mode <= dmFitVertically; ++mode) {
         TAction& action = alMain[names[mode]];
         action.OnExecute = [this, mode] { m_murala.SetDisplayMode(mode); };
         action.OnEnabled = hasSelection;

@@ -48,6 +48,7 @@ private:
     void BindSplitters();
 
     // Actions.
+    int RunModal(wxDialog& dialog);
     void aAddExecute();
     void aDesktopColorExecute();
     void aAboutExecute();
@@ -63,6 +64,7 @@ private:
     void tSelectItemTimer();
     void tPreviewUpdateTimer();
     void tScheduleTimer();
+    void StartSchedule();
     void FormDropFiles(wxDropFilesEvent& event);
     void WakeUp();
     void FormClose(wxCloseEvent& event);

@@ -139,6 +139,15 @@ void TfMain::BindSystemActions()
     };
 }
 
+// The schedule waits: a change would move the selection under the dialog.
+int TfMain::RunModal(wxDialog& dialog)
+{
+    tSchedule.Stop();
+    const int result = dialog.ShowModal();
+    StartSchedule();
+    return result;
+}
+
 void TfMain::aAddExecute()
 {
     // A first add begins where there is something to see.
@@ -148,7 +157,7 @@ void TfMain::aAddExecute()
             : m_murala.Settings.WallpaperPath;
     wxFileDialog dialog(this, "Add", ToWx(folder), "", PictureFilter,
                         wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
-    if (dialog.ShowModal() != wxID_OK)
+    if (RunModal(dialog) != wxID_OK)
         return;
     wxArrayString chosen;
     dialog.GetPaths(chosen);
@@ -170,8 +179,11 @@ void TfMain::aDesktopColorExecute()
     preset.SetChooseFull(true);
     preset.SetColour(ToWxColour(item->DesktopColor));
     wxColourDialog cdColor(this, &preset);
-    if (cdColor.ShowModal() == wxID_OK)
-        m_murala.SetDesktopColor(FromWxColour(cdColor.GetColourData().GetColour()));
+    if (RunModal(cdColor) != wxID_OK)
+        return;
+    // Files handed over meanwhile have moved the selection.
+    SelectRow(m_murala.List.IndexOf(item));
+    m_murala.SetDesktopColor(FromWxColour(cdColor.GetColourData().GetColour()));
 }
 
 void TfMain::aAboutExecute()
@@ -188,7 +200,7 @@ void TfMain::aAboutExecute()
 void TfMain::aScheduleExecute()
 {
     TfSchedule dialog(this, ScheduleOf(m_murala.Settings), m_murala.Settings.LastChangeDate);
-    if (dialog.ShowModal() != wxID_OK)
+    if (RunModal(dialog) != wxID_OK)
         return;
     m_murala.SetSchedule(dialog.Schedule());
     tScheduleTimer();

@@ -158,6 +158,11 @@ void TfMain::tScheduleTimer()
 {
     tSchedule.Stop();
     m_murala.ScheduleTick();
+    StartSchedule();
+}
+
+void TfMain::StartSchedule()
+{
     if (m_murala.Settings.UseSchedule)
         tSchedule.StartOnce(ScheduleInterval);
 }

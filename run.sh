@@ -5,7 +5,6 @@ set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
 . scripts/screen.sh
-export CCACHE_DIR=$cache/ccache
 scripts/setup.sh run
 scripts/build.sh linux-release murala
 murala=$top/build/linux-release/murala

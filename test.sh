@@ -34,7 +34,7 @@ test_windows() {
 }
 
 scripts/setup.sh run screen
-export CCACHE_DIR=$cache/ccache LC_ALL=C.UTF-8
+export LC_ALL=C.UTF-8
 summaries=$(mktemp -d)
 start_screen 1280x1024
 # Without a window manager windows wait in vain to be placed.

@@ -2,6 +2,8 @@
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cache=${MURALA_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/murala}
 jobs=$(nproc)
+# Checkouts in different folders share what was compiled.
+export CCACHE_DIR=$cache/ccache CCACHE_BASEDIR=$top CCACHE_NOHASHDIR=1
 
 say() { printf '== %s\n' "$*" >&2; }
 die() { printf '%s: %s\n' "$(basename "$0")" "$*" >&2; exit 1; }

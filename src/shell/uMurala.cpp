@@ -5,6 +5,7 @@
 #include "uText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace murala
 {
@@ -79,16 +80,19 @@ void TMurala::SaveList()
             m_view.SetStatus(FormatText("The unreadable list was kept as %s", {kept}));
         }
         List.SaveToFile(path);
+        m_toldListProblem.clear();
     } catch (const std::runtime_error& error) {
-        // Every change saves; the same problem is told once.
-        if (m_lastSaveProblem != error.what())
-            m_view.ShowMessage(
-                FormatText("The wallpaper list could not be saved.\n\n%s", {error.what()}));
-        m_lastSaveProblem = error.what();
-        return;
+        return TellOnce(m_toldListProblem,
+                        FormatText("The wallpaper list could not be saved.\n\n%s", {error.what()}));
     }
-    m_lastSaveProblem.clear();
     SaveSettings(AllSaveFlags);
+}
+
+// Every change saves, and would tell the same again.
+void TMurala::TellOnce(std::string& told, const std::string& problem)
+{
+    if (std::exchange(told, problem) != problem)
+        m_view.ShowMessage(problem);
 }
 
 void TMurala::SaveSettings(TSaveFlags parts)
@@ -105,11 +109,10 @@ void TMurala::SaveSettings(TSaveFlags parts)
         TIniFile file = TIniFile::Load(FilePath(SettingsFileName));
         murala::SaveSettings(file, Settings, list, parts);
         file.Save(FilePath(SettingsFileName));
+        m_toldSettingsProblem.clear();
     } catch (const EFileError& error) {
-        if (m_lastSaveProblem != error.what())
-            m_view.ShowMessage(
-                FormatText("The settings could not be saved.\n\n%s", {error.what()}));
-        m_lastSaveProblem = error.what();
+        TellOnce(m_toldSettingsProblem,
+                 FormatText("The settings could not be saved.\n\n%s", {error.what()}));
     }
 }
 

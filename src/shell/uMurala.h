@@ -122,6 +122,7 @@ public:
 
 private:
     std::string FilePath(std::string_view name) const;
+    void TellOnce(std::string& told, const std::string& problem);
     void ComposeItem(TMuWallpaper& item);
     void ApplyItemColor(TColor color);
     void ApplyLabels(const TMuWallpaper& item);
@@ -145,7 +146,7 @@ private:
     bool m_startAtStartup = false;
     bool m_isShellIntegrated = false;
     int m_failedChanges = 0; // of the schedule, one after the other
-    std::string m_lastSaveProblem;
+    std::string m_toldListProblem, m_toldSettingsProblem;
 };
 
 } // namespace murala

@@ -246,6 +246,13 @@ TEST_F(Murala, AFailingSaveIsToldOnceAndLosesNothing)
     elsewhere.SaveList();
     EXPECT_EQ(m_view.Messages.size(), 1U);
     EXPECT_EQ(ReadWholeFile(list), before);
+    // The list can be saved, the settings cannot.
+    const std::string settings = m_folder.File(SettingsFileName);
+    DeleteFileIfPresent(settings);
+    std::filesystem::create_directory(NativePath(settings));
+    m_murala->SaveList();
+    m_murala->SaveList();
+    EXPECT_EQ(m_view.Messages.size(), 2U);
 }
 
 TEST_F(Murala, AnUnreadableListIsKeptBesideTheNewOne)

@@ -2,8 +2,6 @@
 #pragma once
 
 #include <wx/frame.h>
-#include <wx/gauge.h>
-#include <wx/stattext.h>
 
 namespace murala
 {
@@ -11,15 +9,8 @@ namespace murala
 class TfProgress : public wxFrame
 {
 public:
-    // Shows itself at once; the gauge runs from 0 to `range` (0: no gauge).
-    TfProgress(wxWindow* parent, const wxString& text, int range = 0);
-
-    void SetText(const wxString& text);
-    void SetPosition(int position);
-
-private:
-    wxStaticText* m_text;
-    wxGauge* m_gauge = nullptr;
+    // Shows itself at once.
+    TfProgress(wxWindow* parent, const wxString& text);
 };
 
 } // namespace murala

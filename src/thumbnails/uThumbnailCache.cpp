@@ -1,0 +1,276 @@
+#include "uThumbnailCache.h"
+
+#include "uJpegFile.h"
+#include "uPath.h"
+#include "uText.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <new>
+#include <utility>
+
+namespace murala
+{
+
+namespace
+{
+
+constexpr int Quality = 50;
+constexpr std::int32_t FewestThumbnails = 10; // in memory, whatever fails
+constexpr int TrimmedAtOnce = 10;
+constexpr std::ptrdiff_t UntouchedPositions = 10; // a hit up to this position moves nothing
+
+constexpr std::string_view OutOfResources = "Out of system resources.";
+
+// In whole seconds: a picture that changes within the second in which its thumbnail was made is
+// then as old as that, and counts as changed. Nothing when there is no such file.
+std::optional<std::chrono::seconds> FileAge(const std::string& fileName)
+{
+    std::error_code error;
+    const auto time = std::filesystem::last_write_time(NativePath(fileName), error);
+    if (error)
+        return std::nullopt;
+    return std::chrono::floor<std::chrono::seconds>(time.time_since_epoch());
+}
+
+std::string ReasonText(std::string reason)
+{
+    return reason == "The parameter is incorrect.\r\n" ? std::string(OutOfResources) : reason;
+}
+
+template<class... TValues>
+std::string Print(const char* format, TValues... values)
+{
+    char text[64];
+    std::snprintf(text, sizeof text, format, values...);
+    return text;
+}
+
+} // namespace
+
+EThumbnail::EThumbnail(const std::string& fileName, const std::string& reason)
+    : std::runtime_error(
+          FormatText("A thumbnail could not be generated for image (%s).", {fileName}) + "\r\n" +
+          reason)
+{
+}
+
+std::string TThumbnailStatistics::SizeText() const
+{
+    return Print("%6.2f KB", static_cast<double>(Bytes) / 1024);
+}
+
+std::string TThumbnailStatistics::ShareText() const
+{
+    const auto disk = static_cast<double>(DiskBytes);
+    return Print("%6.2f%%", DiskBytes > 0 ? static_cast<double>(Bytes) / disk * 100 : 0.0);
+}
+
+std::string TThumbnailStatistics::CountText() const
+{
+    return std::to_string(Count);
+}
+
+const TBitmap* TThumbnailCache::Held(TMuWallpaper& item)
+{
+    if (!item.Thumbnail)
+        return nullptr;
+    auto& loaded = m_list.LoadedThumbnails;
+    const auto place = std::ranges::find(loaded, item.FileName);
+    if (place != loaded.end() && place - loaded.begin() > UntouchedPositions)
+        std::rotate(loaded.begin(), place, place + 1);
+    return static_cast<const TBitmap*>(item.Thumbnail.get());
+}
+
+const TBitmap& TThumbnailCache::GetThumbnail(TMuWallpaper& item)
+{
+    if (const TBitmap* held = Held(item))
+        return *held;
+    m_shownCount = 0;
+    while (!item.Thumbnail)
+        if (TThumbnailStep step = Advance(item); step.Progress == TThumbnailProgress::Failed)
+            throw EThumbnail(item.FileName, step.Error);
+    return static_cast<const TBitmap&>(*item.Thumbnail);
+}
+
+TThumbnailStep TThumbnailCache::MakeNext(std::span<TMuWallpaper* const> shown)
+{
+    m_shownCount = static_cast<int>(shown.size());
+    TMuWallpaper* item = NextWanted(shown);
+    if (item == nullptr) {
+        m_making.reset();
+        return {};
+    }
+    if (!IsBeingMade(*item))
+        MakeRoom();
+    TThumbnailStep step = Advance(*item);
+    if (step.Progress == TThumbnailProgress::Failed)
+        step.Error = EThumbnail(item->FileName, step.Error).what();
+    return step;
+}
+
+bool TThumbnailCache::IsBeingMade(const TMuWallpaper& item) const
+{
+    return m_making && m_making->Item == &item && m_making->FileName == item.FileName;
+}
+
+bool TThumbnailCache::IsWanted(const TMuWallpaper& item) const
+{
+    return !item.Thumbnail && !m_failed.contains(item.FileName);
+}
+
+// What was begun is ended first, and a second try follows the first one at once.
+TMuWallpaper* TThumbnailCache::NextWanted(std::span<TMuWallpaper* const> shown) const
+{
+    const auto begun = std::ranges::find_if(shown, [this](const TMuWallpaper* item) {
+        return IsWanted(*item) && (IsBeingMade(*item) || item->FileName == m_secondTry);
+    });
+    if (begun != shown.end())
+        return *begun;
+    const auto wanted =
+        std::ranges::find_if(shown, [this](const auto* item) { return IsWanted(*item); });
+    return wanted == shown.end() ? nullptr : *wanted;
+}
+
+TThumbnailStep TThumbnailCache::Advance(TMuWallpaper& item)
+try {
+    const bool isKeepable = !m_list.ThumbnailFolder.empty();
+    const std::string file = isKeepable ? item.ThumbnailFileName() : std::string();
+    if (!IsBeingMade(item)) {
+        m_making.reset();
+        if (LoadKept(item, file))
+            return {TThumbnailProgress::Made, &item, {}};
+        m_making = TMaking{&item, item.FileName, TThumbnailMaker(item.FileName)};
+    } else if (m_making->Maker.Step()) {
+        TBitmap thumbnail = m_making->Maker.Take();
+        m_making.reset();
+        Keep(thumbnail, file);
+        return Hold(item, std::move(thumbnail));
+    }
+    return {TThumbnailProgress::Working, &item, {}};
+} catch (const std::bad_alloc&) {
+    return Recover(item, std::string(OutOfResources));
+} catch (const std::exception& error) {
+    return Recover(item, ReasonText(error.what()));
+}
+
+void TThumbnailCache::MakeRoom()
+{
+    const auto loaded = static_cast<std::int32_t>(m_list.LoadedThumbnails.size());
+    if (loaded > std::max(m_list.MaxThumbnails, m_shownCount))
+        m_list.TrimThumbnails(TrimmedAtOnce);
+}
+
+bool TThumbnailCache::LoadKept(TMuWallpaper& item, const std::string& file)
+{
+    if (file.empty() || FileAge(file) <= FileAge(item.FileName))
+        return false;
+    MakeRoom();
+    try {
+        TBitmap thumbnail = LoadImageFile(file);
+        if (thumbnail.Size() != StoredThumbnailSize)
+            return false;
+        Hold(item, std::move(thumbnail));
+        return true;
+    } catch (const EInvalidImage&) {
+        return false; // it is made again
+    }
+}
+
+void TThumbnailCache::Keep(const TBitmap& thumbnail, const std::string& file)
+try {
+    if (!file.empty())
+        SaveJpegFile(thumbnail, file, Quality);
+} catch (const EFileError& error) {
+    if (!m_isNoticeTaken && m_notice.empty())
+        m_notice = std::string("Thumbnails are shown, but they cannot be kept.\r\n") + error.what();
+}
+
+TThumbnailStep TThumbnailCache::Hold(TMuWallpaper& item, TBitmap thumbnail)
+{
+    item.Thumbnail = std::make_unique<TBitmap>(std::move(thumbnail));
+    m_list.LoadedThumbnails.push_back(item.FileName);
+    m_secondTry.clear();
+    return {TThumbnailProgress::Made, &item, {}};
+}
+
+TThumbnailStep TThumbnailCache::Recover(TMuWallpaper& item, const std::string& reason)
+{
+    auto& loaded = m_list.LoadedThumbnails;
+    m_making.reset();
+    m_list.MaxThumbnails = std::max(FewestThumbnails, static_cast<std::int32_t>(loaded.size()) - 1);
+    m_list.ForgetThumbnail(item.FileName);
+    item.FreeThumbnail();
+    if (loaded.empty() || m_secondTry == item.FileName) {
+        m_secondTry.clear();
+        m_failed.insert(item.FileName);
+        return {TThumbnailProgress::Failed, &item, reason};
+    }
+    m_list.FreeAllThumbnails();
+    m_secondTry = item.FileName;
+    return {TThumbnailProgress::Working, &item, {}};
+}
+
+void TThumbnailCache::Refresh(TMuWallpaper& item)
+{
+    m_list.ForgetThumbnail(item.FileName);
+    item.FreeThumbnail();
+    item.DeleteThumbnailFile();
+    m_failed.erase(item.FileName);
+    m_making.reset();
+}
+
+TThumbnailStatistics TThumbnailCache::Statistics()
+{
+    TThumbnailStatistics statistics;
+    std::error_code error;
+    for (int i = 0; i < m_list.Count(); ++i) {
+        const auto file = NativePath(m_list.Item(i).ThumbnailFileName());
+        const auto size = std::filesystem::file_size(file, error);
+        if (error)
+            continue;
+        statistics.Bytes += static_cast<std::int64_t>(size);
+        ++statistics.Count;
+    }
+    const auto space = std::filesystem::space(NativePath(m_list.ThumbnailFolder), error);
+    if (!error)
+        statistics.DiskBytes = static_cast<std::int64_t>(space.capacity);
+    return statistics;
+}
+
+void TThumbnailCache::DeleteThumbnailCache()
+{
+    for (int i = 0; i < m_list.Count(); ++i)
+        m_list.Item(i).DeleteThumbnailFile();
+}
+
+std::string TThumbnailCache::TakeNotice()
+{
+    m_isNoticeTaken = m_isNoticeTaken || !m_notice.empty();
+    return std::exchange(m_notice, {});
+}
+
+TThumbnailRefresh::TThumbnailRefresh(TThumbnailCache& cache, TMuWallpaperList& list)
+    : m_cache(cache), m_list(list)
+{
+    m_list.FreeAllThumbnails();
+}
+
+bool TThumbnailRefresh::Step()
+{
+    if (m_position >= m_list.Count())
+        return false;
+    TMuWallpaper* item = &m_list.Item(m_position);
+    if (!m_isBegun)
+        m_cache.Refresh(*item);
+    const TThumbnailStep step = m_cache.MakeNext({&item, 1});
+    if (step.Progress == TThumbnailProgress::Failed)
+        m_errors.push_back(step.Error);
+    m_isBegun = step.Progress == TThumbnailProgress::Working;
+    if (!m_isBegun)
+        ++m_position;
+    return m_position < m_list.Count();
+}
+
+} // namespace murala

@@ -1,0 +1,129 @@
+// The thumbnails of the library: kept as small JPEG files, loaded when they are asked for, a
+// limited number of them in memory.
+#pragma once
+
+#include "uThumbnailMaker.h"
+#include "uWallpaper.h"
+
+#include <optional>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+namespace murala
+{
+
+// In pixels, by the setting ThumbnailSize.
+inline constexpr TSize ThumbnailDisplaySizes[] = {{32, 20}, {64, 48}, {80, 60}};
+
+// "A thumbnail could not be generated for image (%s)." and, on a line of its own, why.
+class EThumbnail : public std::runtime_error
+{
+public:
+    EThumbnail(const std::string& fileName, const std::string& reason);
+};
+
+struct TThumbnailStatistics {
+    std::int64_t Bytes = 0;
+    int Count = 0;
+    std::int64_t DiskBytes = 0; // of the disk with the thumbnail folder; 0 when it is unknown
+
+    std::string SizeText() const;  // "%6.2f KB"
+    std::string ShareText() const; // "%6.2f%%", of the disk
+    std::string CountText() const;
+};
+
+enum class TThumbnailProgress {
+    Nothing, // all are there, or cannot be made
+    Working, // more steps are needed
+    Made,    // Item's thumbnail is in memory now
+    Failed,  // Item's cannot be made; Error says why. It is not tried again before it is refreshed
+};
+struct TThumbnailStep {
+    TThumbnailProgress Progress = TThumbnailProgress::Nothing;
+    TMuWallpaper* Item = nullptr;
+    std::string Error;
+};
+
+// Works on the list that it was made for, which must live longer.
+class TThumbnailCache
+{
+public:
+    explicit TThumbnailCache(TMuWallpaperList& list) : m_list(list) {}
+
+    // The thumbnail if it is in memory, else null. A hit counts as use: see GetThumbnail.
+    const TBitmap* Held(TMuWallpaper& item);
+
+    // Held, loaded from its file (when that is newer than the picture) or made. What is used and is
+    // not among the first eleven loaded ones goes to the front, where it is the next to be freed:
+    // the order is meant so. On any failure all thumbnails are freed once and it is tried again.
+    // Throws EThumbnail.
+    const TBitmap& GetThumbnail(TMuWallpaper& item);
+
+    // A short step towards the first of the items that is not in memory: loading a file, or an
+    // eighth of making one. The items are those on the screen, of which none is freed for want of
+    // room while the others are loaded. Never throws for a picture's sake.
+    TThumbnailStep MakeNext(std::span<TMuWallpaper* const> shown);
+
+    // Frees the thumbnail and deletes its file, so that it is made again when it is asked for.
+    void Refresh(TMuWallpaper& item);
+
+    // Gives a number to every item that has none.
+    TThumbnailStatistics Statistics();
+
+    // Deletes all files; the items keep their numbers.
+    void DeleteThumbnailCache();
+
+    // Once, after a thumbnail could not be kept as a file: what the user should know. Else empty.
+    std::string TakeNotice();
+
+private:
+    struct TMaking {
+        TMuWallpaper* Item;
+        std::string FileName; // tells a new item at an old one's address
+        TThumbnailMaker Maker;
+    };
+    TThumbnailStep Advance(TMuWallpaper& item);
+    bool IsBeingMade(const TMuWallpaper& item) const;
+    bool IsWanted(const TMuWallpaper& item) const;
+    TMuWallpaper* NextWanted(std::span<TMuWallpaper* const> shown) const;
+    void MakeRoom();
+    bool LoadKept(TMuWallpaper& item, const std::string& file);
+    void Keep(const TBitmap& thumbnail, const std::string& file);
+    TThumbnailStep Hold(TMuWallpaper& item, TBitmap thumbnail);
+    TThumbnailStep Recover(TMuWallpaper& item, const std::string& reason);
+
+    TMuWallpaperList& m_list;
+    std::optional<TMaking> m_making;
+    std::string m_secondTry;                  // the file name of the item that failed once
+    std::unordered_set<std::string> m_failed; // file names
+    int m_shownCount = 0;
+    std::string m_notice;
+    bool m_isNoticeTaken = false;
+};
+
+// Makes all thumbnails of a list again, one after the other. The list must not change meanwhile.
+class TThumbnailRefresh
+{
+public:
+    // Frees all thumbnails in memory.
+    TThumbnailRefresh(TThumbnailCache& cache, TMuWallpaperList& list);
+
+    // A short step; false when all are made. What is made stays when the caller stops before.
+    bool Step();
+    // The index of the item that is worked on; the number of items when all are done.
+    int Position() const { return m_position; }
+    // What could not be made.
+    const std::vector<std::string>& Errors() const { return m_errors; }
+
+private:
+    TThumbnailCache& m_cache;
+    TMuWallpaperList& m_list;
+    int m_position = 0;
+    bool m_isBegun = false; // the item at the position
+    std::vector<std::string> m_errors;
+};
+
+} // namespace murala

@@ -1,0 +1,39 @@
+// Makes one thumbnail from its picture, in steps that are short enough for idle time.
+#pragma once
+
+#include "uDisplayMode.h"
+#include "uImageFile.h"
+
+#include <vector>
+
+namespace murala
+{
+
+// Every thumbnail is stored so, whatever the picture's proportions and the size of display.
+inline constexpr TSize StoredThumbnailSize = {64, 48};
+
+// How much smaller a JPEG of this size is decoded for its thumbnail: 1, 2, 4 or 8 times.
+int ThumbnailDivisor(TSize picture);
+
+class TThumbnailMaker
+{
+public:
+    // Opens the picture. Throws EInvalidImage.
+    explicit TThumbnailMaker(const std::string& fileName);
+
+    // Does an eighth of the work; true when the thumbnail is whole.
+    bool Step();
+    TBitmap Take() { return std::move(m_thumbnail); }
+
+private:
+    void DrawRow(int y);
+
+    std::unique_ptr<TImageReader> m_picture;
+    TDrawMap m_map;
+    TBitmap m_thumbnail;
+    std::vector<TPixel> m_line; // the picture's row m_present
+    int m_present = Background;
+    int m_next = 0; // the thumbnail's first row that is not drawn
+};
+
+} // namespace murala

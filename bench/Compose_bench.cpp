@@ -26,19 +26,19 @@ const TBitmap& Photo()
     return photo;
 }
 
-TMuWallpaper Item(std::uint8_t mode, std::uint8_t style)
+TMuWallpaper Item(TDisplayMode mode, TGammaStyle style)
 {
     TMuWallpaper item;
     item.DisplayMode = mode;
     item.GammaStyle = style;
-    item.GammaStartRed = item.GammaStartGreen = item.GammaStartBlue = -100;
-    item.GammaEndRed = item.GammaEndGreen = item.GammaEndBlue = 100;
+    item.SetStartTint({-100, -100, -100});
+    item.SetEndTint({100, 100, 100});
     return item;
 }
 
 void ComposeInMemory(benchmark::State& state)
 {
-    const auto mode = static_cast<std::uint8_t>(state.range(0));
+    const auto mode = static_cast<TDisplayMode>(state.range(0));
     const TMuWallpaper item = Item(mode, gsNone);
     for (auto _ : state)
         benchmark::DoNotOptimize(ComposePicture(*ReadBitmap(Photo()), item, Screen, {}));
@@ -68,7 +68,7 @@ BENCHMARK_CAPTURE(ComposeFile, Bmp, ".bmp", [](const std::string& name) {
 void Tint(benchmark::State& state)
 {
     TBitmap bitmap = ComposePicture(*ReadBitmap(Photo()), Item(dmStretched, gsNone), Screen, {});
-    const auto style = static_cast<std::uint8_t>(state.range(0));
+    const auto style = static_cast<TGammaStyle>(state.range(0));
     const TMuWallpaper item = Item(dmStretched, style);
     for (auto _ : state)
         ApplyTint(bitmap, item);

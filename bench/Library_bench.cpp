@@ -19,10 +19,10 @@ constexpr int AddedCount = 10'000;
 
 std::unique_ptr<TMuWallpaper> NewItem(int number)
 {
-    auto item = std::make_unique<TMuWallpaper>();
     const std::string folder = "/home/me/Pictures/Album " + std::to_string(number % 500) + "/";
-    item->FileName = folder + "Photograph_" + std::to_string(number * 7919LL % 1'000'003) + ".jpg";
-    item->Title = MakeTitle(item->FileName, {});
+    auto item = std::make_unique<TMuWallpaper>(
+        folder + "Photograph_" + std::to_string(number * 7919LL % 1'000'003) + ".jpg");
+    item->Title = MakeTitle(item->FileName(), {});
     item->DisplayMode = dmStretched;
     item->Category = folder;
     return item;
@@ -72,7 +72,7 @@ void AddFiles(benchmark::State& state)
         state.ResumeTiming();
         for (int i = 0; i < 2 * AddedCount; ++i) { // every second one is known already
             auto item = NewItem(ListCount - AddedCount + i);
-            if (list->IndexOfFileName(item->FileName) == -1)
+            if (list->IndexOfFileName(item->FileName()) == -1)
                 list->Add(std::move(item));
         }
         if (list->Count() != ListCount + AddedCount)
@@ -104,7 +104,7 @@ void SortByCategory(benchmark::State& state)
     std::setlocale(LC_COLLATE, "");
     bool ascending = true;
     for (auto _ : state) {
-        list.Sort(3, ascending, [](const std::string& a, const std::string& b) {
+        list.Sort(lcCategory, ascending, [](const std::string& a, const std::string& b) {
             return std::strcoll(a.c_str(), b.c_str());
         });
         ascending = !ascending;
@@ -132,7 +132,7 @@ void SaveAllSettings(benchmark::State& state)
     TMuSettings settings;
     for (auto _ : state) {
         TIniFile file = TIniFile::Load(path);
-        settings.PreviewSize ^= 1;
+        settings.PreviewSize = settings.PreviewSize == psMini ? psNormal : psMini;
         SaveSettings(file, settings, {ListCount, "/home/me/a.jpg", 0}, AllSaveFlags);
         file.Save(path);
     }

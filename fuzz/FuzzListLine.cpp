@@ -25,7 +25,7 @@ void CheckLine(std::string_view line)
     TMuWallpaper again;
     again.LoadFromLine(saved);
     Require(again.SaveToLine() == saved, "a saved line loads as it was");
-    Require(again.FileName == item.FileName && again.Title == item.Title &&
+    Require(again.FileName() == item.FileName() && again.Title == item.Title &&
                 again.Category == item.Category &&
                 again.DesktopColor << 8U == item.DesktopColor << 8U,
             "the item is the same");

@@ -54,6 +54,14 @@ public:
 
     int NextNumber(int min, int max) { return Number(Next(), min, max); }
 
+    TTint NextTint()
+    {
+        TTint tint;
+        for (int* value : {&tint.Red, &tint.Green, &tint.Blue})
+            *value = NextNumber(-256, 255);
+        return tint;
+    }
+
     static int Number(std::string_view text, int min, int max)
     {
         const std::optional<std::int32_t> number = ParseInteger(text);
@@ -63,13 +71,14 @@ public:
     }
 
     // The index of a name, which may be given itself.
-    std::uint8_t NextName(std::span<const std::string_view> names)
+    template<typename TEnum>
+    TEnum NextName(std::span<const std::string_view> names)
     {
         const std::string_view word = Next();
         const auto name = std::ranges::find(names, word);
         if (name != names.end())
-            return static_cast<std::uint8_t>(name - names.begin());
-        return static_cast<std::uint8_t>(Number(word, 0, static_cast<int>(names.size()) - 1));
+            return static_cast<TEnum>(name - names.begin());
+        return static_cast<TEnum>(Number(word, 0, static_cast<int>(names.size()) - 1));
     }
 
 private:
@@ -89,10 +98,9 @@ TSize ParseSize(std::string_view text)
 
 void ParseTint(TArguments& arguments, TMuWallpaper& item)
 {
-    item.GammaStyle = arguments.NextName(GammaStyleNames);
-    for (std::int32_t* value : {&item.GammaStartRed, &item.GammaStartGreen, &item.GammaStartBlue,
-                                &item.GammaEndRed, &item.GammaEndGreen, &item.GammaEndBlue})
-        *value = arguments.NextNumber(-256, 255);
+    item.GammaStyle = arguments.NextName<TGammaStyle>(GammaStyleNames);
+    item.SetStartTint(arguments.NextTint());
+    item.SetEndTint(arguments.NextTint());
 }
 
 void ParseOptions(TArguments& arguments, TMuWallpaper& item)
@@ -114,8 +122,8 @@ void ParseOptions(TArguments& arguments, TMuWallpaper& item)
 TTask ParseTask(TArguments arguments)
 {
     TTask task;
-    task.Item.FileName = arguments.Next();
-    task.Item.DisplayMode = arguments.NextName(DisplayModeNames);
+    task.Item = TMuWallpaper(std::string(arguments.Next()));
+    task.Item.DisplayMode = arguments.NextName<TDisplayMode>(DisplayModeNames);
     task.Screen = ParseSize(arguments.Next());
     task.Target = arguments.Next();
     ParseOptions(arguments, task.Item);
@@ -124,7 +132,7 @@ TTask ParseTask(TArguments arguments)
 
 void Run(const TTask& task)
 {
-    const auto source = OpenImage(task.Item.FileName);
+    const auto source = OpenImage(task.Item.FileName());
     SaveBitmapFile(ComposePicture(*source, task.Item, task.Screen, {}), task.Target);
 }
 

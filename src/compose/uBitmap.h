@@ -1,21 +1,16 @@
 // The bitmap that every picture is worked on in.
 #pragma once
 
-#include "uWallpaper.h"
+#include "uColor.h"
+#include "uGeometry.h"
+#include "uPicture.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <string>
 
 namespace murala
 {
-
-struct TSize {
-    int Width = 0;
-    int Height = 0;
-    friend bool operator==(const TSize&, const TSize&) = default;
-};
 
 // What a picture may have; larger ones are refused. With sides below 2^20 every product of the
 // geometry fits into 64 bits.
@@ -26,13 +21,6 @@ constexpr bool IsUsable(TSize size)
     return size.Width >= 0 && size.Width <= MaxSide && size.Height >= 0 && size.Height <= MaxSide &&
            std::int64_t{size.Width} * size.Height <= MaxPixels;
 }
-
-// Right and bottom are exclusive.
-struct TRect {
-    int Left = 0, Top = 0, Right = 0, Bottom = 0;
-    int Width() const { return Right - Left; }
-    int Height() const { return Bottom - Top; }
-};
 
 // One pixel: bytes in memory blue, green, red, unused.
 using TPixel = std::uint32_t;

@@ -79,7 +79,7 @@ std::string WallpaperBitmapName(int desktop)
 TBitmap ComposeDisplayMode(TImageReader& source, const TMuWallpaper& item, TSize screen)
 {
     if (source.Size().Width < 1 || source.Size().Height < 1)
-        throw EInvalidImage(item.FileName, "the picture has no pixels");
+        throw EInvalidImage(item.FileName(), "the picture has no pixels");
     return Draw(source, DisplayModeMap(item.DisplayMode, source.Size(), screen),
                 ColorToPixel(item.DesktopColor));
 }

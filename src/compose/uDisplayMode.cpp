@@ -73,10 +73,10 @@ bool ExceedsFit(int side, int from, int to)
 }
 
 struct TLimit {
-    std::uint8_t Mode;
+    TDisplayMode Mode;
     bool (*IsExceeded)(TSize image, TSize screen);
     std::string_view Message;
-    std::uint8_t Instead;
+    TDisplayMode Instead;
 };
 
 bool IsTooLargeForMirror(TSize image, TSize)
@@ -97,7 +97,7 @@ constexpr TLimit FitLimits[] = {
 };
 
 // The message when the limit has moved the mode on, nothing otherwise.
-std::string_view Check(const TLimit& limit, std::uint8_t& mode, TSize image, TSize screen)
+std::string_view Check(const TLimit& limit, TDisplayMode& mode, TSize image, TSize screen)
 {
     const bool hasPixels = image.Width > 0 && image.Height > 0;
     if (mode != limit.Mode || !hasPixels || !limit.IsExceeded(image, screen))
@@ -140,7 +140,7 @@ TDrawMap MirrorTileDraw(TSize source, TSize target)
     return {MirroredAxis(source.Width, target.Width), MirroredAxis(source.Height, target.Height)};
 }
 
-TDrawMap DisplayModeMap(std::uint8_t mode, TSize source, TSize screen)
+TDrawMap DisplayModeMap(TDisplayMode mode, TSize source, TSize screen)
 {
     using TDraw = TDrawMap (*)(TSize source, TSize target);
     constexpr TDraw draws[] = {TileDraw,       CenterDraw,      StretchDraw,
@@ -148,7 +148,7 @@ TDrawMap DisplayModeMap(std::uint8_t mode, TSize source, TSize screen)
     return mode < std::size(draws) ? draws[mode](source, screen) : CenterDraw(source, source);
 }
 
-std::vector<std::string_view> CheckDisplayMode(std::uint8_t& mode, TSize image, TSize screen)
+std::vector<std::string_view> CheckDisplayMode(TDisplayMode& mode, TSize image, TSize screen)
 {
     std::vector<std::string_view> messages;
     for (const TLimit& limit : {MirrorLimit, FitLimits[0], FitLimits[1]})
@@ -157,13 +157,13 @@ std::vector<std::string_view> CheckDisplayMode(std::uint8_t& mode, TSize image, 
     return messages;
 }
 
-std::uint8_t NextDisplayMode(std::uint8_t mode, TSize image, TSize screen)
+TDisplayMode NextDisplayMode(TDisplayMode mode, TSize image, TSize screen)
 {
     if (mode == dmStretched && IsTooLargeForMirror(image, screen))
         mode = dmMirrorTiled;
     for (const TLimit& limit : FitLimits)
         Check(limit, mode, image, screen);
-    return static_cast<std::uint8_t>(mode < dmFitVertically ? mode + 1 : dmTiled);
+    return static_cast<TDisplayMode>(mode < dmFitVertically ? mode + 1 : dmTiled);
 }
 
 } // namespace murala

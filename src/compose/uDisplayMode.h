@@ -2,7 +2,8 @@
 // be used for which picture.
 #pragma once
 
-#include "uBitmap.h"
+#include "uGeometry.h"
+#include "uWallpaper.h"
 
 #include <cstdint>
 #include <string_view>
@@ -36,7 +37,7 @@ TDrawMap StretchDraw(TSize source, TSize target);
 TDrawMap MirrorTileDraw(TSize source, TSize target);
 
 // The whole mode. An unknown mode gives the source at its own size.
-TDrawMap DisplayModeMap(std::uint8_t mode, TSize source, TSize screen);
+TDrawMap DisplayModeMap(TDisplayMode mode, TSize source, TSize screen);
 
 // The limits check. `mode` is changed to one that may be used; one message for every step taken.
 inline constexpr std::string_view TooLargeForMirror =
@@ -45,9 +46,9 @@ inline constexpr std::string_view TooTallForFit =
     "This image is too tall to use fit-horizonal mode.";
 inline constexpr std::string_view TooWideForFit =
     "This image is too wide to use fit-vertical mode.";
-std::vector<std::string_view> CheckDisplayMode(std::uint8_t& mode, TSize image, TSize screen);
+std::vector<std::string_view> CheckDisplayMode(TDisplayMode& mode, TSize image, TSize screen);
 
 // The mode that follows in the cycle for this picture; limits pass modes over silently.
-std::uint8_t NextDisplayMode(std::uint8_t mode, TSize image, TSize screen);
+TDisplayMode NextDisplayMode(TDisplayMode mode, TSize image, TSize screen);
 
 } // namespace murala

@@ -116,8 +116,7 @@ std::uint8_t TintChannel(std::uint8_t channel, int value)
 
 void ApplyTint(TBitmap& bitmap, const TMuWallpaper& item)
 {
-    const TTint start{item.GammaStartRed, item.GammaStartGreen, item.GammaStartBlue};
-    const TTint end{item.GammaEndRed, item.GammaEndGreen, item.GammaEndBlue};
+    const TTint start = item.StartTint(), end = item.EndTint();
     switch (item.GammaStyle) {
     case gsSolid:
         return TintSolid(bitmap, start);

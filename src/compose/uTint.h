@@ -7,11 +7,6 @@
 namespace murala
 {
 
-// One value a channel, each -256..255: -256 gives 0, 0 leaves the channel as it is, 255 gives 255.
-struct TTint {
-    int Red = 0, Green = 0, Blue = 0;
-};
-
 // value < 0: c * (value + 256) / 256; else c * (255 - value) / 255 + value; both divisions floor.
 std::uint8_t TintChannel(std::uint8_t channel, int value);
 

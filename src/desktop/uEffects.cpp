@@ -3,6 +3,7 @@
 #include "uFileSearch.h"
 #include "uPath.h"
 #include "uText.h"
+#include "uWallpaper.h"
 
 namespace murala
 {

@@ -1,7 +1,7 @@
 // The windows of the shell: the desktop's icon list and the task bar.
 #pragma once
 
-#include "uBitmap.h"
+#include "uGeometry.h"
 
 #include <cstdint>
 #include <memory>

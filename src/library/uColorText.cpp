@@ -1,7 +1,5 @@
 #include "uColorText.h"
 
-#include "uText.h"
-
 namespace murala
 {
 

@@ -1,7 +1,8 @@
 // Colours as text, as the list file and the system's settings hold them.
 #pragma once
 
-#include "uWallpaper.h"
+#include "uColor.h"
+#include "uText.h"
 
 #include <string>
 #include <string_view>

@@ -6,6 +6,7 @@
 #include "uWallpaper.h"
 
 #include <algorithm>
+#include <cassert>
 #include <iterator>
 
 namespace murala
@@ -110,17 +111,11 @@ public:
     TColor Color(std::string_view name)
     {
         const std::string text = Text();
-        TColor color = 0;
-        std::string_view rest = text;
-        for (unsigned shift = 0; shift <= 16; shift += 8) {
-            const std::size_t blank = Find(rest, " ", 0);
-            const auto part = ParseInteger(rest.substr(0, blank));
-            if (!part)
-                Fail(name, text, "is no colour");
-            color += static_cast<TColor>(*part) << shift;
-            rest.remove_prefix(std::min(blank + 1, rest.size()));
+        try {
+            return IniTextToColor(text);
+        } catch (const EConvertError&) {
+            Fail(name, text, "is no colour");
         }
-        return color;
     }
 
 private:
@@ -134,12 +129,12 @@ private:
     int m_number = 0;
 };
 
-std::uint8_t DisplayModeOf(std::string_view name)
+TDisplayMode DisplayModeOf(std::string_view name)
 {
     const auto* const known = std::ranges::find(DisplayModeNames, name);
     return known == std::end(DisplayModeNames)
-               ? static_cast<std::uint8_t>(dmCentered)
-               : static_cast<std::uint8_t>(known - std::begin(DisplayModeNames));
+               ? dmCentered
+               : static_cast<TDisplayMode>(known - std::begin(DisplayModeNames));
 }
 
 std::int32_t ToTint(std::int32_t value)
@@ -147,9 +142,9 @@ std::int32_t ToTint(std::int32_t value)
     return std::clamp(value, SmallestTint, LargestTint);
 }
 
-std::uint8_t ToGammaStyle(std::int32_t value)
+TGammaStyle ToGammaStyle(std::int32_t value)
 {
-    return static_cast<std::uint8_t>(value >= gsNone && value <= gsVertical ? value : gsNone);
+    return static_cast<TGammaStyle>(value >= gsNone && value <= gsVertical ? value : gsNone);
 }
 
 } // namespace
@@ -165,11 +160,11 @@ std::string_view TakeListLine(std::string_view& text)
 std::string TMuWallpaper::SaveToLine() const
 {
     std::string line;
-    AppendField(line, FileName);
+    AppendField(line, m_fileName);
     AppendField(line, Title);
     AppendField(line, DisplayModeNames[DisplayMode]);
     AppendField(line, TransparentIcons ? 1 : 0);
-    AppendField(line, ThumbnailNumber);
+    AppendField(line, m_thumbnailNumber);
     AppendField(line, Effect);
     for (std::int32_t tint :
          {GammaStartRed, GammaStartGreen, GammaStartBlue, GammaEndRed, GammaEndGreen, GammaEndBlue})
@@ -183,11 +178,12 @@ std::string TMuWallpaper::SaveToLine() const
 void TMuWallpaper::LoadFromLine(std::string_view line)
 {
     TFieldReader fields(line);
-    FileName = fields.Text();
+    assert(!Owner);
+    m_fileName = fields.Text();
     Title = fields.Text();
     DisplayMode = DisplayModeOf(fields.Text());
     TransparentIcons = fields.Integer("TransparentIcons") == 1;
-    ThumbnailNumber = fields.Integer("ThumbnailNumber");
+    m_thumbnailNumber = fields.Integer("ThumbnailNumber");
     Effect = fields.Text();
     GammaStartRed = ToTint(fields.Integer("GammaStartRed"));
     GammaStartGreen = ToTint(fields.Integer("GammaStartGreen"));
@@ -199,7 +195,7 @@ void TMuWallpaper::LoadFromLine(std::string_view line)
     DesktopColor = fields.Color("DesktopColor");
     Category = fields.Text();
     if (Category.empty())
-        Category = FolderPart(FileName);
+        Category = FolderPart(m_fileName);
 }
 
 } // namespace murala

@@ -4,6 +4,8 @@
 #include "uPath.h"
 #include "uText.h"
 
+#include <type_traits>
+
 namespace murala
 {
 
@@ -69,6 +71,12 @@ struct TReader {
     void operator()(TSaveFlag, std::string_view key, int& value) const
     {
         value = File.ReadInteger(MainSection, key, value);
+    }
+    template<class TEnum>
+    requires std::is_enum_v<TEnum>
+    void operator()(TSaveFlag, std::string_view key, TEnum& value) const
+    {
+        value = static_cast<TEnum>(File.ReadInteger(MainSection, key, value));
     }
     void operator()(TSaveFlag, std::string_view key, bool& value) const
     {

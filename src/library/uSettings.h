@@ -19,18 +19,24 @@ struct TPlacement {
     int Width = 650, Height = 492, Left = 249, Top = 123;
 };
 
+enum TPreviewSize : int { psMini, psNormal, psLarge };
+enum TThumbnailSize : int { tsSmall, tsNormal, tsLarge };
+enum TViewMode : int { vmList, vmThumbnails };
+enum TScheduleUnits : int { suWeek, suDay, suHour, suMinute };
+
+// The enumerations hold what the file says, which may be none of their values.
 struct TMuSettings {
     std::string WallpaperPath; // the folder last added from
-    int PreviewSize = 1;       // 0 mini, 1 normal, 2 large
-    int ThumbnailSize = 1;     // 0 small, 1 normal, 2 large
-    int ViewMode = 0;          // 0 list, 1 thumbnails
-    bool WindowState = true;   // the main window was visible
+    TPreviewSize PreviewSize = psNormal;
+    TThumbnailSize ThumbnailSize = tsNormal;
+    TViewMode ViewMode = vmList;
+    bool WindowState = true; // the main window was visible
     bool ApplyOnStartup = false;
     bool NextOnStartup = false;
     TPlacement Placement;
     bool UseSchedule = false;
     int ScheduleFrequency = 1;
-    int ScheduleUnits = 1; // 0 week, 1 day, 2 hour, 3 minute
+    TScheduleUnits ScheduleUnits = suDay;
     TDateTime ScheduleAt = 0.5;
     int ScheduleOn = 0; // 0 Monday .. 6 Sunday
     TDateTime LastChangeDate = 0;

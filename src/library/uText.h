@@ -4,12 +4,21 @@
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace murala
 {
+
+// Text that does not stand for what it should; `what()` says what was to be read, and why it cannot
+// be.
+class EConvertError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
 
 // The whole text as a decimal integer with an optional sign; nothing else may stand in it. Blanks
 // in front are allowed. Empty when it is no integer or does not fit into 32 bits.

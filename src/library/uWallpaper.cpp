@@ -1,5 +1,6 @@
 #include "uWallpaper.h"
 
+#include "uListColumn.h"
 #include "uListLine.h"
 #include "uPath.h"
 #include "uSafeFile.h"
@@ -20,27 +21,14 @@ namespace
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view LineEnd = "\r\n";
 
-enum : int { scTitle, scFileName, scFolder, scCategory };
-
 // What an item is sorted by: the first text, and the second where the first ones are equal.
 struct TSortKey {
     std::string First, Second;
 };
 
-TSortKey SortKey(int column, const TMuWallpaper& item)
+TSortKey SortKey(TListColumn column, const TMuWallpaper& item)
 {
-    switch (column) {
-    case scTitle:
-        return {item.Title, {}};
-    case scFileName:
-        return {FileNamePart(item.FileName), {}};
-    case scFolder:
-        return {FolderPart(item.FileName), {}};
-    case scCategory:
-        return {item.Category, item.Title};
-    default:
-        return {};
-    }
+    return {ColumnText(column, item), column == lcCategory ? item.Title : std::string()};
 }
 
 std::string ThumbnailPath(const std::string& folder, std::int32_t number)
@@ -53,18 +41,18 @@ std::string ThumbnailPath(const std::string& folder, std::int32_t number)
 std::string TMuWallpaper::ThumbnailFileName()
 {
     assert(Owner);
-    if (ThumbnailNumber == 0) {
+    if (m_thumbnailNumber == 0) {
         Owner->AssignThumbnailNumber(*this);
         DeleteThumbnailFile(); // of an item that had the number before
     }
-    return ThumbnailPath(Owner->ThumbnailFolder, ThumbnailNumber);
+    return ThumbnailPath(Owner->ThumbnailFolder, m_thumbnailNumber);
 }
 
 void TMuWallpaper::DeleteThumbnailFile()
 {
     assert(Owner);
-    if (ThumbnailNumber != 0)
-        DeleteFileIfPresent(ThumbnailPath(Owner->ThumbnailFolder, ThumbnailNumber));
+    if (m_thumbnailNumber != 0)
+        DeleteFileIfPresent(ThumbnailPath(Owner->ThumbnailFolder, m_thumbnailNumber));
 }
 
 int TMuWallpaper::IndexInList() const
@@ -72,14 +60,18 @@ int TMuWallpaper::IndexInList() const
     return Owner ? Owner->IndexOf(this) : -1;
 }
 
-bool TMuWallpaper::StartTintIsGrey() const
+void TMuWallpaper::SetStartTint(TTint tint)
 {
-    return GammaStartRed == GammaStartGreen && GammaStartGreen == GammaStartBlue;
+    GammaStartRed = tint.Red;
+    GammaStartGreen = tint.Green;
+    GammaStartBlue = tint.Blue;
 }
 
-bool TMuWallpaper::EndTintIsGrey() const
+void TMuWallpaper::SetEndTint(TTint tint)
 {
-    return GammaEndRed == GammaEndGreen && GammaEndGreen == GammaEndBlue;
+    GammaEndRed = tint.Red;
+    GammaEndGreen = tint.Green;
+    GammaEndBlue = tint.Blue;
 }
 
 TMuWallpaperList::TMuWallpaperList() = default;
@@ -89,9 +81,9 @@ TMuWallpaper& TMuWallpaperList::Add(std::unique_ptr<TMuWallpaper> item)
 {
     TMuWallpaper& added = *m_items.emplace_back(std::move(item));
     added.Owner = this;
-    m_byFileName.emplace(added.FileName, &added);
+    m_byFileName.emplace(added.m_fileName, &added);
     if (m_largestNumber)
-        m_largestNumber = std::max(*m_largestNumber, added.ThumbnailNumber);
+        m_largestNumber = std::max(*m_largestNumber, added.m_thumbnailNumber);
     return added;
 }
 
@@ -115,12 +107,35 @@ TMuWallpaperList::DeleteMany(const std::vector<int>& indexes)
 
 void TMuWallpaperList::Release(TMuWallpaper& item)
 {
-    const auto [first, last] = m_byFileName.equal_range(item.FileName);
-    m_byFileName.erase(
-        std::find_if(first, last, [&](const auto& entry) { return entry.second == &item; }));
-    if (m_largestNumber == item.ThumbnailNumber)
+    RemoveFromIndex(item);
+    if (m_largestNumber == item.m_thumbnailNumber)
         m_largestNumber.reset();
     item.Owner = nullptr;
+}
+
+void TMuWallpaperList::RemoveFromIndex(const TMuWallpaper& item)
+{
+    const auto [first, last] = m_byFileName.equal_range(item.m_fileName);
+    m_byFileName.erase(
+        std::find_if(first, last, [&](const auto& entry) { return entry.second == &item; }));
+}
+
+void TMuWallpaperList::SetFileName(TMuWallpaper& item, std::string fileName)
+{
+    assert(item.Owner == this);
+    RemoveFromIndex(item);
+    item.m_fileName = std::move(fileName);
+    m_byFileName.emplace(item.m_fileName, &item);
+}
+
+void TMuWallpaperList::SetThumbnailNumber(TMuWallpaper& item, std::int32_t number)
+{
+    assert(item.Owner == this);
+    if (m_largestNumber == item.m_thumbnailNumber)
+        m_largestNumber.reset();
+    item.m_thumbnailNumber = number;
+    if (m_largestNumber)
+        m_largestNumber = std::max(*m_largestNumber, number);
 }
 
 int TMuWallpaperList::IndexOf(const TMuWallpaper* item) const
@@ -137,7 +152,7 @@ int TMuWallpaperList::IndexOfFileName(const std::string& fileName) const
     if (std::next(first) == last)
         return IndexOf(first->second);
     const auto found = std::ranges::find(
-        m_items, fileName, [](const auto& item) -> const auto& { return item->FileName; });
+        m_items, fileName, [](const auto& item) -> const auto& { return item->m_fileName; });
     return static_cast<int>(found - m_items.begin());
 }
 
@@ -159,14 +174,14 @@ std::int32_t TMuWallpaperList::NextThumbnailNumber() const
     if (!m_largestNumber) {
         m_largestNumber = 0;
         for (const auto& item : m_items)
-            m_largestNumber = std::max(*m_largestNumber, item->ThumbnailNumber);
+            m_largestNumber = std::max(*m_largestNumber, item->m_thumbnailNumber);
     }
     if (*m_largestNumber < std::numeric_limits<std::int32_t>::max())
         return *m_largestNumber + 1;
     // Only a file edited by hand leads here: the smallest number that is free.
     std::unordered_set<std::int32_t> used;
     for (const auto& item : m_items)
-        used.insert(item->ThumbnailNumber);
+        used.insert(item->m_thumbnailNumber);
     std::int32_t number = 1;
     while (used.contains(number))
         ++number;
@@ -175,8 +190,7 @@ std::int32_t TMuWallpaperList::NextThumbnailNumber() const
 
 void TMuWallpaperList::AssignThumbnailNumber(TMuWallpaper& item)
 {
-    item.ThumbnailNumber = NextThumbnailNumber();
-    m_largestNumber = std::max(*m_largestNumber, item.ThumbnailNumber);
+    SetThumbnailNumber(item, NextThumbnailNumber());
 }
 
 void TMuWallpaperList::SetThumbnailFolder(std::string_view path)
@@ -216,7 +230,7 @@ void TMuWallpaperList::FreeAllThumbnails()
     LoadedThumbnails.clear();
 }
 
-void TMuWallpaperList::Sort(int column, bool ascending, const TCompare& compare)
+void TMuWallpaperList::Sort(TListColumn column, bool ascending, const TCompare& compare)
 {
     std::vector<TSortKey> keys;
     keys.reserve(m_items.size());

@@ -1,30 +1,24 @@
 // One wallpaper of the library, and the ordered, owning list of them.
 #pragma once
 
+#include "uColor.h"
+#include "uPicture.h"
+#include "uText.h"
+
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace murala
 {
 
-// A picture that is held in memory; its kind is the thumbnail cache's affair.
-class TPicture
-{
-public:
-    virtual ~TPicture() = default;
-};
-
-// 0x00BBGGRR: red in the low byte.
-using TColor = std::uint32_t;
-
-enum : std::uint8_t {
+enum TDisplayMode : std::uint8_t {
     dmTiled,
     dmCentered,
     dmStretched,
@@ -36,38 +30,38 @@ inline constexpr std::string_view DisplayModeNames[] = {
     "Tiled", "Centered", "Stretched", "Mirror Tiled", "Fit Horizontally", "Fit Vertically",
 };
 
-enum : std::uint8_t { gsNone, gsSolid, gsHorizontal, gsVertical };
+// How a tint is spread.
+enum TGammaStyle : std::uint8_t { gsNone, gsSolid, gsHorizontal, gsVertical };
 inline constexpr std::string_view GammaStyleNames[] = {"(None)", "Solid", "Horizontal", "Vertical"};
+
+// The list view's columns, which the list can be sorted by.
+enum TListColumn : int { lcTitle, lcFileName, lcFolder, lcCategory, ListColumnCount };
 
 inline constexpr std::string_view NoEffect = "(None)";
 inline constexpr std::string_view ListFileName = "Murala.Wallpaper.List";
-
-// A line of the list file that cannot be taken; `what()` says which field, and why.
-class EConvertError : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
 
 class TMuWallpaperList;
 
 class TMuWallpaper
 {
 public:
-    // Full path, the item's key. After the item was added to a list only the list may change it.
-    std::string FileName;
+    TMuWallpaper() = default;
+    explicit TMuWallpaper(std::string fileName) : m_fileName(std::move(fileName)) {}
+
+    // Full path, the item's key.
+    const std::string& FileName() const { return m_fileName; }
+    // 0: none assigned.
+    std::int32_t ThumbnailNumber() const { return m_thumbnailNumber; }
+
     std::string Title;
-    std::uint8_t DisplayMode = dmTiled;
+    TDisplayMode DisplayMode = dmTiled;
     bool TransparentIcons = false;
     std::unique_ptr<TPicture> Thumbnail;
     TMuWallpaperList* Owner = nullptr;
-    // 0: none assigned. As with the file name, only the list may change it once the item is in one.
-    std::int32_t ThumbnailNumber = 0;
     std::string Effect{NoEffect};
-    // Tint, each -256..255: -256 makes a channel black, 0 leaves it, 255 makes it full.
     std::int32_t GammaEndRed = 255, GammaEndGreen = 255, GammaEndBlue = 255;
     std::int32_t GammaStartBlue = 255, GammaStartRed = 255, GammaStartGreen = 255;
-    std::uint8_t GammaStyle = gsNone;
+    TGammaStyle GammaStyle = gsNone;
     TColor DesktopColor = 0;
     std::string Category;
 
@@ -77,14 +71,23 @@ public:
     void DeleteThumbnailFile();
     void FreeThumbnail() { Thumbnail.reset(); }
     int IndexInList() const;
-    bool StartTintIsGrey() const;
-    bool EndTintIsGrey() const;
+    TTint StartTint() const { return {GammaStartRed, GammaStartGreen, GammaStartBlue}; }
+    TTint EndTint() const { return {GammaEndRed, GammaEndGreen, GammaEndBlue}; }
+    void SetStartTint(TTint tint);
+    void SetEndTint(TTint tint);
+    bool StartTintIsGrey() const { return StartTint().IsGrey(); }
+    bool EndTintIsGrey() const { return EndTint().IsGrey(); }
     void SetDesktopColor(TColor color) { DesktopColor = color; }
 
     // The list file's line, without its line end.
     std::string SaveToLine() const;
-    // Throws EConvertError; the item is then in an undefined state.
+    // Of an item that is in no list. Throws EConvertError; the item is then in an undefined state.
     void LoadFromLine(std::string_view line);
+
+private:
+    friend class TMuWallpaperList; // which indexes these
+    std::string m_fileName;
+    std::int32_t m_thumbnailNumber = 0;
 };
 
 class TMuWallpaperList
@@ -111,6 +114,9 @@ public:
     // Takes out many at once (different indexes, in any order) in one pass; they come in the order
     // of the indexes.
     std::vector<std::unique_ptr<TMuWallpaper>> DeleteMany(const std::vector<int>& indexes);
+    // Both for an item of the list.
+    void SetFileName(TMuWallpaper& item, std::string fileName);
+    void SetThumbnailNumber(TMuWallpaper& item, std::int32_t number);
     int IndexOf(const TMuWallpaper* item) const;
     // The first item with exactly this file name, -1 when there is none.
     int IndexOfFileName(const std::string& fileName) const;
@@ -124,8 +130,8 @@ public:
     void TrimThumbnails(int count);
     void FreeAllThumbnails();
 
-    // Columns: 0 title, 1 file name, 2 folder, 3 category then title. Stable.
-    void Sort(int column, bool ascending, const TCompare& compare);
+    // By the column's text, equal categories by their titles. Stable.
+    void Sort(TListColumn column, bool ascending, const TCompare& compare);
 
     // Both throw EFileError. LoadFromFile takes a missing file for an empty list. It throws
     // EListLineError at the first bad line; the items before it are then in the list, and the
@@ -138,6 +144,7 @@ private:
     void AssignThumbnailNumber(TMuWallpaper& item);
     // After the item was taken out of m_items.
     void Release(TMuWallpaper& item);
+    void RemoveFromIndex(const TMuWallpaper& item);
 
     std::vector<std::unique_ptr<TMuWallpaper>> m_items;
     // The keys are the items' own file names.

@@ -102,7 +102,7 @@ void TMurala::SaveSettings(TSaveFlags parts)
     Settings.WindowState = m_view.IsWindowVisible();
     Settings.Placement = m_view.NormalPlacement();
     const bool hasCurrent = m_current >= 0 && m_current < List.Count();
-    const TListState list{List.Count(), hasCurrent ? List.Item(m_current).FileName : "",
+    const TListState list{List.Count(), hasCurrent ? List.Item(m_current).FileName() : "",
                           m_services.Siblings.GetVeyraDesktop()};
     try {
         // The file is read again each time: what the user wrote into it meanwhile stays.
@@ -132,8 +132,8 @@ std::string TMurala::StatusText() const
     const TMuWallpaper* item = SelectedItem();
     if (item == nullptr)
         return {};
-    const std::string fileName = FileNamePart(item->FileName);
-    const TSize size = m_source.SizeOf(item->FileName);
+    const std::string fileName = FileNamePart(item->FileName());
+    const TSize size = m_source.SizeOf(item->FileName());
     if (size.Width == 0)
         return FormatText("%s - %s", {item->Title, fileName});
     return FormatText("%s - %s - (%dx%d)", {item->Title, fileName, std::to_string(size.Width),
@@ -153,8 +153,7 @@ int TMurala::AddFiles(const std::vector<std::string>& fileNames, const std::stri
             m_view.SetStatus(FormatText("Loading images (%s)", {FileNamePart(fileName)}));
             m_view.ShowProgress(static_cast<int>(i), static_cast<int>(fileNames.size()));
         }
-        auto item = std::make_unique<TMuWallpaper>();
-        item->FileName = fileName;
+        auto item = std::make_unique<TMuWallpaper>(fileName);
         item->Title = MakeTitle(fileName, Settings.Titles);
         item->DisplayMode = dmStretched;
         item->Category =
@@ -187,7 +186,7 @@ void TMurala::RemoveSelected()
         return;
     const TMuWallpaper* current = m_current >= 0 ? &List.Item(m_current) : nullptr;
     for (const int row : rows) {
-        List.ForgetThumbnail(List.Item(row).FileName);
+        List.ForgetThumbnail(List.Item(row).FileName());
         List.Item(row).DeleteThumbnailFile();
         if (row == m_current)
             current = nullptr;
@@ -210,7 +209,7 @@ void TMurala::Rename(int row, const std::string& title)
     SaveList();
 }
 
-void TMurala::SortByColumn(int column)
+void TMurala::SortByColumn(TListColumn column)
 {
     const TBusyScope busy(m_view);
     m_sortAscending = column == m_sortColumn ? !m_sortAscending : m_sortAscending;

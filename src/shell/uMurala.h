@@ -11,6 +11,7 @@
 #include "uSourcePicture.h"
 #include "uWallpaper.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -67,12 +68,12 @@ public:
     void RemoveSelected();
     void Rename(int row, const std::string& title);
     // The same column again inverts the direction.
-    void SortByColumn(int column);
+    void SortByColumn(TListColumn column);
 
     // The selected item.
-    void SetDisplayMode(std::uint8_t mode);
+    void SetDisplayMode(TDisplayMode mode);
     void StepDisplayMode();
-    void SetGammaStyle(std::uint8_t style);
+    void SetGammaStyle(TGammaStyle style);
     // Changes the item; the list is saved by SaveList when the user lets the slider go.
     void SetTint(TTintEnd end, TTintChannel channel, int value);
     void SetDesktopColor(TColor color);
@@ -139,7 +140,7 @@ private:
     TEffects m_effects;
     TSourcePicture m_source;
     int m_current = -1;
-    int m_sortColumn = -1;
+    std::optional<TListColumn> m_sortColumn;
     bool m_sortAscending = true;
     bool m_isListUnreadable = false;
     bool m_isComposing = false;

@@ -59,7 +59,7 @@ bool TMurala::ComposeWallpaper(bool startEffect, TReport report)
 void TMurala::ComposeItem(TMuWallpaper& item)
 {
     TDesktop& desktop = m_services.Desktop;
-    const auto source = m_source.Open(item.FileName);
+    const auto source = m_source.Open(item.FileName());
     if (item.DisplayMode <= dmFitVertically)
         WriteTileWallpaper(desktop, 1);
     const TBitmap picture = ComposePicture(*source, item, ScreenSize(), {});
@@ -122,7 +122,7 @@ void TMurala::ApplyEffect(const TMuWallpaper& item, bool startEffect, TReport re
     if (!startEffect)
         return;
     m_view.EnableWindow(false);
-    const TEffectStart start = m_effects.RunEffect(item.Effect, item.FileName);
+    const TEffectStart start = m_effects.RunEffect(item.Effect, item.FileName());
     m_view.EnableWindow(true);
     ReportEffect(start, item.Effect, report);
 }
@@ -146,7 +146,7 @@ void TMurala::RunEffectSettings()
     }
     m_view.MinimiseWindow();
     m_view.EnableWindow(false);
-    const TEffectStart start = m_effects.RunEffectSettings(item->Effect, item->FileName);
+    const TEffectStart start = m_effects.RunEffectSettings(item->Effect, item->FileName());
     m_view.EnableWindow(true);
     ReportEffect(start, item->Effect, TReport::MessageBox);
 }
@@ -238,7 +238,7 @@ void TMurala::ImportQueuedFiles()
 void TMurala::OpenSelected(TShellVerb verb)
 {
     if (const TMuWallpaper* item = SelectedItem())
-        m_services.Launcher.Execute(verb, item->FileName, "");
+        m_services.Launcher.Execute(verb, item->FileName(), "");
 }
 
 } // namespace murala

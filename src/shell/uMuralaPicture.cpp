@@ -16,13 +16,13 @@ void TMurala::ItemEdited()
     SaveList();
 }
 
-void TMurala::SetDisplayMode(std::uint8_t mode)
+void TMurala::SetDisplayMode(TDisplayMode mode)
 {
     TMuWallpaper* item = SelectedItem();
     if (item == nullptr)
         return;
     item->DisplayMode = mode;
-    const TSize image = m_source.SizeOf(item->FileName);
+    const TSize image = m_source.SizeOf(item->FileName());
     if (image.Width > 0)
         for (const std::string_view text : CheckDisplayMode(item->DisplayMode, image, ScreenSize()))
             m_view.ShowMessage(std::string(text));
@@ -34,25 +34,23 @@ void TMurala::StepDisplayMode()
     TMuWallpaper* item = SelectedItem();
     if (item == nullptr)
         return;
-    const TSize image = m_source.SizeOf(item->FileName);
+    const TSize image = m_source.SizeOf(item->FileName());
     item->DisplayMode =
         image.Width > 0
             ? NextDisplayMode(item->DisplayMode, image, ScreenSize())
-            : static_cast<std::uint8_t>((item->DisplayMode + 1) % std::size(DisplayModeNames));
+            : static_cast<TDisplayMode>((item->DisplayMode + 1) % std::size(DisplayModeNames));
     ItemEdited();
 }
 
-void TMurala::SetGammaStyle(std::uint8_t style)
+void TMurala::SetGammaStyle(TGammaStyle style)
 {
     TMuWallpaper* item = SelectedItem();
     if (item == nullptr || item->GammaStyle == style)
         return;
     item->GammaStyle = style;
     if (style == gsNone) {
-        for (std::int32_t* value :
-             {&item->GammaStartRed, &item->GammaStartGreen, &item->GammaStartBlue,
-              &item->GammaEndRed, &item->GammaEndGreen, &item->GammaEndBlue})
-            *value = 0;
+        item->SetStartTint({});
+        item->SetEndTint({});
     }
     ItemEdited();
 }
@@ -62,14 +60,18 @@ void TMurala::SetTint(TTintEnd end, TTintChannel channel, int value)
     TMuWallpaper* item = SelectedItem();
     if (item == nullptr)
         return;
-    const bool isStart = end == TTintEnd::Start;
-    const auto set = [&](TTintChannel which, std::int32_t& start, std::int32_t& stop) {
+    TTint tint = end == TTintEnd::Start ? item->StartTint() : item->EndTint();
+    const auto set = [=](TTintChannel which, int& field) {
         if (channel == which || channel == TTintChannel::All)
-            (isStart ? start : stop) = value;
+            field = value;
     };
-    set(TTintChannel::Red, item->GammaStartRed, item->GammaEndRed);
-    set(TTintChannel::Green, item->GammaStartGreen, item->GammaEndGreen);
-    set(TTintChannel::Blue, item->GammaStartBlue, item->GammaEndBlue);
+    set(TTintChannel::Red, tint.Red);
+    set(TTintChannel::Green, tint.Green);
+    set(TTintChannel::Blue, tint.Blue);
+    if (end == TTintEnd::Start)
+        item->SetStartTint(tint);
+    else
+        item->SetEndTint(tint);
     m_view.PreviewChanged(false);
 }
 
@@ -113,7 +115,7 @@ std::string TMurala::LoadPreview()
         return {};
     for (bool retry = true;; retry = false) {
         try {
-            m_source.Load(item->FileName);
+            m_source.Load(item->FileName());
             return {};
         } catch (const std::bad_alloc&) {
             if (!retry)
@@ -124,7 +126,7 @@ std::string TMurala::LoadPreview()
             return error.what();
         } catch (const std::runtime_error& error) {
             return FormatText("The image (%s) could not be previewed.\r\n%s",
-                              {item->FileName, error.what()});
+                              {item->FileName(), error.what()});
         }
     }
 }
@@ -132,10 +134,10 @@ std::string TMurala::LoadPreview()
 TBitmap TMurala::PreviewPicture(int width)
 {
     const TMuWallpaper* item = SelectedItem();
-    if (item == nullptr || width < 1 || !m_source.Holds(item->FileName))
+    if (item == nullptr || width < 1 || !m_source.Holds(item->FileName()))
         return {};
     const TSize screen = ScreenSize();
-    TBitmap picture = ComposePicture(*m_source.Open(item->FileName), *item, screen, {});
+    TBitmap picture = ComposePicture(*m_source.Open(item->FileName()), *item, screen, {});
     ResizeBitmap(picture, width,
                  RoundHalfEven(static_cast<long double>(width) * screen.Height / screen.Width));
     return picture;

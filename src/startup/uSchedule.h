@@ -9,7 +9,6 @@
 namespace murala
 {
 
-enum { suWeek, suDay, suHour, suMinute };
 inline constexpr std::string_view ScheduleUnitNames[] = {"Week", "Day", "Hour", "Minute"};
 inline constexpr std::string_view ScheduleUnitPluralNames[] = {"Weeks", "Days", "Hours", "Minutes"};
 inline constexpr std::string_view WeekdayNames[] = {
@@ -20,7 +19,7 @@ inline constexpr std::string_view WeekdayNames[] = {
 struct TScheduleSettings {
     bool Use = false;
     int Frequency = 1; // at least 1
-    int Units = suDay;
+    TScheduleUnits Units = suDay;
     TDateTime At = 0.5; // time of day, for weeks and days
     int On = 0;         // weekday, for weeks
 };

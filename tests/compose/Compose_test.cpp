@@ -7,10 +7,11 @@ using namespace murala;
 namespace
 {
 
-TMuWallpaper Item(std::uint8_t mode, TColor color = 0)
+TMuWallpaper Item(TDisplayMode mode, TColor color = 0)
 {
     TMuWallpaper item;
-    item.DisplayMode = mode, item.DesktopColor = color;
+    item.DisplayMode = mode;
+    item.DesktopColor = color;
     return item;
 }
 
@@ -29,13 +30,16 @@ TEST(Compose, DrawsPixelByPixelOnTheDesktopColor)
 {
     const TBitmap source = BitmapOf({{0xFF000001, 2}, {3, 4}});
     constexpr TPixel b = 0xAA0000; // red, in a pixel the third byte
-    const std::pair<std::uint8_t, TRows> cases[] = {
+    const struct {
+        TDisplayMode Mode;
+        TRows Rows;
+    } cases[] = {
         {dmTiled, {{1, 2, 1, 2, 1}, {3, 4, 3, 4, 3}, {1, 2, 1, 2, 1}}},
         {dmCentered, {{b, b, 1, 2, b}, {b, b, 3, 4, b}, {b, b, b, b, b}}},
         {dmMirrorTiled, {{1, 2, 2, 1, 1}, {3, 4, 4, 3, 3}, {3, 4, 4, 3, 3}}},
         {dmFitHorizontally, {{1, 1, 1, 2, 2}, {1, 1, 1, 2, 2}, {3, 3, 3, 4, 4}}},
         {dmFitVertically, {{b, 1, 1, 2, b}, {b, 1, 1, 2, b}, {b, 3, 3, 4, b}}},
-        {9, {{1, 2}, {3, 4}}},
+        {static_cast<TDisplayMode>(9), {{1, 2}, {3, 4}}},
     };
     for (const auto& [mode, rows] : cases) {
         const TBitmap bitmap = ComposeDisplayMode(*ReadBitmap(source), Item(mode, 0xAA), {5, 3});
@@ -48,7 +52,11 @@ TEST(Compose, DrawsPixelByPixelOnTheDesktopColor)
 
 TEST(Compose, ReadsEveryNeededRowOnceFromTheTop)
 {
-    const std::tuple<std::uint8_t, int, std::vector<int>> cases[] = {
+    const struct {
+        TDisplayMode Mode;
+        int ScreenHeight;
+        std::vector<int> Rows;
+    } cases[] = {
         {dmMirrorTiled, 40, {0, 1, 2, 3, 4, 5, 6, 7, 8}},
         {dmCentered, 4, {2, 3, 4, 5}},
         {dmStretched, 4, {0, 2, 4, 6}},
@@ -65,7 +73,7 @@ TEST(Compose, TintComesBeforeTheAddOns)
 {
     TMuWallpaper item = Item(dmCentered, 0xFFFFFF);
     item.GammaStyle = gsSolid;
-    item.GammaStartRed = item.GammaStartGreen = item.GammaStartBlue = -128;
+    item.SetStartTint({-128, -128, -128});
     const TBitmap source = BitmapOf({{0x804020}});
     const TBitmap bitmap = ComposePicture(*ReadBitmap(source), item, {3, 1}, [](TBitmap& picture) {
         EXPECT_EQ(RowsOf(picture), (TRows{{0x7F7F7F, 0x402010, 0x7F7F7F}}));

@@ -21,7 +21,7 @@ std::string Digits(const std::vector<int>& positions)
 TEST(DisplayMode, ShowsTheSourcePixels)
 {
     const struct {
-        std::uint8_t Mode;
+        TDisplayMode Mode;
         TSize Source, Screen;
         const char *Columns, *Rows;
     } cases[] = {
@@ -39,7 +39,7 @@ TEST(DisplayMode, ShowsTheSourcePixels)
         {dmFitHorizontally, {2, 8}, {2, 3}, "01", "234"},
         {dmFitHorizontally, {9, 1}, {3, 2}, "036", "--"},
         {dmFitVertically, {2, 4}, {6, 6}, "--001-", "001223"},
-        {6, {2, 3}, {9, 9}, "01", "012"},
+        {static_cast<TDisplayMode>(6), {2, 3}, {9, 9}, "01", "012"},
     };
     for (const auto& c : cases) {
         const TDrawMap map = DisplayModeMap(c.Mode, c.Source, c.Screen);
@@ -62,11 +62,12 @@ TEST(DisplayMode, TwoRoundingsStayDistinct)
 TEST(DisplayMode, LimitsMoveTheModeOn)
 {
     constexpr TSize screen = {1600, 1200}, wide = {1920, 1080};
+    constexpr auto unknown = static_cast<TDisplayMode>(200);
     constexpr auto mirror = TooLargeForMirror, tall = TooTallForFit, wideFit = TooWideForFit;
     const struct {
-        std::uint8_t Mode;
+        TDisplayMode Mode;
         TSize Image, Screen;
-        std::uint8_t Checked, Next;
+        TDisplayMode Checked, Next;
         std::vector<std::string_view> Messages = {};
     } cases[] = {
         {dmCentered, {5000, 5000}, screen, dmCentered, dmStretched},
@@ -85,11 +86,11 @@ TEST(DisplayMode, LimitsMoveTheModeOn)
         {dmMirrorTiled, wide, wide, dmStretched, dmFitHorizontally, {mirror, tall, wideFit}},
         {dmFitHorizontally, wide, wide, dmStretched, dmMirrorTiled, {tall, wideFit}},
         {dmFitVertically, {0, 0}, screen, dmFitVertically, dmTiled},
-        {200, {10, 10}, screen, 200, dmTiled},
+        {unknown, {10, 10}, screen, unknown, dmTiled},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << int{c.Mode} << " of " << c.Image.Width);
-        std::uint8_t mode = c.Mode;
+        TDisplayMode mode = c.Mode;
         EXPECT_EQ(CheckDisplayMode(mode, c.Image, c.Screen), c.Messages);
         EXPECT_EQ(mode, c.Checked);
         EXPECT_EQ(NextDisplayMode(c.Mode, c.Image, c.Screen), c.Next);

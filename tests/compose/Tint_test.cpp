@@ -20,10 +20,10 @@ TEST(Tint, SolidTintsEveryChannelByItsOwnValue)
     // Wider than one block of the inner loop, and not a multiple of it.
     TBitmap bitmap = BitmapOf({std::vector<TPixel>(75, 0xABC8C8C8), std::vector<TPixel>(75, 0xFF)});
     TMuWallpaper item;
-    item.GammaStartRed = -128, item.GammaStartGreen = 100, item.GammaStartBlue = 0;
+    item.SetStartTint({-128, 100, 0});
     for (const int style : {0, 4, 1}) { // only the last one is a solid tint
         EXPECT_EQ(bitmap.Row(0)[0], 0xABC8C8C8);
-        item.GammaStyle = static_cast<std::uint8_t>(style);
+        item.GammaStyle = static_cast<TGammaStyle>(style);
         ApplyTint(bitmap, item);
     }
     for (int x = 0; x < 75; ++x) {

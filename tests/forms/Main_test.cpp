@@ -273,7 +273,7 @@ TEST_F(MainWindow, TakesDroppedPicturesAndNothingElse)
     wxDropFilesEvent drop(wxEVT_DROP_FILES, 3, files);
     m_main->ProcessWindowEvent(drop);
     ASSERT_EQ(m_main->Murala().List.Count(), 2);
-    EXPECT_EQ(FileNamePart(m_main->Murala().List.Item(1).FileName), "c.JPG");
+    EXPECT_EQ(FileNamePart(m_main->Murala().List.Item(1).FileName()), "c.JPG");
 }
 
 TEST_F(MainWindow, ControlsAreInsideTheirParentsAndNothingIsCut)

@@ -33,13 +33,18 @@ std::string WithField(int number, const std::string& text)
 
 TEST(ListLine, WritesAndReadsTheStoredForm)
 {
-    TMuWallpaper item;
-    item.FileName = R"(C:\Pictures\Sea.jpg)", item.Category = R"(C:\PICTURES\)";
-    item.Title = "a \"b\", c", item.Effect = "Waves";
-    item.DisplayMode = dmFitVertically, item.TransparentIcons = true, item.ThumbnailNumber = 3;
-    item.GammaStartRed = 1, item.GammaStartGreen = 2, item.GammaStartBlue = 3;
-    item.GammaEndRed = -4, item.GammaEndGreen = -5, item.GammaEndBlue = -256;
-    item.GammaStyle = gsVertical, item.DesktopColor = 0x030201;
+    TMuWallpaperList list;
+    TMuWallpaper& item = list.Add(std::make_unique<TMuWallpaper>(R"(C:\Pictures\Sea.jpg)"));
+    list.SetThumbnailNumber(item, 3);
+    item.Title = "a \"b\", c";
+    item.DisplayMode = dmFitVertically;
+    item.TransparentIcons = true;
+    item.Effect = "Waves";
+    item.SetStartTint({1, 2, 3});
+    item.SetEndTint({-4, -5, -256});
+    item.GammaStyle = gsVertical;
+    item.DesktopColor = 0x030201;
+    item.Category = R"(C:\PICTURES\)";
     EXPECT_EQ(item.SaveToLine(), SeaLine);
     EXPECT_EQ(ItemOf(SeaLine).SaveToLine(), SeaLine);
     EXPECT_EQ(ItemOf(SeaLine.substr(0, SeaLine.size() - 1)).SaveToLine(), SeaLine);
@@ -61,7 +66,7 @@ TEST(ListLine, TakesHarmlessFaultsAndNamesTheFieldOfOthers)
                            {12, "x", "255"},         {9, "3000000000", "GammaStartBlue"},
                            {7, "99999", "255"},      {14, "0 0", "DesktopColor"},
                            {10, "-99999", "-256"},   {14, "0  0 0", "DesktopColor"},
-                           {3, "tiled", "Centered"}, {14, "255 128 1 9", "255 128 1"}};
+                           {3, "tiled", "Centered"}, {14, "1 2 3 x", "DesktopColor"}};
     for (const auto& [number, text, result] : cases)
         try {
             EXPECT_EQ(ItemOf(WithField(number, text)).SaveToLine(), WithField(number, result));

@@ -13,10 +13,12 @@ namespace
 TMuWallpaper& AddItem(TMuWallpaperList& list, const std::string& fileName,
                       const std::string& title = "", int thumbnailNumber = 0)
 {
-    auto item = std::make_unique<TMuWallpaper>();
-    item->FileName = fileName, item->Title = title, item->Category = FolderPart(fileName);
-    item->ThumbnailNumber = thumbnailNumber;
-    return list.Add(std::move(item));
+    auto item = std::make_unique<TMuWallpaper>(fileName);
+    item->Title = title;
+    item->Category = FolderPart(fileName);
+    TMuWallpaper& added = list.Add(std::move(item));
+    list.SetThumbnailNumber(added, thumbnailNumber);
+    return added;
 }
 
 std::string Lines(const TMuWallpaperList& list)
@@ -43,17 +45,26 @@ TEST(WallpaperList, FindsItemsByFileName)
     EXPECT_EQ(list.IndexOfFileName("/b"), 1);
     EXPECT_EQ(list.Delete(4)->IndexInList(), -1);
     EXPECT_EQ(list.IndexOfFileName("/b"), 1);
-    EXPECT_EQ(list.DeleteMany({0, 1}).back()->FileName, "/b");
+    EXPECT_EQ(list.DeleteMany({0, 1}).back()->FileName(), "/b");
     EXPECT_FALSE(list.ContainsFileName("/b"));
     EXPECT_EQ(list.IndexOfFileName("/c"), 1);
     EXPECT_THROW(list.Delete(2), std::out_of_range);
+    list.SetFileName(list.Item(1), "/d");
+    EXPECT_EQ(list.IndexOfFileName("/d"), 1);
+    EXPECT_FALSE(list.ContainsFileName("/c"));
 }
 
 TEST(WallpaperList, SortsStablyByEveryColumn)
 {
-    const std::tuple<int, bool, const char*> cases[] = {
-        {0, true, "aabbc"}, {0, false, "cbbaa"}, {1, true, "abbca"},  {1, false, "acbba"},
-        {2, true, "bcaba"}, {3, true, "bcaab"},  {3, false, "baacb"}, {4, true, "bacba"}};
+    const struct {
+        TListColumn Column;
+        bool Ascending;
+        const char* Titles;
+    } cases[] = {
+        {lcTitle, true, "aabbc"},     {lcTitle, false, "cbbaa"},        {lcFileName, true, "abbca"},
+        {lcFolder, true, "bcaba"},    {lcFileName, false, "acbba"},     {lcCategory, true, "bcaab"},
+        {lcCategory, false, "baacb"}, {ListColumnCount, true, "bacba"},
+    };
     for (const auto& [column, ascending, titles] : cases) {
         TMuWallpaperList list;
         for (const auto& [fileName, title] :
@@ -87,8 +98,10 @@ TEST(WallpaperList, GivesOutThumbnailNumbers)
     EXPECT_EQ(list.NextThumbnailNumber(), 11);
     list.DeleteMany({1, 2, 0});
     EXPECT_EQ(list.NextThumbnailNumber(), 1);
-    AddItem(list, "/last", "", INT_MAX);
+    TMuWallpaper& last = AddItem(list, "/last", "", INT_MAX);
     EXPECT_EQ(list.NextThumbnailNumber(), 1);
+    list.SetThumbnailNumber(last, 5);
+    EXPECT_EQ(list.NextThumbnailNumber(), 6);
 }
 
 TEST(WallpaperList, TrimsTheOldestThumbnails)

@@ -71,7 +71,7 @@ TEST_F(Murala, AddsEachFileOnceAndKeepsItForTheNextStart)
 {
     m_murala->Settings.DefaultTransparentIcons = true;
     AddPictures(2);
-    EXPECT_EQ(m_murala->AddFiles({m_murala->List.Item(0).FileName}), 0);
+    EXPECT_EQ(m_murala->AddFiles({m_murala->List.Item(0).FileName()}), 0);
     EXPECT_EQ(m_view.Selection, std::vector<int>{1});
     Restart();
     ASSERT_EQ(m_murala->List.Count(), 2);
@@ -106,11 +106,11 @@ TEST_F(Murala, SortingTwiceInvertsAndKeepsSelectionAndCurrent)
     AddPictures(3);
     m_view.SelectRow(1);
     m_murala->ApplySelected();
-    m_murala->SortByColumn(0);
-    m_murala->SortByColumn(0);
+    m_murala->SortByColumn(lcTitle);
+    m_murala->SortByColumn(lcTitle);
     EXPECT_EQ(Titles(), "210");
     EXPECT_EQ(m_murala->CurrentIndex(), 1);
-    m_murala->SortByColumn(1);
+    m_murala->SortByColumn(lcFileName);
     EXPECT_EQ(Titles(), "210") << "another column keeps the direction";
     EXPECT_EQ(m_view.Selection, std::vector<int>{1});
 }
@@ -123,7 +123,7 @@ TEST_F(Murala, ApplyingInstallsThePictureThenColourAndLabels)
     item.DesktopColor = 255;
     item.TransparentIcons = true;
     item.GammaStyle = gsSolid;
-    item.GammaStartRed = item.GammaStartGreen = item.GammaStartBlue = -256;
+    item.SetStartTint({-256, -256, -256});
     m_murala->ApplySelected();
     EXPECT_EQ(m_services.Desktop.Calls,
               (std::vector<std::string>{"tile 0", "wallpaper MuralaWallpaper.bmp",
@@ -348,7 +348,7 @@ TEST_F(Murala, EffectsAreStartedOnThePictureThatIsApplied)
     m_murala->SetEffect("Snow");
     m_murala->ApplySelected();
     ASSERT_EQ(m_services.Launcher.Started.size(), 1U);
-    const std::string quoted = FormatText("\"%s\"", {m_murala->List.Item(1).FileName});
+    const std::string quoted = FormatText("\"%s\"", {m_murala->List.Item(1).FileName()});
     EXPECT_TRUE(m_services.Launcher.Started[0].ends_with(quoted));
     EXPECT_TRUE(m_view.Enabled);
     m_services.Launcher.Result = 31;

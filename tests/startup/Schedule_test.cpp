@@ -35,7 +35,11 @@ TEST(Schedule, ChangesWhenTheUnitsConditionsHold)
         {"weeks passed, but a Sunday", mondays, At(2, 8), At(22, 13), false},
         {"a Monday before the time", mondays, At(2, 8), At(23, 11), false},
         {"a Monday after the time", mondays, At(2, 8), At(23, 13), true},
-        {"no sense in the file: daily at least", {true, 0, 9, 0, 0}, At(2, 8), At(2, 8), false},
+        {"no sense in the file: daily at least",
+         {true, 0, static_cast<TScheduleUnits>(9), 0, 0},
+         At(2, 8),
+         At(2, 8),
+         false},
     };
     for (const auto& c : cases)
         EXPECT_EQ(IsChangeDue(c.Schedule, c.LastChange, c.Now), c.IsDue) << c.What;

@@ -1,7 +1,7 @@
 // The monitors of the user's session.
 #pragma once
 
-#include "uBitmap.h"
+#include "uGeometry.h"
 
 #include <string>
 #include <vector>

@@ -1,5 +1,6 @@
 #include "uMain.h"
 
+#include "uListColumn.h"
 #include "uPath.h"
 #include "uPreviewSizes.h"
 #include "uProgramEntry.h"
@@ -20,12 +21,6 @@ namespace
 // Milliseconds.
 constexpr int RefreshInterval = 5000;
 constexpr int SettlingTime = 300; // of a new window
-
-struct TColumn {
-    const char* Caption;
-    int Width; // DIPs; 0: the control's own
-};
-constexpr TColumn Columns[] = {{"Title", 160}, {"Filename", 158}, {"Path", 158}, {"Category", 0}};
 
 constexpr int DesignWidth = 650, DesignHeight = 492;
 
@@ -139,9 +134,8 @@ wxWindow* TfMain::BuildListPanel(wxWindow* parent)
     m_binder.FillToolBar(*tbMain, {"aAdd", "aRemove", "-", "aApply", "aPrevious", "aNext", "-",
                                    "aDisplayNext", "aTransparentIcons", "aNextView"});
     lvWallpaper = new TMuListView(panel, "lvWallpaper");
-    for (const TColumn& column : Columns)
-        lvWallpaper->AppendColumn(column.Caption, wxLIST_FORMAT_LEFT,
-                                  column.Width > 0 ? FromDIP(column.Width) : FromDIP(120));
+    for (const TListColumnInfo& column : ListColumns)
+        lvWallpaper->AppendColumn(ToWx(column.Caption), wxLIST_FORMAT_LEFT, FromDIP(column.Width));
     lvWallpaper->OnText = [this](int row, int column) { return CellText(row, column); };
     lvWallpaper->OnIsCurrent = [this](int row) { return row == m_murala.CurrentIndex(); };
     auto* rows = new wxBoxSizer(wxVERTICAL);

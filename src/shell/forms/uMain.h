@@ -53,7 +53,7 @@ private:
     void aDesktopColorExecute();
     void aAboutExecute();
     void aScheduleExecute();
-    void SetPreviewSize(int size);
+    void SetPreviewSize(TPreviewSize size);
 
     // Events.
     void lvWallpaperKeyDown(wxListEvent& event);

@@ -77,8 +77,9 @@ void TfMain::BindDisplayModeActions()
         "aDisplayMirrorTiled", "aDisplayFitHorizontal", "aDisplayFitVertical",
     };
     const auto hasSelection = [this] { return m_murala.SelectedItem() != nullptr; };
-    for (std::uint8_t mode = dmTiled; mode <= dmFitVertically; ++mode) {
-        TAction& action = alMain[names[mode]];
+    for (std::size_t i = 0; i < std::size(names); ++i) {
+        const auto mode = static_cast<TDisplayMode>(i);
+        TAction& action = alMain[names[i]];
         action.OnExecute = [this, mode] { m_murala.SetDisplayMode(mode); };
         action.OnEnabled = hasSelection;
         action.OnChecked = [this, mode] {
@@ -93,7 +94,7 @@ void TfMain::BindDisplayModeActions()
 void TfMain::BindWindowActions()
 {
     static constexpr std::string_view sizes[] = {"aMiniSize", "aNormalSize", "aLargeSize"};
-    for (int size = 0; size < 3; ++size) {
+    for (const TPreviewSize size : {psMini, psNormal, psLarge}) {
         alMain[sizes[size]].OnExecute = [this, size] { SetPreviewSize(size); };
         alMain[sizes[size]].OnChecked = [this, size] {
             return m_murala.Settings.PreviewSize == size;
@@ -206,9 +207,9 @@ void TfMain::aScheduleExecute()
     tScheduleTimer();
 }
 
-void TfMain::SetPreviewSize(int size)
+void TfMain::SetPreviewSize(TPreviewSize size)
 {
-    size = size >= 0 && size < static_cast<int>(std::size(PreviewSizes)) ? size : 1;
+    size = size >= psMini && size <= psLarge ? size : psNormal;
     const bool updating = m_murala.Updating;
     {
         const wxWindowUpdateLocker lock(this);

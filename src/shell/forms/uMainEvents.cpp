@@ -2,6 +2,7 @@
 
 #include "uMain.h"
 
+#include "uListColumn.h"
 #include "uPath.h"
 #include "uText.h"
 
@@ -27,7 +28,7 @@ void TfMain::BindEvents()
     lvWallpaper->Bind(wxEVT_LIST_ITEM_ACTIVATED,
                       [this](wxListEvent&) { m_murala.ApplySelected(); });
     lvWallpaper->Bind(wxEVT_LIST_COL_CLICK, [this](wxListEvent& event) {
-        m_murala.SortByColumn(event.GetColumn());
+        m_murala.SortByColumn(static_cast<TListColumn>(event.GetColumn()));
         lvWallpaper->ShowSortIndicator(event.GetColumn(), m_murala.IsSortAscending());
     });
     lvWallpaper->Bind(wxEVT_LIST_KEY_DOWN, &TfMain::lvWallpaperKeyDown, this);
@@ -179,17 +180,7 @@ void TfMain::FormDropFiles(wxDropFilesEvent& event)
 
 std::string TfMain::CellText(int row, int column) const
 {
-    const TMuWallpaper& item = m_murala.List.Item(row);
-    switch (column) {
-    case 0:
-        return item.Title;
-    case 1:
-        return FileNamePart(item.FileName);
-    case 2:
-        return FolderPart(item.FileName);
-    default:
-        return item.Category;
-    }
+    return ColumnText(static_cast<TListColumn>(column), m_murala.List.Item(row));
 }
 
 void TfMain::UpdateListHint()

@@ -108,7 +108,7 @@ TTintPage::TTintPage(wxWindow* parent, TMurala& murala)
     m_style = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, styles, 0,
                            wxDefaultValidator, "cbGammaStyle");
     m_style->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
-        m_murala.SetGammaStyle(static_cast<std::uint8_t>(event.GetSelection()));
+        m_murala.SetGammaStyle(static_cast<TGammaStyle>(event.GetSelection()));
     });
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(m_style, wxSizerFlags().Expand());
@@ -167,16 +167,15 @@ void TTintPage::ShowItem(const TMuWallpaper* item)
     static const TMuWallpaper none;
     const TMuWallpaper& shown = item != nullptr ? *item : none;
     m_style->SetSelection(shown.GammaStyle < std::size(GammaStyleNames) ? shown.GammaStyle : 0);
-    const auto show = [](TTintGroup& group, std::initializer_list<int> values) {
+    const auto show = [](TTintGroup& group, TTint tint) {
+        // Where the channels differ no position of the slider for all of them is right: it stands
+        // at 0.
         auto bar = group.Bars.begin();
-        for (const int value : values)
+        for (const int value : {tint.IsGrey() ? tint.Red : 0, tint.Red, tint.Green, tint.Blue})
             (*bar++)->SetValue(value);
     };
-    // Where the channels differ no position of the slider for all of them is right: it stands at 0.
-    show(m_start, {shown.StartTintIsGrey() ? shown.GammaStartRed : 0, shown.GammaStartRed,
-                   shown.GammaStartGreen, shown.GammaStartBlue});
-    show(m_end, {shown.EndTintIsGrey() ? shown.GammaEndRed : 0, shown.GammaEndRed,
-                 shown.GammaEndGreen, shown.GammaEndBlue});
+    show(m_start, shown.StartTint());
+    show(m_end, shown.EndTint());
     EnableGroups(item);
 }
 

@@ -117,8 +117,9 @@ TScheduleSettings TfSchedule::Schedule() const
     int hour = 0, minute = 0, second = 0;
     dtpAt->GetTime(&hour, &minute, &second);
     const double seconds = hour * 3600.0 + minute * 60.0 + second;
-    return {cbUseSchedule->GetValue(), seFrequency->GetValue(), cbUnits->GetSelection(),
-            seconds / SecondsPerDay, cbOn->GetSelection()};
+    return {cbUseSchedule->GetValue(), seFrequency->GetValue(),
+            static_cast<TScheduleUnits>(cbUnits->GetSelection()), seconds / SecondsPerDay,
+            cbOn->GetSelection()};
 }
 
 } // namespace murala

@@ -17,8 +17,7 @@ void SaveVersion(const std::string& folder, int version)
 {
     TMuWallpaperList list;
     for (int i = 0; i < 1000 + version % 100; ++i) {
-        auto item = std::make_unique<TMuWallpaper>();
-        item->FileName = "/pictures/" + std::to_string(i) + ".jpg";
+        auto item = std::make_unique<TMuWallpaper>("/pictures/" + std::to_string(i) + ".jpg");
         item->Title = "of version " + std::to_string(version);
         list.Add(std::move(item));
     }

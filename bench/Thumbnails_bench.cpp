@@ -171,11 +171,8 @@ int main(int argc, char** argv)
     const auto names = MakePictures(folder);
     TMuWallpaperList list;
     list.SetThumbnailFolder((folder / "Thumbnails").string());
-    for (const std::string& name : names) {
-        auto item = std::make_unique<TMuWallpaper>();
-        item->FileName = name;
-        list.Add(std::move(item));
-    }
+    for (const std::string& name : names)
+        list.Add(std::make_unique<TMuWallpaper>(name));
     malloc_trim(0);                                // what the making of the pictures took
     std::ofstream("/proc/self/clear_refs") << '5'; // the highest value counts from here on
     const long start = Kilobytes("VmRSS:");

@@ -77,7 +77,7 @@ const TBitmap* TThumbnailCache::Held(TMuWallpaper& item)
     if (!item.Thumbnail)
         return nullptr;
     auto& loaded = m_list.LoadedThumbnails;
-    const auto place = std::ranges::find(loaded, item.FileName);
+    const auto place = std::ranges::find(loaded, item.FileName());
     if (place != loaded.end() && place - loaded.begin() > UntouchedPositions)
         std::rotate(loaded.begin(), place, place + 1);
     return static_cast<const TBitmap*>(item.Thumbnail.get());
@@ -90,7 +90,7 @@ const TBitmap& TThumbnailCache::GetThumbnail(TMuWallpaper& item)
     m_shownCount = 0;
     while (!item.Thumbnail)
         if (TThumbnailStep step = Advance(item); step.Progress == TThumbnailProgress::Failed)
-            throw EThumbnail(item.FileName, step.Error);
+            throw EThumbnail(item.FileName(), step.Error);
     return static_cast<const TBitmap&>(*item.Thumbnail);
 }
 
@@ -106,25 +106,25 @@ TThumbnailStep TThumbnailCache::MakeNext(std::span<TMuWallpaper* const> shown)
         MakeRoom();
     TThumbnailStep step = Advance(*item);
     if (step.Progress == TThumbnailProgress::Failed)
-        step.Error = EThumbnail(item->FileName, step.Error).what();
+        step.Error = EThumbnail(item->FileName(), step.Error).what();
     return step;
 }
 
 bool TThumbnailCache::IsBeingMade(const TMuWallpaper& item) const
 {
-    return m_making && m_making->Item == &item && m_making->FileName == item.FileName;
+    return m_making && m_making->Item == &item && m_making->FileName == item.FileName();
 }
 
 bool TThumbnailCache::IsWanted(const TMuWallpaper& item) const
 {
-    return !item.Thumbnail && !m_failed.contains(item.FileName);
+    return !item.Thumbnail && !m_failed.contains(item.FileName());
 }
 
 // What was begun is ended first, and a second try follows the first one at once.
 TMuWallpaper* TThumbnailCache::NextWanted(std::span<TMuWallpaper* const> shown) const
 {
     const auto begun = std::ranges::find_if(shown, [this](const TMuWallpaper* item) {
-        return IsWanted(*item) && (IsBeingMade(*item) || item->FileName == m_secondTry);
+        return IsWanted(*item) && (IsBeingMade(*item) || item->FileName() == m_secondTry);
     });
     if (begun != shown.end())
         return *begun;
@@ -141,7 +141,7 @@ try {
         m_making.reset();
         if (LoadKept(item, file))
             return {TThumbnailProgress::Made, &item, {}};
-        m_making = TMaking{&item, item.FileName, TThumbnailMaker(item.FileName)};
+        m_making = TMaking{&item, item.FileName(), TThumbnailMaker(item.FileName())};
     } else if (m_making->Maker.Step()) {
         TBitmap thumbnail = m_making->Maker.Take();
         m_making.reset();
@@ -164,7 +164,7 @@ void TThumbnailCache::MakeRoom()
 
 bool TThumbnailCache::LoadKept(TMuWallpaper& item, const std::string& file)
 {
-    if (file.empty() || FileAge(file) <= FileAge(item.FileName))
+    if (file.empty() || FileAge(file) <= FileAge(item.FileName()))
         return false;
     MakeRoom();
     try {
@@ -190,7 +190,7 @@ try {
 TThumbnailStep TThumbnailCache::Hold(TMuWallpaper& item, TBitmap thumbnail)
 {
     item.Thumbnail = std::make_unique<TBitmap>(std::move(thumbnail));
-    m_list.LoadedThumbnails.push_back(item.FileName);
+    m_list.LoadedThumbnails.push_back(item.FileName());
     m_secondTry.clear();
     return {TThumbnailProgress::Made, &item, {}};
 }
@@ -200,24 +200,24 @@ TThumbnailStep TThumbnailCache::Recover(TMuWallpaper& item, const std::string& r
     auto& loaded = m_list.LoadedThumbnails;
     m_making.reset();
     m_list.MaxThumbnails = std::max(FewestThumbnails, static_cast<std::int32_t>(loaded.size()) - 1);
-    m_list.ForgetThumbnail(item.FileName);
+    m_list.ForgetThumbnail(item.FileName());
     item.FreeThumbnail();
-    if (loaded.empty() || m_secondTry == item.FileName) {
+    if (loaded.empty() || m_secondTry == item.FileName()) {
         m_secondTry.clear();
-        m_failed.insert(item.FileName);
+        m_failed.insert(item.FileName());
         return {TThumbnailProgress::Failed, &item, reason};
     }
     m_list.FreeAllThumbnails();
-    m_secondTry = item.FileName;
+    m_secondTry = item.FileName();
     return {TThumbnailProgress::Working, &item, {}};
 }
 
 void TThumbnailCache::Refresh(TMuWallpaper& item)
 {
-    m_list.ForgetThumbnail(item.FileName);
+    m_list.ForgetThumbnail(item.FileName());
     item.FreeThumbnail();
     item.DeleteThumbnailFile();
-    m_failed.erase(item.FileName);
+    m_failed.erase(item.FileName());
     m_making.reset();
 }
 

@@ -40,9 +40,7 @@ protected:
     }
     TMuWallpaper& AddItem(const std::string& file)
     {
-        auto item = std::make_unique<TMuWallpaper>();
-        item->FileName = file;
-        return List.Add(std::move(item));
+        return List.Add(std::make_unique<TMuWallpaper>(file));
     }
     void AddMany(int count)
     {
@@ -78,7 +76,7 @@ protected:
             if (step.Progress == TThumbnailProgress::Nothing)
                 return made;
             if (step.Progress != TThumbnailProgress::Working)
-                made += FileNamePart(step.Item->FileName).substr(0, 1);
+                made += FileNamePart(step.Item->FileName()).substr(0, 1);
             if (step.Progress == TThumbnailProgress::Failed)
                 made += "!";
         }
@@ -95,12 +93,12 @@ protected:
 TEST_F(ThumbnailCache, MakesThemOfOneSizeAndKeepsThemAsJpegFiles)
 {
     TMuWallpaper& first = Add("a.bmp", 0x204060);
-    first.ThumbnailNumber = 17;
+    List.SetThumbnailNumber(first, 17);
     TMuWallpaper& second = AddItem(Folder.File("b.jpg"));
     TBitmap halves = Even(4000, 300, 0xFFFFFF);
     for (int y = 0; y < 300; ++y)
         std::fill_n(halves.Row(y), 2000, 0U);
-    SaveJpegFile(halves, second.FileName, 90);
+    SaveJpegFile(halves, second.FileName(), 90);
     const TBitmap& made = Cache.GetThumbnail(second);
     EXPECT_EQ(made.Size(), (TSize{64, 48}));
     for (const auto& [x, level] : {std::pair(0, 0U), {30, 0U}, {33, 255U}, {63, 255U}})
@@ -109,7 +107,7 @@ TEST_F(ThumbnailCache, MakesThemOfOneSizeAndKeepsThemAsJpegFiles)
     EXPECT_EQ(&Cache.GetThumbnail(second), &made);
     EXPECT_EQ(RowsOf(Cache.GetThumbnail(first))[47][63], 0x204060U);
     EXPECT_EQ(ImageFileSize(Folder.File("Thumbnails/Thumbnail.17.jpg")), (TSize{64, 48}));
-    EXPECT_EQ(second.ThumbnailNumber, 18);
+    EXPECT_EQ(second.ThumbnailNumber(), 18);
     EXPECT_TRUE(FileExists(Folder.File("Thumbnails/Thumbnail.18.jpg")));
     EXPECT_EQ(Names(), "b a ");
 }
@@ -140,7 +138,7 @@ TEST_F(ThumbnailCache, AFileCountsOnlyWhenItIsStrictlyNewerThanItsPicture)
         SaveJpegFile(Even(64, 48, 0x00FF00), kept, 90);
         SetAge(kept, each.KeptSecondsAgo);
         if (!each.HasImage)
-            DeleteFileIfPresent(item.FileName);
+            DeleteFileIfPresent(item.FileName());
         List.FreeAllThumbnails();
         const bool isGreen = (Cache.GetThumbnail(item).Row(5)[5] & 0xFF00U) > 0xF000U;
         EXPECT_EQ(isGreen, each.IsUsed) << each.KeptSecondsAgo;
@@ -193,7 +191,7 @@ TEST_F(ThumbnailCache, LoadingAFileBeyondTheLimitFreesTen)
     Cache.GetThumbnail(List.Item(0)); // 15 are not more than 15
     EXPECT_EQ(Names(), "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 0 ");
     List.Item(1).FreeThumbnail();
-    List.ForgetThumbnail(List.Item(1).FileName);
+    List.ForgetThumbnail(List.Item(1).FileName());
     List.MaxThumbnails = 14;
     Cache.GetThumbnail(List.Item(1));
     EXPECT_EQ(Names(), "12 13 14 15 0 1 ");
@@ -205,8 +203,8 @@ TEST_F(ThumbnailCache, AFailureFreesAllAndTriesOnceMoreThenReports)
 {
     AddMany(15);
     TMuWallpaper& broken = AddItem(Folder.File("gone.bmp"));
-    const std::string message = "A thumbnail could not be generated for image (" + broken.FileName +
-                                ").\r\nThe image (" + broken.FileName +
+    const std::string message = "A thumbnail could not be generated for image (" +
+                                broken.FileName() + ").\r\nThe image (" + broken.FileName() +
                                 ") could not be loaded. The image file may be corrupt or missing.";
     const auto fails = [&] {
         try {
@@ -226,7 +224,7 @@ TEST_F(ThumbnailCache, AFailureFreesAllAndTriesOnceMoreThenReports)
     EXPECT_EQ(List.MaxThumbnails, 10); // 13 after the first try
     EXPECT_TRUE(List.LoadedThumbnails.empty());
     EXPECT_EQ(Color(List.Item(3)), -1);
-    SaveBitmapFile(Even(3, 3, 7), broken.FileName);
+    SaveBitmapFile(Even(3, 3, 7), broken.FileName());
     EXPECT_FALSE(fails());
 }
 
@@ -243,7 +241,7 @@ TEST_F(ThumbnailCache, MakesWhatIsShownFirstInShortSteps)
     EXPECT_EQ(MakeAll({items[3], &broken, items[0]}), "dx!da");
     EXPECT_EQ(Color(*items[1]), -1);
     EXPECT_EQ(MakeAll({items[3], &broken, items[0]}), "");
-    SaveBitmapFile(Even(3, 3, 0x123456), broken.FileName);
+    SaveBitmapFile(Even(3, 3, 0x123456), broken.FileName());
     Cache.Refresh(broken);
     EXPECT_EQ(MakeAll({&broken}), "x");
     EXPECT_EQ(Color(broken), 0x123456);
@@ -286,7 +284,7 @@ TEST_F(ThumbnailCache, CountsWhatIsKeptAndDeletesItButNoNumbers)
     const std::string stale = Folder.Write("Thumbnails/Thumbnail.3.jpg", "of a removed item");
     const TThumbnailStatistics statistics = Cache.Statistics();
     EXPECT_FALSE(FileExists(stale)); // the third number was given out by counting
-    EXPECT_EQ(List.Item(1).ThumbnailNumber, 3);
+    EXPECT_EQ(List.Item(1).ThumbnailNumber(), 3);
     EXPECT_EQ(statistics.Count, 2);
     EXPECT_EQ(statistics.Bytes,
               static_cast<std::int64_t>(ReadWholeFile(List.Item(0).ThumbnailFileName()).size() +
@@ -294,7 +292,7 @@ TEST_F(ThumbnailCache, CountsWhatIsKeptAndDeletesItButNoNumbers)
     EXPECT_GT(statistics.DiskBytes, statistics.Bytes);
     Cache.DeleteThumbnailCache();
     EXPECT_EQ(Cache.Statistics().Count, 0);
-    EXPECT_EQ(List.Item(2).ThumbnailNumber, 2);
+    EXPECT_EQ(List.Item(2).ThumbnailNumber(), 2);
     EXPECT_NE(Color(List.Item(0)), -1);
     const TThumbnailStatistics texts{1587, 12, 1000000};
     EXPECT_EQ(texts.SizeText() + '|' + texts.ShareText() + '|' + texts.CountText(),
@@ -306,12 +304,12 @@ TEST_F(ThumbnailCache, RefreshingMakesAllAgainAndKeepsWhatIsDoneWhenStopped)
 {
     for (const char* name : {"a.bmp", "b.bmp", "c.bmp"})
         Cache.GetThumbnail(Add(name));
-    const auto number = List.Item(1).ThumbnailNumber;
+    const auto number = List.Item(1).ThumbnailNumber();
     for (TMuWallpaper* item : Items()) {
         SaveJpegFile(Even(64, 48, 0), item->ThumbnailFileName(), 90); // newer than the picture
         SetAge(item->ThumbnailFileName(), 5);
     }
-    DeleteFileIfPresent(List.Item(1).FileName);
+    DeleteFileIfPresent(List.Item(1).FileName());
     TThumbnailRefresh refresh(Cache, List);
     EXPECT_TRUE(List.LoadedThumbnails.empty());
     while (refresh.Position() < 2)
@@ -324,7 +322,7 @@ TEST_F(ThumbnailCache, RefreshingMakesAllAgainAndKeepsWhatIsDoneWhenStopped)
     EXPECT_EQ(refresh.Position(), 3);
     EXPECT_NE(LoadImageFile(List.Item(2).ThumbnailFileName()).Row(0)[0] & 0xFFFFFFU, 0U);
     EXPECT_FALSE(FileExists(List.Item(1).ThumbnailFileName()));
-    EXPECT_EQ(List.Item(1).ThumbnailNumber, number);
+    EXPECT_EQ(List.Item(1).ThumbnailNumber(), number);
     EXPECT_FALSE(refresh.Step());
 }
 

@@ -10,10 +10,8 @@ TEST(ThumbnailCacheOnAFullDisk, ThumbnailsAreShownAndNoHalfFileStays)
     const TTempFolder folder;
     TMuWallpaperList list;
     list.SetThumbnailFolder(folder.File("Thumbnails"));
-    auto item = std::make_unique<TMuWallpaper>();
-    item->FileName = folder.File("a.bmp");
-    SaveBitmapFile(NumberedBitmap(64, 48), item->FileName);
-    TMuWallpaper& added = list.Add(std::move(item));
+    TMuWallpaper& added = list.Add(std::make_unique<TMuWallpaper>(folder.File("a.bmp")));
+    SaveBitmapFile(NumberedBitmap(64, 48), added.FileName());
     const std::string kept = added.ThumbnailFileName();
     std::filesystem::create_symlink("/dev/full", kept + ".new");
     TThumbnailCache cache(list);

@@ -1,15 +1,19 @@
 // The desktop itself: what wallpaper it shows, on how large a screen, in which colours.
 #pragma once
 
-#include "uBitmap.h"
+#include "uColor.h"
+#include "uGeometry.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 
 namespace murala
 {
 
-// One platform call each.
+// Whether the desktop took the wallpaper.
+using TOnInstalled = std::function<void(bool took)>;
+
 class TDesktop
 {
 public:
@@ -20,17 +24,20 @@ public:
     // Colours of more than 256 kinds; otherwise pictures are written with 8 bits a pixel.
     virtual int ScreenBitsPerPixel() = 0;
 
-    // Installs a BMP file (full path) as the wallpaper. Whether it worked.
-    virtual bool SetWallpaperFile(const std::string& path) = 0;
+    // Before a picture is composed. Mode 0: the desktop is to tile it, mode 1: not to; any other
+    // mode changes nothing.
+    virtual void WriteTileWallpaper(int mode) = 0;
 
-    // Stores the tile flag ("TileWallpaper" of "Control Panel\desktop"): "1" or "0". Skipped
-    // silently where it cannot be stored.
-    virtual void StoreTileFlag(const std::string& text) = 0;
+    // Makes a BMP file (full path) the wallpaper and `color` what shows around and behind it. It
+    // does not wait for a desktop that is slow or has not started yet: that goes on in the
+    // background, for a minute at the most.
+    // `onInstalled` is called once, in this thread: before Install returns where the answer is
+    // known by then, otherwise later out of the message loop. A further Install takes the place of
+    // one that is not done, which then tells nothing any more.
+    virtual void Install(const std::string& path, TColor color, TOnInstalled onInstalled) = 0;
 
-    // Stores the desktop colour as text ("Background" in section "colors" of "win.ini").
-    virtual void StoreDesktopColorText(const std::string& text) = 0;
-    // The colour around and behind the wallpaper, at once.
-    virtual void SetDesktopColor(TColor color) = 0;
+    // Stores the colour's text, then sets the colour, at once.
+    virtual void ApplyDesktopColor(TColor color) = 0;
     virtual TColor DesktopColor() = 0;
 };
 

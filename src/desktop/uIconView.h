@@ -1,13 +1,11 @@
-// The desktop's icon list: its labels, and the area that it covers. Every call looks the windows up
-// again, so that a restarted shell is found.
+// The desktop's icon list: its labels, and the area that it covers. Every call looks for it again,
+// so that a restarted shell is found.
 #pragma once
 
 #include "uDesktop.h"
-#include "uShellWindows.h"
 
+#include <memory>
 #include <optional>
-#include <stdexcept>
-#include <string_view>
 #include <vector>
 
 namespace murala
@@ -15,34 +13,29 @@ namespace murala
 
 inline constexpr TColor NoColor = 0xFFFFFFFF; // CLR_NONE
 
-class ETaskBarMissing : public std::runtime_error
+class TIconView
 {
 public:
-    ETaskBarMissing() : std::runtime_error("The task bar window cannot be located") {}
+    virtual ~TIconView() = default;
+
+    // Whether the desktop has an icon list that can be asked. Where it has none, the other calls do
+    // nothing.
+    virtual bool CanBeAsked() = 0;
+
+    // Of the labels; 0 when there is no icon list.
+    virtual TColor GetIconTextBackColor() = 0;
+    // Sets it and has all labels painted again.
+    virtual void SetIconTextBackColor(TColor color) = 0;
+
+    // The area of the icons and their labels as rectangles on the desktop; nothing when there is no
+    // icon list.
+    virtual std::optional<std::vector<TRect>> GetIconRegion() = 0;
 };
 
-// A direct child whose class is exactly `name`.
-TWindowId FindChildWindowByClass(TShellWindows& shell, TWindowId parent, std::string_view name);
+std::unique_ptr<TIconView> NewIconView();
 
-// Each 0 when it is not there.
-TWindowId FindProgman(TShellWindows& shell);
-TWindowId FindDesktopView(TShellWindows& shell);
-TWindowId FindDesktopListView(TShellWindows& shell);
-TWindowId FindTaskBar(TShellWindows& shell);
-
-// Throws ETaskBarMissing.
-TRect GetTaskBarRect(TShellWindows& shell);
-
-// 0 when there is no icon list.
-TColor GetIconTextBackColor(TShellWindows& shell);
-// Sets it and has all labels painted again.
-void SetIconTextBackColor(TShellWindows& shell, TColor color);
-// Both send nothing but the question when the labels are so already.
-void SetIconsTransparent(TShellWindows& shell);
-void SetIconsOpaque(TShellWindows& shell, TDesktop& desktop);
-
-// The area of the icons and their labels as rectangles on the desktop; nothing when there is no
-// icon list. The list's style is afterwards as it was before.
-std::optional<std::vector<TRect>> GetIconRegion(TShellWindows& shell);
+// Both ask only, when the labels are so already.
+void SetIconsTransparent(TIconView& icons);
+void SetIconsOpaque(TIconView& icons, TDesktop& desktop);
 
 } // namespace murala

@@ -24,7 +24,8 @@ public:
     virtual TShellResult Execute(TShellVerb verb, const std::string& file,
                                  const std::string& parameters) = 0;
 
-    // The system's own settings of the wallpaper.
+    // The system's own settings of the wallpaper, and whether there are any.
+    virtual bool HasDisplayProperties() = 0;
     virtual void OpenDisplayProperties() = 0;
 };
 

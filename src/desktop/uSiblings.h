@@ -14,12 +14,14 @@
 #pragma once
 
 #include "uMessageLoop.h"
-#include "uShellWindows.h"
-
+#include <cstdint>
 #include <memory>
 
 namespace murala
 {
+
+// 0: no window.
+using TWindowId = std::uintptr_t;
 
 inline constexpr const char* VeyraWindowClass = "TfVeyraMain";
 inline constexpr const char* RovaneWindowClass = "TfRovane";

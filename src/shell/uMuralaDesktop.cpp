@@ -2,7 +2,6 @@
 
 #include "uMurala.h"
 
-#include "uApply.h"
 #include "uIconView.h"
 #include "uPath.h"
 #include "uSafeFile.h"
@@ -61,13 +60,14 @@ void TMurala::ComposeItem(TMuWallpaper& item)
     TDesktop& desktop = m_services.Desktop;
     const auto source = m_source.Open(item.FileName());
     if (item.DisplayMode <= dmFitVertically)
-        WriteTileWallpaper(desktop, 1);
+        desktop.WriteTileWallpaper(1);
     const TBitmap picture = ComposePicture(*source, item, ScreenSize(), {});
     const std::string name = WallpaperBitmapName(m_services.Siblings.GetVeyraDesktop());
     const std::string path = SaveWallpaper(picture, FilePath(name), desktop.ScreenBitsPerPixel());
-    if (!desktop.SetWallpaperFile(path))
-        m_view.SetStatus("The desktop did not take the wallpaper.");
-    ApplyItemColor(item.DesktopColor);
+    desktop.Install(path, item.DesktopColor, [this](bool took) {
+        if (!took)
+            m_view.SetStatus("The desktop did not take the wallpaper.");
+    });
     ApplyLabels(item);
     Settings.LastChangeDate = Settings.CalendarDate = m_services.Clock.Now();
     SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
@@ -76,15 +76,15 @@ void TMurala::ComposeItem(TMuWallpaper& item)
 
 void TMurala::ApplyItemColor(TColor color)
 {
-    ApplyDesktopColor(m_services.Desktop, color);
+    m_services.Desktop.ApplyDesktopColor(color);
 }
 
 void TMurala::ApplyLabels(const TMuWallpaper& item)
 {
     if (item.TransparentIcons)
-        SetIconsTransparent(m_services.ShellWindows);
+        SetIconsTransparent(m_services.IconView);
     else
-        SetIconsOpaque(m_services.ShellWindows, m_services.Desktop);
+        SetIconsOpaque(m_services.IconView, m_services.Desktop);
 }
 
 bool TMurala::ApplyRow(int row, TReport report)
@@ -157,7 +157,7 @@ void TMurala::RefreshTick()
         return;
     if (Settings.RefreshIcons && m_current >= 0 && m_current < List.Count() &&
         List.Item(m_current).TransparentIcons)
-        SetIconsTransparent(m_services.ShellWindows);
+        SetIconsTransparent(m_services.IconView);
 }
 
 void TMurala::SetSchedule(const TScheduleSettings& schedule)
@@ -192,24 +192,27 @@ std::string TMurala::StartupCommand() const
 void TMurala::LoadStartup()
 {
     // Rewriting the command of an existing entry keeps it right when the program was moved.
-    SetStartAtStartup(RunValueExists(m_services.Registry, ApplicationTitle));
-    m_isShellIntegrated = murala::IsShellIntegrated(m_services.Registry);
+    if (m_services.Autostart.RunValueExists(std::string(ApplicationTitle)))
+        SetStartAtStartup(true);
+    m_isShellIntegrated = murala::IsShellIntegrated(m_services.FileMenu);
 }
 
 void TMurala::SetStartAtStartup(bool start)
 {
-    m_startAtStartup = start;
+    TAutostart& autostart = m_services.Autostart;
+    const std::string name(ApplicationTitle);
     if (start)
-        SetRunValue(m_services.Registry, ApplicationTitle, StartupCommand());
+        autostart.SetRunValue(name, StartupCommand());
     else
-        DeleteRunValue(m_services.Registry, ApplicationTitle);
+        autostart.DeleteRunValue(name);
+    m_startAtStartup = autostart.RunValueExists(name);
 }
 
 void TMurala::SetApplyOnStartup(bool apply)
 {
     Settings.ApplyOnStartup = apply;
     if (m_startAtStartup)
-        SetRunValue(m_services.Registry, ApplicationTitle, StartupCommand());
+        m_services.Autostart.SetRunValue(std::string(ApplicationTitle), StartupCommand());
     SaveSettings(TSaveFlags().set(sfApplyOnStartup));
 }
 
@@ -221,16 +224,16 @@ void TMurala::SetNextOnStartup(bool next)
 
 void TMurala::SetShellIntegration(bool integrated)
 {
-    murala::SetShellIntegration(m_services.Registry, integrated);
-    m_isShellIntegrated = murala::IsShellIntegrated(m_services.Registry);
+    murala::SetShellIntegration(m_services.FileMenu, integrated);
+    m_isShellIntegrated = murala::IsShellIntegrated(m_services.FileMenu);
 }
 
 void TMurala::ImportQueuedFiles()
 {
     m_view.EnableWindow(false);
     // A copy that starts meanwhile may queue more.
-    for (auto files = TakeQueuedFiles(m_services.Registry); !files.empty();
-         files = TakeQueuedFiles(m_services.Registry))
+    TFileQueue& queue = m_services.FileQueue;
+    for (auto files = queue.TakeQueuedFiles(); !files.empty(); files = queue.TakeQueuedFiles())
         AddFiles(files);
     m_view.EnableWindow(true);
 }

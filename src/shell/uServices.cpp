@@ -6,17 +6,19 @@ namespace murala
 {
 
 THomeServices::THomeServices()
-    : m_folder(ProgramFolder()), m_desktop(NewDesktop(m_folder)), m_locale(NewLocale()),
-      m_clock(NewClock()), m_registry(NewRegistry()), m_shellWindows(NewShellWindows()),
-      m_screenSaver(NewScreenSaver()), m_launcher(NewLauncher()), m_siblings(NewSiblings()),
-      m_messageLoop(NewMessageLoop())
+    : m_folder(ProgramFolder()), m_desktop(NewDesktop(m_folder)), m_iconView(NewIconView()),
+      m_taskBar(NewTaskBar()), m_autostart(NewAutostart()), m_fileMenu(NewFileMenu()),
+      m_fileQueue(NewFileQueue()), m_launcher(NewLauncher()), m_siblings(NewSiblings()),
+      m_screenSaver(NewScreenSaver()), m_sessionEnd(NewSessionEnd()),
+      m_messageLoop(NewMessageLoop()), m_clock(NewClock()), m_locale(NewLocale())
 {
 }
 
 TServices THomeServices::Services()
 {
-    return {*m_desktop,  *m_locale,   *m_clock,       *m_registry, *m_shellWindows, *m_screenSaver,
-            *m_launcher, *m_siblings, *m_messageLoop, m_folder,    ProgramFile()};
+    return {*m_desktop,     *m_iconView, *m_taskBar,  *m_autostart,   *m_fileMenu,
+            *m_fileQueue,   *m_launcher, *m_siblings, *m_screenSaver, *m_sessionEnd,
+            *m_messageLoop, *m_clock,    *m_locale,   m_folder,       ProgramFile()};
 }
 
 } // namespace murala

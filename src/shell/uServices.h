@@ -1,15 +1,19 @@
 // What the program runs on: one object for each capability of the platform.
 #pragma once
 
+#include "uAutostart.h"
 #include "uClock.h"
 #include "uDesktop.h"
+#include "uFileMenu.h"
+#include "uFileQueue.h"
+#include "uIconView.h"
 #include "uLauncher.h"
 #include "uLocale.h"
 #include "uMessageLoop.h"
-#include "uRegistry.h"
 #include "uScreenSaver.h"
-#include "uShellWindows.h"
+#include "uSessionEnd.h"
 #include "uSiblings.h"
+#include "uTaskBar.h"
 
 #include <memory>
 #include <string>
@@ -19,14 +23,18 @@ namespace murala
 
 struct TServices {
     TDesktop& Desktop;
-    TLocale& Locale;
-    TClock& Clock;
-    TRegistry& Registry;
-    TShellWindows& ShellWindows;
-    TScreenSaver& ScreenSaver;
+    TIconView& IconView;
+    TTaskBar& TaskBar;
+    TAutostart& Autostart;
+    TFileMenu& FileMenu;
+    TFileQueue& FileQueue;
     TLauncher& Launcher;
     TSiblings& Siblings;
+    TScreenSaver& ScreenSaver;
+    TSessionEnd& SessionEnd;
     TMessageLoop& MessageLoop;
+    TClock& Clock;
+    TLocale& Locale;
     std::string ProgramFolder; // with its trailing divider
     std::string ProgramFile;   // full path
 };
@@ -37,19 +45,22 @@ class THomeServices
 public:
     THomeServices();
     TServices Services();
-    TRegistry& Registry() { return *m_registry; }
 
 private:
     std::string m_folder;
     std::unique_ptr<TDesktop> m_desktop;
-    std::unique_ptr<TLocale> m_locale;
-    std::unique_ptr<TClock> m_clock;
-    std::unique_ptr<TRegistry> m_registry;
-    std::unique_ptr<TShellWindows> m_shellWindows;
-    std::unique_ptr<TScreenSaver> m_screenSaver;
+    std::unique_ptr<TIconView> m_iconView;
+    std::unique_ptr<TTaskBar> m_taskBar;
+    std::unique_ptr<TAutostart> m_autostart;
+    std::unique_ptr<TFileMenu> m_fileMenu;
+    std::unique_ptr<TFileQueue> m_fileQueue;
     std::unique_ptr<TLauncher> m_launcher;
     std::unique_ptr<TSiblings> m_siblings;
+    std::unique_ptr<TScreenSaver> m_screenSaver;
+    std::unique_ptr<TSessionEnd> m_sessionEnd;
     std::unique_ptr<TMessageLoop> m_messageLoop;
+    std::unique_ptr<TClock> m_clock;
+    std::unique_ptr<TLocale> m_locale;
 };
 
 } // namespace murala

@@ -7,15 +7,15 @@
 namespace murala
 {
 
-TEntry EnterProgram(const std::vector<std::string>& arguments, TRegistry& registry,
-                    TInstanceLink& link)
+TEntry EnterProgram(const std::vector<std::string>& arguments, TFileMenu& fileMenu,
+                    TFileQueue& fileQueue, TInstanceLink& link)
 {
     if (arguments.size() == 1 && arguments.front() == "/UNINSTALL") {
-        SetShellIntegration(registry, false);
-        return TEntry::End;
+        SetShellIntegration(fileMenu, false);
+        return IsShellIntegrated(fileMenu) ? TEntry::Failed : TEntry::End;
     }
     RaiseProcessPriority();
-    QueueFilesFromCommandLine(registry, arguments);
+    const bool queued = QueueFilesFromCommandLine(fileQueue, arguments);
     // A copy that ends between being found and being woken leaves the files to this one.
     while (true) {
         if (!link.IsRunning())
@@ -24,7 +24,7 @@ TEntry EnterProgram(const std::vector<std::string>& arguments, TRegistry& regist
             return TEntry::Run;
         link.Unlock();
         if (link.PostWake())
-            return TEntry::End;
+            return queued ? TEntry::End : TEntry::Failed;
     }
 }
 

@@ -1,8 +1,9 @@
 // What happens between the start of the program file and the main window.
 #pragma once
 
+#include "uFileMenu.h"
+#include "uFileQueue.h"
 #include "uInstanceLink.h"
-#include "uRegistry.h"
 
 #include <string>
 #include <vector>
@@ -13,12 +14,13 @@ namespace murala
 enum class TEntry {
     Run, // this copy becomes the running one; it holds the start lock until its window is activated
     End, // everything is done, or a running copy does it
+    Failed, // the same, but not all of it could be done
 };
 
 // `arguments` without the program's own name. The files among them are queued for whichever copy
-// takes them.
-TEntry EnterProgram(const std::vector<std::string>& arguments, TRegistry& registry,
-                    TInstanceLink& link);
+// takes them. It needs no window system.
+TEntry EnterProgram(const std::vector<std::string>& arguments, TFileMenu& fileMenu,
+                    TFileQueue& fileQueue, TInstanceLink& link);
 
 // "/apply" as the first argument, in any letter case.
 bool IsApplyStart(const std::vector<std::string>& arguments);

@@ -11,21 +11,25 @@ namespace murala
 
 struct TFakeServices {
     TFakeDesktop Desktop;
-    TFakeLocale Locale;
-    TFakeClock Clock;
-    TFakeRegistry Registry;
-    TFakeShellWindows ShellWindows;
-    TFakeScreenSaver ScreenSaver;
+    TFakeIconView IconView;
+    TFakeTaskBar TaskBar;
+    TFakeAutostart Autostart;
+    TFakeFileMenu FileMenu;
+    TFakeFileQueue FileQueue;
     TFakeLauncher Launcher;
     TFakeSiblings Siblings;
+    TFakeScreenSaver ScreenSaver;
+    TFakeSessionEnd SessionEnd;
     TFakeMessageLoop MessageLoop;
+    TFakeClock Clock;
+    TFakeLocale Locale;
     std::string ProgramFolder;
 
     TServices Services()
     {
-        return {Desktop,      Locale,   Clock,    Registry,    ShellWindows,
-                ScreenSaver,  Launcher, Siblings, MessageLoop, ProgramFolder,
-                ProgramFolder + "murala"};
+        return {Desktop,     IconView, TaskBar,  Autostart,     FileMenu,
+                FileQueue,   Launcher, Siblings, ScreenSaver,   SessionEnd,
+                MessageLoop, Clock,    Locale,   ProgramFolder, ProgramFolder + "murala"};
     }
 };
 

@@ -1,19 +1,25 @@
 // A desktop that remembers what it was asked, in the place of the system's.
 #pragma once
 
+#include "uAutostart.h"
 #include "uClock.h"
 #include "uDesktop.h"
+#include "uFileMenu.h"
+#include "uFileQueue.h"
+#include "uIconView.h"
 #include "uLauncher.h"
 #include "uLocale.h"
 #include "uMessageLoop.h"
 #include "uPath.h"
-#include "uRegistry.h"
 #include "uScreenSaver.h"
-#include "uShellWindows.h"
+#include "uSessionEnd.h"
 #include "uSiblings.h"
+#include "uTaskBar.h"
 
+#include <algorithm>
+#include <deque>
+#include <functional>
 #include <map>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,22 +30,23 @@ namespace murala
 struct TFakeDesktop : TDesktop {
     TSize Screen{64, 36};
     bool TakesWallpaper = true;
+    bool AnswersLater = false; // the answer of the last installation then waits in Answer
+    std::function<void()> Answer;
     std::vector<std::string> Calls;
     TColor Color = 0;
 
     TSize ScreenSize() override { return Screen; }
     int ScreenBitsPerPixel() override { return 32; }
-    bool SetWallpaperFile(const std::string& path) override
+    void WriteTileWallpaper(int mode) override { Calls.push_back("tile " + std::to_string(mode)); }
+    void Install(const std::string& path, TColor color, TOnInstalled onInstalled) override
     {
-        Calls.push_back("wallpaper " + FileNamePart(path));
-        return TakesWallpaper;
+        Calls.push_back("install " + FileNamePart(path) + ' ' + std::to_string(color));
+        Color = color;
+        Answer = [this, onInstalled = std::move(onInstalled)] { onInstalled(TakesWallpaper); };
+        if (!AnswersLater)
+            std::exchange(Answer, nullptr)();
     }
-    void StoreTileFlag(const std::string& text) override { Calls.push_back("tile " + text); }
-    void StoreDesktopColorText(const std::string& text) override
-    {
-        Calls.push_back("colour text " + text);
-    }
-    void SetDesktopColor(TColor color) override
+    void ApplyDesktopColor(TColor color) override
     {
         Calls.push_back("colour " + std::to_string(color));
         Color = color;
@@ -63,100 +70,85 @@ struct TFakeClock : TClock {
     TDateTime Now() override { return Time; }
 };
 
-struct TFakeRegistry : TRegistry {
-    std::map<std::pair<TRoot, std::string>, std::map<std::string, std::string>> Keys;
-    std::set<TRoot> Refused; // roots that may not be written
+struct TFakeAutostart : TAutostart {
+    std::map<std::string, std::string> Commands;
+    bool IsForTheMachine = false; // an entry that the user may not take away
 
-    bool KeyExists(TRoot root, const std::string& key) override
+    bool RunValueExists(const std::string& name) override { return Commands.contains(name); }
+    void SetRunValue(const std::string& name, const std::string& command) override
     {
-        return Keys.contains({root, key});
+        Commands[name] = command;
     }
-    std::optional<std::string> ReadText(TRoot root, const std::string& key,
-                                        const std::string& name) override
+    void DeleteRunValue(const std::string& name) override
     {
-        const auto values = Keys.find({root, key});
-        if (values == Keys.end() || !values->second.contains(name))
-            return std::nullopt;
-        return values->second.at(name);
+        if (!IsForTheMachine)
+            Commands.erase(name);
     }
-    bool WriteText(TRoot root, const std::string& key, const std::string& name,
-                   const std::string& text) override
-    {
-        if (Refused.contains(root))
-            return false;
-        Keys[{root, key}][name] = text;
-        return true;
-    }
-    std::vector<std::string> ValueNames(TRoot root, const std::string& key) override
-    {
-        std::vector<std::string> names;
-        for (const auto& [name, text] : Keys[{root, key}])
-            names.push_back(name);
-        return names;
-    }
-    bool DeleteValue(TRoot root, const std::string& key, const std::string& name) override
-    {
-        const auto values = Keys.find({root, key});
-        return !Refused.contains(root) && values != Keys.end() && values->second.erase(name) != 0;
-    }
-    void DeleteKey(TRoot root, const std::string& key) override { Keys.erase({root, key}); }
 };
 
-// A desktop with an icon list whose label background can be read and set. The number of a window is
-// its place from 1 on; behind the last of a parent's windows comes its first again.
-struct TFakeShellWindows : TShellWindows {
-    struct TWindow {
-        const char* Class;
-        TWindowId Parent;
-    };
-    std::vector<TWindow> Windows{
-        {"#32769", 0}, {"Progman", 1}, {"SHELLDLL_DefView", 2}, {"SysListView32", 3}};
-    bool HasShell = false;
-    std::intptr_t LabelColor = 0;
-    std::intptr_t ItemCount = 3;
-    std::vector<unsigned> Messages;
-    std::vector<std::string> Log; // what the list was asked, with parameters
+struct TFakeFileMenu : TFileMenu {
+    std::vector<TFileCommand> Commands;
+    bool Refuses = false;
 
-    static constexpr unsigned GetTextBack = 0x1025, SetTextBack = 0x1026, GetCount = 0x1004,
-                              GetStyle = 0x1037;
+    void AddShellCommand(const TFileCommand& command) override
+    {
+        if (!Refuses)
+            Commands.push_back(command);
+    }
+    void RemoveShellCommand(const TFileCommand& command) override
+    {
+        if (!Refuses)
+            std::erase_if(Commands,
+                          [&](const TFileCommand& each) { return each.Verb == command.Verb; });
+    }
+    bool ShellCommandExists(const TFileCommand& command) override
+    {
+        return std::ranges::any_of(
+            Commands, [&](const TFileCommand& each) { return each.Verb == command.Verb; });
+    }
+};
 
-    TWindowId Next(TWindowId after, TWindowId parent) const
-    {
-        for (TWindowId window = after + 1; window <= Windows.size(); window++)
-            if (Windows[window - 1].Parent == parent)
-                return window;
-        return 0;
-    }
+struct TFakeFileQueue : TFileQueue {
+    std::vector<std::string> Names;
+    bool Refuses = false;
 
-    TWindowId DesktopWindow() override { return HasShell ? 1 : 0; }
-    TWindowId FirstChild(TWindowId window) override { return Next(window, window); }
-    TWindowId NextSibling(TWindowId window) override
+    bool QueueFiles(const std::vector<std::string>& names) override
     {
-        const TWindowId parent = Windows[window - 1].Parent;
-        const TWindowId next = Next(window, parent);
-        return next != 0 ? next : FirstChild(parent);
+        if (!Refuses)
+            Names.insert(Names.end(), names.begin(), names.end());
+        return !Refuses;
     }
-    std::string ClassName(TWindowId window) override { return Windows[window - 1].Class; }
-    std::optional<TRect> WindowRect(TWindowId) override { return std::nullopt; }
-    std::vector<TRect> WindowRegion(TWindowId) override
+    std::vector<std::string> TakeQueuedFiles() override { return std::exchange(Names, {}); }
+};
+
+struct TFakeIconView : TIconView {
+    bool HasIcons = false;
+    TColor LabelColor = 0;
+    int Questions = 0;
+    int Paintings = 0;
+
+    bool CanBeAsked() override { return HasIcons; }
+    TColor GetIconTextBackColor() override
     {
-        Log.emplace_back("region");
-        return {};
+        Questions++;
+        return HasIcons ? LabelColor : 0;
     }
-    std::intptr_t Send(TWindowId, unsigned message, std::uintptr_t wParam,
-                       std::intptr_t lParam) override
+    void SetIconTextBackColor(TColor color) override
     {
-        Messages.push_back(message);
-        Log.push_back(std::to_string(message - 0x1000) + ' ' + std::to_string(wParam) + ' ' +
-                      std::to_string(lParam));
-        if (message == SetTextBack)
-            LabelColor = lParam;
-        return message == GetTextBack ? LabelColor
-               : message == GetCount  ? ItemCount
-               : message == GetStyle  ? 0x2040
-                                      : 0;
+        if (!HasIcons)
+            return;
+        LabelColor = color;
+        Paintings++;
     }
-    void Update(TWindowId) override { Log.emplace_back("update"); }
+    std::optional<std::vector<TRect>> GetIconRegion() override
+    {
+        return HasIcons ? std::optional<std::vector<TRect>>({}) : std::nullopt;
+    }
+};
+
+struct TFakeTaskBar : TTaskBar {
+    std::optional<TRect> Rect;
+    TRect GetTaskBarRect() override { return Rect ? *Rect : throw ETaskBarMissing(); }
 };
 
 struct TFakeScreenSaver : TScreenSaver {
@@ -174,6 +166,8 @@ struct TFakeLauncher : TLauncher {
         Started.push_back(FileNamePart(file) + " " + parameters);
         return Result;
     }
+    bool HasProperties = true;
+    bool HasDisplayProperties() override { return HasProperties; }
     void OpenDisplayProperties() override { Started.push_back("display properties"); }
 };
 
@@ -190,12 +184,42 @@ struct TFakeSiblings : TSiblings {
     void PostClose(TWindowId) override { RovaneRuns = RovaneRuns && !RovaneCloses; }
 };
 
+struct TFakeSessionEnd : TSessionEnd {
+    std::function<void()> OnEnd;
+    void Listen(void* /*mainWindow*/, std::function<void()> onEnd) override
+    {
+        OnEnd = std::move(onEnd);
+    }
+};
+
+// Messages are what a test puts into Queue: whatever waits for something handles them, as the real
+// loop would.
 struct TFakeMessageLoop : TMessageLoop {
     std::int64_t Time = 0;
+    std::deque<std::function<void()>> Queue;
+
     std::int64_t Milliseconds() override { return Time; }
     void Sleep(int milliseconds) override { Time += milliseconds; }
-    void HandleOneMessage() override { Time += 100; }
-    void HandlePendingMessages() override {}
+    void HandleOneMessage() override
+    {
+        Time += 100;
+        HandleFirst();
+    }
+    void HandlePendingMessages() override
+    {
+        while (!Queue.empty())
+            HandleFirst();
+    }
+
+private:
+    void HandleFirst()
+    {
+        if (Queue.empty())
+            return;
+        const auto handle = std::move(Queue.front());
+        Queue.pop_front();
+        handle();
+    }
 };
 
 } // namespace murala

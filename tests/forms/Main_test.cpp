@@ -255,7 +255,7 @@ TEST_F(MainWindow, AStartWithApplyAppliesAndAnotherCopyWakesIt)
     EXPECT_EQ(m_main->Murala().CurrentIndex(), 1);
     EXPECT_FALSE(m_services.Desktop.Calls.empty());
     const std::string queued = Picture("C.bmp", 4, 4, 0);
-    m_services.Registry.WriteText(TRoot::CurrentUser, "Software\\Murala\\AddFiles", queued, "");
+    m_services.FileQueue.QueueFiles({queued});
     m_link.Wake();
     EXPECT_EQ(m_main->Murala().List.Count(), 3);
     EXPECT_TRUE(m_main->IsEnabled());

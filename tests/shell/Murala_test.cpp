@@ -4,7 +4,6 @@
 #include "FakeServices.h"
 #include "uIconView.h"
 #include "uSafeFile.h"
-#include "uShellIntegration.h"
 #include "uTempFolder.h"
 #include "uText.h"
 
@@ -117,7 +116,7 @@ TEST_F(Murala, SortingTwiceInvertsAndKeepsSelectionAndCurrent)
 
 TEST_F(Murala, ApplyingInstallsThePictureThenColourAndLabels)
 {
-    m_services.ShellWindows.HasShell = true;
+    m_services.IconView.HasIcons = true;
     AddPictures(1);
     TMuWallpaper& item = m_murala->List.Item(0);
     item.DesktopColor = 255;
@@ -126,9 +125,8 @@ TEST_F(Murala, ApplyingInstallsThePictureThenColourAndLabels)
     item.SetStartTint({-256, -256, -256});
     m_murala->ApplySelected();
     EXPECT_EQ(m_services.Desktop.Calls,
-              (std::vector<std::string>{"tile 0", "wallpaper MuralaWallpaper.bmp",
-                                        "colour text 255 0 0", "colour 255"}));
-    EXPECT_EQ(static_cast<TColor>(m_services.ShellWindows.LabelColor), NoColor);
+              (std::vector<std::string>{"tile 1", "install MuralaWallpaper.bmp 255"}));
+    EXPECT_EQ(m_services.IconView.LabelColor, NoColor);
     EXPECT_EQ(m_services.Siblings.Notified, 1);
     EXPECT_EQ(m_view.Busy, 0);
     EXPECT_EQ(m_murala->Settings.LastChangeDate, m_services.Clock.Time);
@@ -145,8 +143,7 @@ TEST_F(Murala, EachVirtualDesktopHasItsOwnPictureAndCurrentWallpaper)
     m_services.Siblings.VeyraDesktop = 3;
     m_view.SelectRow(2);
     m_murala->ApplySelected();
-    EXPECT_EQ(m_services.Desktop.Calls[m_services.Desktop.Calls.size() - 3],
-              "wallpaper MuralaWallpaper3.bmp");
+    EXPECT_EQ(m_services.Desktop.Calls.back().substr(0, 28), "install MuralaWallpaper3.bmp");
     Restart();
     EXPECT_EQ(m_murala->CurrentIndex(), 2);
     m_services.Siblings.VeyraDesktop = 1;
@@ -187,25 +184,24 @@ TEST_F(Murala, NextNeedsTwoWallpapersAndPreviousOne)
 
 TEST_F(Murala, OnlyTheWallpaperOnTheDesktopChangesTheDesktop)
 {
-    m_services.ShellWindows.HasShell = true;
+    m_services.IconView.HasIcons = true;
     AddPictures(2);
     m_view.SelectRow(0);
     m_murala->ApplySelected();
     m_services.Desktop.Calls.clear();
-    m_services.ShellWindows.Messages.clear();
+    m_services.IconView.Paintings = 0;
     m_view.SelectRow(1);
     m_murala->SetDesktopColor(0xFF0000);
     m_murala->ToggleTransparentIcons();
     EXPECT_TRUE(m_services.Desktop.Calls.empty());
-    EXPECT_TRUE(m_services.ShellWindows.Messages.empty());
+    EXPECT_EQ(m_services.IconView.Paintings, 0);
     EXPECT_EQ(m_murala->List.Item(1).DesktopColor, 0xFF0000U);
     EXPECT_TRUE(m_murala->List.Item(1).TransparentIcons);
     m_view.SelectRow(0);
     m_murala->SetDesktopColor(0xFF0000);
-    EXPECT_EQ(m_services.Desktop.Calls,
-              (std::vector<std::string>{"colour text 0 0 255", "colour 16711680"}));
+    EXPECT_EQ(m_services.Desktop.Calls, (std::vector<std::string>{"colour 16711680"}));
     m_murala->ToggleTransparentIcons();
-    EXPECT_EQ(static_cast<TColor>(m_services.ShellWindows.LabelColor), NoColor);
+    EXPECT_EQ(m_services.IconView.LabelColor, NoColor);
 }
 
 TEST_F(Murala, DisplayModesThatCannotBeAreRefusedWithTheirMessages)
@@ -321,24 +317,23 @@ TEST_F(Murala, TheSchedulePassesOverPicturesThatCannotBeShown)
 
 TEST_F(Murala, LabelsAreRefreshedOnlyForAFlaggedWallpaper)
 {
-    m_services.ShellWindows.HasShell = true;
+    m_services.IconView.HasIcons = true;
     AddPictures(1);
     m_murala->ApplySelected();
-    m_services.ShellWindows.Messages.clear();
+    m_services.IconView.Questions = 0;
     m_murala->RefreshTick();
-    EXPECT_TRUE(m_services.ShellWindows.Messages.empty());
+    EXPECT_EQ(m_services.IconView.Questions, 0);
     m_murala->ToggleTransparentIcons();
-    m_services.ShellWindows.LabelColor = 0; // the shell went back to opaque by itself
+    m_services.IconView.LabelColor = 0; // the shell went back to opaque by itself
     m_services.ScreenSaver.Running = true;
     m_murala->RefreshTick();
-    EXPECT_EQ(m_services.ShellWindows.LabelColor, 0);
+    EXPECT_EQ(m_services.IconView.LabelColor, 0U);
     m_services.ScreenSaver.Running = false;
     m_murala->RefreshTick();
-    EXPECT_EQ(static_cast<TColor>(m_services.ShellWindows.LabelColor), NoColor);
-    m_services.ShellWindows.Messages.clear();
+    EXPECT_EQ(m_services.IconView.LabelColor, NoColor);
+    m_services.IconView.Paintings = 0;
     m_murala->RefreshTick();
-    EXPECT_EQ(m_services.ShellWindows.Messages,
-              std::vector<unsigned>{TFakeShellWindows::GetTextBack});
+    EXPECT_EQ(m_services.IconView.Paintings, 0) << "no painting where nothing changed";
 }
 
 TEST_F(Murala, EffectsAreStartedOnThePictureThatIsApplied)
@@ -371,9 +366,9 @@ TEST_F(Murala, EffectsAreStartedOnThePictureThatIsApplied)
 TEST_F(Murala, TheRunValueFollowsTheStartSettings)
 {
     const auto command = [this] {
-        return m_services.Registry
-            .ReadText(TRoot::LocalMachine, std::string(RunKey), std::string(ApplicationTitle))
-            .value_or("");
+        const auto& commands = m_services.Autostart.Commands;
+        const auto found = commands.find("Murala");
+        return found == commands.end() ? "" : found->second;
     };
     const std::string program = m_services.ProgramFolder + "murala";
     m_murala->SetApplyOnStartup(true);
@@ -384,6 +379,10 @@ TEST_F(Murala, TheRunValueFollowsTheStartSettings)
     EXPECT_EQ(command(), program);
     Restart();
     EXPECT_TRUE(m_murala->StartAtStartup());
+    m_services.Autostart.IsForTheMachine = true;
+    m_murala->SetStartAtStartup(false);
+    EXPECT_TRUE(m_murala->StartAtStartup()) << "it is not the user's to take away";
+    m_services.Autostart.IsForTheMachine = false;
     m_murala->SetStartAtStartup(false);
     EXPECT_EQ(command(), "");
 }
@@ -391,10 +390,9 @@ TEST_F(Murala, TheRunValueFollowsTheStartSettings)
 TEST_F(Murala, QueuedFilesAreTakenIn)
 {
     for (int i = 0; i < 3; ++i)
-        m_services.Registry.WriteText(TRoot::CurrentUser, std::string(AddFilesKey),
-                                      Picture("Q" + std::to_string(i) + ".bmp"), "");
+        m_services.FileQueue.QueueFiles({Picture("Q" + std::to_string(i) + ".bmp")});
     m_murala->ImportQueuedFiles();
     EXPECT_EQ(m_murala->List.Count(), 3);
-    EXPECT_TRUE(TakeQueuedFiles(m_services.Registry).empty());
+    EXPECT_TRUE(m_services.FileQueue.Names.empty());
     EXPECT_TRUE(m_view.Enabled);
 }

@@ -45,7 +45,7 @@ std::string ExecText(const TCommand& command)
 {
     std::string text = QuotedArgument(command.Program);
     for (const std::string& argument : command.Arguments)
-        text += ' ' + (argument == "\"%1\"" ? "%F" : QuotedArgument(argument));
+        text += ' ' + QuotedArgument(argument);
     return text;
 }
 
@@ -88,13 +88,14 @@ std::vector<std::string> TDesktopEntry::ReadList(const char* key) const
     return texts;
 }
 
-void TDesktopEntry::WriteList(const char* key, const std::vector<std::string>& texts)
+void TDesktopEntry::WriteList(const char* key, const std::vector<std::string>& texts,
+                              const char* group)
 {
     std::vector<const char*> pointers;
     pointers.reserve(texts.size());
     for (const std::string& text : texts)
         pointers.push_back(text.c_str());
-    g_key_file_set_string_list(m_file.get(), MainGroup, key, pointers.data(), pointers.size());
+    g_key_file_set_string_list(m_file.get(), group, key, pointers.data(), pointers.size());
 }
 
 bool TDesktopEntry::Save() const
@@ -102,11 +103,6 @@ bool TDesktopEntry::Save() const
     std::error_code error;
     std::filesystem::create_directories(NativePath(FolderPart(m_path)), error);
     return g_key_file_save_to_file(m_file.get(), m_path.c_str(), nullptr) != FALSE;
-}
-
-void TDesktopEntry::DeleteFile() const
-{
-    DeleteFileIfPresent(m_path);
 }
 
 } // namespace murala

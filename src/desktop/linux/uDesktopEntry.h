@@ -10,8 +10,7 @@
 namespace murala
 {
 
-// A command as the registry has it: the program's full path, which may contain blanks, and
-// arguments.
+// A program's full path, which may contain blanks, and arguments.
 struct TCommand {
     std::string Program;
     std::vector<std::string> Arguments;
@@ -20,7 +19,7 @@ struct TCommand {
 // The program is the longest part that names a file; if none does, the text up to the first blank.
 TCommand SplitCommand(const std::string& command);
 
-// The command as the standard's Exec key wants it. The argument "%1" becomes the field code "%F".
+// The command as the standard's Exec key wants it.
 std::string ExecText(const TCommand& command);
 
 class TDesktopEntry
@@ -36,11 +35,11 @@ public:
     bool ReadBoolean(const char* key, bool otherwise) const;
     void Write(const char* key, std::string_view text, const char* group = MainGroup);
     std::vector<std::string> ReadList(const char* key) const;
-    void WriteList(const char* key, const std::vector<std::string>& texts);
+    void WriteList(const char* key, const std::vector<std::string>& texts,
+                   const char* group = MainGroup);
 
     // Makes the folders. False when the file cannot be written.
     bool Save() const;
-    void DeleteFile() const;
 
 private:
     std::string m_path;

@@ -1,7 +1,7 @@
 // The desktop of a Linux session. What Windows keeps in its registry and in "win.ini" is kept under
 // the same names in a file of Murala's own.
-#include "uApply.h"
 #include "uBackground.h"
+#include "uColorText.h"
 #include "uDesktop.h"
 #include "uIniFile.h"
 #include "uPath.h"
@@ -46,30 +46,20 @@ public:
     TSize ScreenSize() override { return PrimaryScreenSize(); }
     int ScreenBitsPerPixel() override { return ReadScreens().BitsPerPixel; }
 
-    bool SetWallpaperFile(const std::string& path) override
+    // The picture is as large as the screen: there is nothing to tile.
+    void WriteTileWallpaper(int /*mode*/) override {}
+
+    void Install(const std::string& path, TColor color, TOnInstalled onInstalled) override
     {
-        if (!FileExists(path))
-            return false;
-        const bool stuck =
-            m_background->IsStuckTo(path).value_or(Read(DesktopSection, "Wallpaper") == path);
-        const std::string name = stuck ? MakeTwin(path) : path;
-        if (name.empty() || !m_background->SetPicture(name, DesktopColor()))
-            return false;
-        Store(DesktopSection, "Wallpaper", name);
-        return true;
+        StoreColor(color);
+        onInstalled(SetWallpaperFile(path, color));
     }
 
-    void StoreTileFlag(const std::string& text) override
+    void ApplyDesktopColor(TColor color) override
     {
-        Store(DesktopSection, "TileWallpaper", text);
+        StoreColor(color);
+        m_background->SetColor(color);
     }
-
-    void StoreDesktopColorText(const std::string& text) override
-    {
-        Store(ColorsSection, "Background", text);
-    }
-
-    void SetDesktopColor(TColor color) override { m_background->SetColor(color); }
 
     TColor DesktopColor() override
     {
@@ -78,6 +68,21 @@ public:
     }
 
 private:
+    bool SetWallpaperFile(const std::string& path, TColor color)
+    {
+        if (!FileExists(path))
+            return false;
+        const bool stuck =
+            m_background->IsStuckTo(path).value_or(Read(DesktopSection, "Wallpaper") == path);
+        const std::string name = stuck ? MakeTwin(path) : path;
+        if (name.empty() || !m_background->SetPicture(name, color))
+            return false;
+        Store(DesktopSection, "Wallpaper", name);
+        return true;
+    }
+
+    void StoreColor(TColor color) { Store(ColorsSection, "Background", ColorToIniText(color)); }
+
     TColor StoredColor() const
     try {
         return IniTextToColor(Read(ColorsSection, "Background"));
@@ -95,6 +100,8 @@ private:
     void Store(std::string_view section, std::string_view key, const std::string& text)
     try {
         TIniFile file = TIniFile::Load(m_storeFile);
+        if (file.ReadText(section, key, "") == text)
+            return;
         file.Write(section, key, text);
         file.Save(m_storeFile);
     } catch (const EFileError&) {

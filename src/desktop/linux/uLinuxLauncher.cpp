@@ -1,7 +1,7 @@
 #include "uBackground.h"
 #include "uGLib.h"
 #include "uLauncher.h"
-#include "uMenuEntries.h"
+#include "uMimeType.h"
 #include "uPath.h"
 #include "uProcess.h"
 #include "uSessionBus.h"
@@ -28,7 +28,7 @@ struct TPanel {
     std::vector<std::string> Command;
 };
 
-// The first that can be started is taken.
+// The first that is installed is taken.
 const TPanel Panels[] = {
     {TSession::Gnome, {"gnome-control-center", "background"}},
     {TSession::Gnome, {"budgie-control-center", "background"}},
@@ -41,6 +41,16 @@ const TPanel Panels[] = {
     {TSession::Lxde, {"pcmanfm", "--desktop-pref"}},
     {TSession::Lxqt, {"pcmanfm-qt", "--desktop-pref=general"}},
 };
+
+const TPanel* FindPanel()
+{
+    const TSession session = RunningSession();
+    const auto* found = std::ranges::find_if(Panels, [&](const TPanel& panel) {
+        return panel.Session == session &&
+               TGText(g_find_program_in_path(panel.Command[0].c_str())) != nullptr;
+    });
+    return found == std::end(Panels) ? nullptr : found;
+}
 
 // Programs that paint, by the beginnings of their names; viewers take pictures, too.
 constexpr std::string_view Editors[] = {"gimp",
@@ -138,12 +148,12 @@ public:
                    : NoProgram;
     }
 
+    bool HasDisplayProperties() override { return FindPanel() != nullptr; }
+
     void OpenDisplayProperties() override
     {
-        const TSession session = RunningSession();
-        std::ranges::find_if(Panels, [&](const TPanel& panel) {
-            return panel.Session == session && StartProgram(panel.Command);
-        });
+        if (const TPanel* panel = FindPanel())
+            StartProgram(panel->Command);
     }
 
 private:

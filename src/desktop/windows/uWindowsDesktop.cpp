@@ -1,3 +1,4 @@
+#include "uColorText.h"
 #include "uDesktop.h"
 #include "uPath.h"
 #include "uWindowsHandles.h"
@@ -17,6 +18,29 @@ std::string WindowsFolder()
     return {folder.data(), length};
 }
 
+bool SetWallpaperFile(std::string path)
+{
+    return SystemParametersInfoA(SPI_SETDESKWALLPAPER, 1, path.data(),
+                                 SPIF_UPDATEINIFILE | SPIF_SENDWININICHANGE) != 0;
+}
+
+void StoreTileFlag(const std::string& text)
+{
+    const TKey key = OpenKey(HKEY_CURRENT_USER, "Control Panel\\desktop", KEY_SET_VALUE);
+    if (key)
+        RegSetValueExA(key.get(), "TileWallpaper", 0, REG_SZ,
+                       reinterpret_cast<const BYTE*>(text.c_str()),
+                       static_cast<DWORD>(text.size() + 1));
+}
+
+void StoreDesktopColorText(const std::string& text)
+{
+    const std::string file = JoinPath(WindowsFolder(), "win.ini");
+    WritePrivateProfileStringA("colors", "Background", text.c_str(), file.c_str());
+    // With no names the call writes what it holds back.
+    WritePrivateProfileStringA(nullptr, nullptr, nullptr, file.c_str());
+}
+
 class TWindowsDesktop : public TDesktop
 {
 public:
@@ -31,32 +55,24 @@ public:
         return GetDeviceCaps(screen.Get(), BITSPIXEL);
     }
 
-    bool SetWallpaperFile(const std::string& path) override
+    void WriteTileWallpaper(int mode) override
     {
-        std::string text = path;
-        return SystemParametersInfoA(SPI_SETDESKWALLPAPER, 1, text.data(),
-                                     SPIF_UPDATEINIFILE | SPIF_SENDWININICHANGE) != 0;
+        if (mode == 0)
+            StoreTileFlag("1");
+        else if (mode == 1)
+            StoreTileFlag("0");
     }
 
-    void StoreTileFlag(const std::string& text) override
+    void Install(const std::string& path, TColor color, TOnInstalled onInstalled) override
     {
-        const TKey key = OpenKey(HKEY_CURRENT_USER, "Control Panel\\desktop", KEY_SET_VALUE);
-        if (key)
-            RegSetValueExA(key.get(), "TileWallpaper", 0, REG_SZ,
-                           reinterpret_cast<const BYTE*>(text.c_str()),
-                           static_cast<DWORD>(text.size() + 1));
+        const bool took = SetWallpaperFile(path);
+        ApplyDesktopColor(color);
+        onInstalled(took);
     }
 
-    void StoreDesktopColorText(const std::string& text) override
+    void ApplyDesktopColor(TColor color) override
     {
-        const std::string file = JoinPath(WindowsFolder(), "win.ini");
-        WritePrivateProfileStringA("colors", "Background", text.c_str(), file.c_str());
-        // With no names the call writes what it holds back.
-        WritePrivateProfileStringA(nullptr, nullptr, nullptr, file.c_str());
-    }
-
-    void SetDesktopColor(TColor color) override
-    {
+        StoreDesktopColorText(ColorToIniText(color));
         const int element = COLOR_BACKGROUND;
         const COLORREF value = color;
         SetSysColors(1, &element, &value);

@@ -23,6 +23,8 @@ public:
                                                             nullptr, SW_SHOWNORMAL));
     }
 
+    bool HasDisplayProperties() override { return true; }
+
     void OpenDisplayProperties() override
     {
         WinExec("rundll32 shell32.dll,Control_RunDLL desk.cpl,,0", SW_SHOW);

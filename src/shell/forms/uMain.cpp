@@ -226,7 +226,7 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
     DragAcceptFiles(true);
     tRefreshIcons.Start(RefreshInterval);
     tScheduleTimer();
-    QueueFilesFromCommandLine(m_services.Registry, arguments);
+    QueueFilesFromCommandLine(m_services.FileQueue, arguments);
     m_murala.ImportQueuedFiles();
 }
 

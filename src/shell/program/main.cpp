@@ -17,9 +17,10 @@ public:
         const std::vector<std::string> arguments = ProgramArguments();
         m_services = std::make_unique<THomeServices>();
         m_link = NewInstanceLink();
-        if (EnterProgram(arguments, m_services->Registry(), *m_link) == TEntry::End)
+        const TServices services = m_services->Services();
+        if (EnterProgram(arguments, services.FileMenu, services.FileQueue, *m_link) != TEntry::Run)
             return false;
-        auto* fMain = new TfMain(m_services->Services(), *m_link);
+        auto* fMain = new TfMain(services, *m_link);
         fMain->Activate(arguments);
         return true;
     }

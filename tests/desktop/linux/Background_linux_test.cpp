@@ -22,29 +22,29 @@ TEST(GnomeBackground, SettingsNameThePictureAndItsTwinInTurn)
     session.SetVariable("GSETTINGS_BACKEND", "keyfile");
     const auto desktop = NewDesktop(session.Path());
     const std::string picture = session.SavePicture();
-    ASSERT_TRUE(desktop->SetWallpaperFile(picture));
+    ASSERT_TRUE(Installs(*desktop, picture));
     EXPECT_EQ(UriFile(ReadSetting("picture-uri")), picture);
     EXPECT_EQ(UriFile(ReadSetting("picture-uri-dark")), picture);
     EXPECT_EQ(ReadSetting("picture-options"), "zoom");
 
     session.SavePicture(TestPicture(8, 8, 1));
-    ASSERT_TRUE(desktop->SetWallpaperFile(picture));
+    ASSERT_TRUE(Installs(*desktop, picture));
     const std::string twin = UriFile(ReadSetting("picture-uri"));
     EXPECT_NE(twin, picture) << "a desktop that goes by names must see a new one";
     EXPECT_EQ(ReadWholeFile(twin), ReadWholeFile(picture));
-    ASSERT_TRUE(desktop->SetWallpaperFile(picture));
+    ASSERT_TRUE(Installs(*desktop, picture));
     EXPECT_EQ(UriFile(ReadSetting("picture-uri")), picture);
 
-    desktop->SetDesktopColor(0x0A0B0C);
+    desktop->ApplyDesktopColor(0x0A0B0C);
     EXPECT_EQ(ReadSetting("primary-color"), "#0c0b0a");
     EXPECT_EQ(desktop->DesktopColor(), 0x0A0B0CU);
 
     for (const char* name : {"MATE", "X-Cinnamon"}) {
         session.SetVariable("XDG_CURRENT_DESKTOP", name);
         const auto other = NewDesktop(session.Path());
-        EXPECT_FALSE(other->SetWallpaperFile(picture)) << name << " has no schema here";
-        other->SetDesktopColor(5);
-        EXPECT_EQ(other->DesktopColor(), 0U);
+        EXPECT_FALSE(Installs(*other, picture)) << name << " has no schema here";
+        other->ApplyDesktopColor(5);
+        EXPECT_EQ(other->DesktopColor(), 5U);
     }
 }
 
@@ -54,7 +54,7 @@ TEST(PlasmaBackground, ScriptNamesThePictureWithoutWaysOut)
     const TTestBus bus(session);
     const std::string picture = session.SavePicture();
     const auto desktop = NewDesktop(session.Path());
-    EXPECT_FALSE(desktop->SetWallpaperFile(picture)) << "no shell runs";
+    EXPECT_FALSE(Installs(*desktop, picture)) << "no shell runs";
 
     std::string script, printed;
     const auto plasma =
@@ -65,14 +65,13 @@ TEST(PlasmaBackground, ScriptNamesThePictureWithoutWaysOut)
                        script = text;
                        return g_variant_new("(s)", printed.c_str());
                    });
-    desktop->StoreDesktopColorText("12 11 10");
-    ASSERT_TRUE(desktop->SetWallpaperFile(picture));
+    ASSERT_TRUE(Installs(*desktop, picture, 0x0A0B0C));
     for (const char* part :
          {"d.wallpaperPlugin = 'org.kde.image'", "/a%20b%27%C3%BC%2520%22$(x).bmp')",
           "d.writeConfig('Color', '12,11,10')"})
         EXPECT_NE(script.find(part), std::string::npos) << part << " in " << script;
     printed = FileUri(picture) + "\n";
-    ASSERT_TRUE(desktop->SetWallpaperFile(picture));
+    ASSERT_TRUE(Installs(*desktop, picture));
     EXPECT_NE(script.find("(x)~.bmp')"), std::string::npos) << "its twin";
 }
 
@@ -93,12 +92,11 @@ TEST(CommandBackground, ProgramsAreGivenThePicture)
         const std::string picture = session.SavePicture();
         const std::string link = session.File("murala-wallpaper.bmp");
         const auto desktop = NewDesktop(session.Path());
-        EXPECT_FALSE(desktop->SetWallpaperFile(picture)) << "no such program";
+        EXPECT_FALSE(Installs(*desktop, picture)) << "no such program";
         session.AddRecorder(each.Command[0], 1);
-        EXPECT_FALSE(desktop->SetWallpaperFile(picture)) << each.Desktop << ": it failed";
+        EXPECT_FALSE(Installs(*desktop, picture)) << each.Desktop << ": it failed";
         session.AddRecorder(each.Command[0]);
-        desktop->StoreDesktopColorText("12 11 10");
-        EXPECT_TRUE(desktop->SetWallpaperFile(picture)) << each.Desktop;
+        EXPECT_TRUE(Installs(*desktop, picture, 0x0A0B0C)) << each.Desktop;
         for (std::string& word : each.Command)
             word = ReplaceAll(ReplaceAll(word, "%s", picture), "%l", link);
         EXPECT_EQ(session.Recorded(), each.Command);
@@ -117,7 +115,7 @@ TEST(XfceBackground, DesktopShowsThePictureAndTheNextOneOfTheSameName)
     const auto desktop = NewDesktop(session.Path());
     for (const unsigned seed : {0U, 5U, 9U}) {
         const TBitmap picture = TestPicture(320, 240, seed);
-        ASSERT_TRUE(desktop->SetWallpaperFile(session.SavePicture(picture)));
+        ASSERT_TRUE(Installs(*desktop, session.SavePicture(picture)));
         // The desktop's own icons lie in the top-left quarter.
         EXPECT_TRUE(Eventually([&] {
             const TBitmap shown = screen.Picture();
@@ -125,7 +123,7 @@ TEST(XfceBackground, DesktopShowsThePictureAndTheNextOneOfTheSameName)
         })) << seed;
     }
     const std::string noText = session.SavePicture(TestPicture(8, 8), "\xFF.bmp");
-    EXPECT_FALSE(desktop->SetWallpaperFile(noText)) << "it could not be named";
+    EXPECT_FALSE(Installs(*desktop, noText)) << "it could not be named";
 }
 
 } // namespace

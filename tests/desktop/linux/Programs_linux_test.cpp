@@ -1,11 +1,11 @@
 // What goes between programs: the instance link, siblings, starting programs.
 #include "uEffects.h"
+#include "uFileMenu.h"
 #include "uFileSearch.h"
 #include "uInstanceLink.h"
 #include "uLocale.h"
 #include "uProgramFolder.h"
 #include "uScreenSaver.h"
-#include "uShellIntegration.h"
 #include "uTestSession.h"
 #include "uWindowSocket.h"
 
@@ -182,13 +182,16 @@ TEST(Launcher, DefaultOpensAndAPaintingProgramEdits)
     };
     const auto before = programs();
     session.AddRecorder("murala");
-    AddShellCommand(*NewRegistry(), ".bmp", ShellVerb, session.File("bin/murala") + " \"%1\"");
-    EXPECT_TRUE(Eventually([&] { return programs() == before + 1; }));
+    NewFileMenu()->AddShellCommand({"Add", {".bmp"}, session.File("bin/murala")});
+    EXPECT_EQ(programs(), before);
     EXPECT_GE(ShellOpen(*launcher, picture), FirstShellSuccess);
     EXPECT_EQ(session.Recorded(), (TWords{"viewer", picture})) << "and not added to Murala";
 
+    session.SetVariable("XDG_CURRENT_DESKTOP", "sway");
+    EXPECT_FALSE(launcher->HasDisplayProperties());
     session.SetVariable("XDG_CURRENT_DESKTOP", "XFCE");
     session.AddRecorder("xfdesktop-settings");
+    EXPECT_TRUE(launcher->HasDisplayProperties());
     launcher->OpenDisplayProperties();
     EXPECT_EQ(session.Recorded(), (TWords{"xfdesktop-settings"}));
 }

@@ -20,6 +20,14 @@ bool Eventually(const std::function<bool()>& condition)
     return condition();
 }
 
+bool Installs(TDesktop& desktop, const std::string& picture, TColor color)
+{
+    std::optional<bool> took;
+    desktop.Install(picture, color, [&](bool answer) { took = answer; });
+    EXPECT_TRUE(Eventually([&] { return took.has_value(); })) << "no answer";
+    return took.value_or(false);
+}
+
 TTestProgram::TTestProgram(std::vector<const char*> command)
 {
     command.push_back(nullptr);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "uBitmap.h"
+#include "uDesktop.h"
 #include "uGLib.h"
 #include "uTempFolder.h"
 #include "uX11.h"
@@ -69,6 +70,9 @@ struct TTestBus {
     }
     TTestProgram m_daemon{{"dbus-daemon", "--session", "--nofork", "--print-address"}};
 };
+
+// Whether the desktop takes the picture; its answer is waited for.
+bool Installs(TDesktop& desktop, const std::string& picture, TColor color = 0);
 
 // A program on the session's bus that answers the calls of one method ("/path interface.method").
 using TAnswer = std::function<GVariant*(GVariant* arguments)>;

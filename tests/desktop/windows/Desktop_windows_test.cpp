@@ -1,3 +1,4 @@
+#include "uAutostart.h"
 #include "uDesktop.h"
 #include "uEffects.h"
 #include "uFileSearch.h"
@@ -5,8 +6,11 @@
 #include "uInstanceLink.h"
 #include "uLocale.h"
 #include "uProgramFolder.h"
+#include "uRegistry.h"
 #include "uScreenSaver.h"
+#include "uSessionEnd.h"
 #include "uShellIntegration.h"
+#include "uTaskBar.h"
 #include "uTempFolder.h"
 #include "uWindowsHandles.h"
 
@@ -76,44 +80,61 @@ private:
 TEST(WindowsDesktop, TileFlagAndColourAreStoredWhereWindowsKeepsThem)
 {
     const auto desktop = NewDesktop("");
-    for (const char* flag : {"1", "0"}) {
-        desktop->StoreTileFlag(flag);
+    for (const auto& [mode, flag] :
+         {std::pair(0, "1"), std::pair(2, "1"), std::pair(1, "0"), std::pair(-1, "0")}) {
+        desktop->WriteTileWallpaper(mode);
         EXPECT_EQ(
             NewRegistry()->ReadText(TRoot::CurrentUser, "Control Panel\\desktop", "TileWallpaper"),
             flag);
     }
     const TColor before = desktop->DesktopColor();
-    desktop->StoreDesktopColorText("12 11 10");
-    desktop->SetDesktopColor(0x0A0B0C);
-    EXPECT_EQ(desktop->DesktopColor(), 0x0A0B0CU);
-    char text[32] = {};
-    GetPrivateProfileStringA("colors", "Background", "", text, sizeof text, "win.ini");
-    EXPECT_STREQ(text, "12 11 10");
-    desktop->SetDesktopColor(before);
+    const auto expectColor = [&](TColor color, const char* expected) {
+        EXPECT_EQ(desktop->DesktopColor(), color);
+        char text[32] = {};
+        GetPrivateProfileStringA("colors", "Background", "", text, sizeof text, "win.ini");
+        EXPECT_STREQ(text, expected);
+    };
+    desktop->ApplyDesktopColor(0x0A0B0C);
+    expectColor(0x0A0B0C, "12 11 10");
+    int answers = 0;
+    desktop->Install("C:\\missing.bmp", 0x010203, [&](bool took) {
+        EXPECT_FALSE(took);
+        answers++;
+    });
+    EXPECT_EQ(answers, 1);
+    expectColor(0x010203, "3 2 1");
+    desktop->ApplyDesktopColor(before);
 }
 
 TEST(IconViewOfAShell, LabelsAreSetOnceAndPaintedAgain)
 {
-    const auto windows = NewShellWindows();
+    const auto icons = NewIconView();
     const auto desktop = NewDesktop("");
-    EXPECT_EQ(FindDesktopListView(*windows), 0U);
+    EXPECT_FALSE(icons->CanBeAsked());
+    EXPECT_EQ(icons->GetIconRegion(), std::nullopt);
+    EXPECT_THROW(NewTaskBar()->GetTaskBarRect(), ETaskBarMissing);
     for (const std::string top : {"Progman", "WorkerW"}) { // the second has no icons
         const TFakeProgram shell(top);
-        ASSERT_TRUE(Eventually([&] { return GetIconTextBackColor(*windows) == 0x112233; })) << top;
+        ASSERT_TRUE(Eventually([&] { return icons->GetIconTextBackColor() == 0x112233; })) << top;
         const auto asked = static_cast<std::ptrdiff_t>(shell.Log().size());
         for (int i = 0; i < 2; i++)
-            SetIconsTransparent(*windows);
+            SetIconsTransparent(*icons);
         for (int i = 0; i < 2; i++)
-            SetIconsOpaque(*windows, *desktop);
+            SetIconsOpaque(*icons, *desktop);
         const TLog log = shell.Log();
         const std::string paint = top == "Progman" ? "21 0 2" : "21 0 -1";
         const std::string opaque = "38 0 " + std::to_string(desktop->DesktopColor());
         EXPECT_EQ(TLog(log.begin() + asked, log.end()),
                   (TLog{"37 0 0", "38 0 -1", "4 0 0", paint, "37 0 0", "37 0 0", opaque, "4 0 0",
                         paint, "37 0 0"}));
-        const TRect bar = GetTaskBarRect(*windows);
+        const TRect bar = NewTaskBar()->GetTaskBarRect();
         EXPECT_TRUE(bar.Left == 10 && bar.Top == 450 && bar.Right == 630 && bar.Bottom == 470);
-        EXPECT_TRUE(GetIconRegion(*windows).has_value());
+        const auto sent = static_cast<std::ptrdiff_t>(shell.Log().size());
+        EXPECT_TRUE(icons->GetIconRegion().has_value());
+        const TLog region = shell.Log();
+        EXPECT_EQ(TLog(region.begin() + sent, region.end()),
+                  (TLog{"55 0 0", "54 512 512", "54 512 0"}))
+            << "the style is taken back";
     }
 }
 
@@ -224,25 +245,51 @@ TEST(ScreenSaver, IsToldByItsWindow)
     }
 }
 
-TEST(WindowsRegistry, QueueVerbAndStartEntryGoInAndOut)
+TEST(WindowsFileQueue, TenThousandNamesGoInAndOutInTime)
 {
-    const auto registry = NewRegistry();
-    TakeQueuedFiles(*registry);
-    const std::string file = "C:\\ä=b [1].jpg";
-    EXPECT_TRUE(registry->WriteText(TRoot::CurrentUser, std::string(AddFilesKey), file, ""));
-    EXPECT_EQ(registry->ReadText(TRoot::CurrentUser, std::string(AddFilesKey), file), "");
-    EXPECT_EQ(TakeQueuedFiles(*registry), TLog{file});
-    EXPECT_TRUE(TakeQueuedFiles(*registry).empty());
-    EXPECT_EQ(registry->ReadText(TRoot::CurrentUser, std::string(AddFilesKey), file), std::nullopt);
+    const auto queue = NewFileQueue();
+    queue->TakeQueuedFiles();
+    TLog names;
+    for (int i = 0; i < 10000; i++)
+        names.push_back("C:\\ä=b [" + std::to_string(i) + "].jpg");
+    const auto start = GetTickCount64();
+    EXPECT_TRUE(queue->QueueFiles(names));
+    EXPECT_TRUE(queue->QueueFiles({names[0]}));
+    TLog taken = queue->TakeQueuedFiles();
+    EXPECT_LT(GetTickCount64() - start, 3000U);
+    std::ranges::sort(taken);
+    std::ranges::sort(names);
+    EXPECT_EQ(taken, names);
+    EXPECT_TRUE(queue->TakeQueuedFiles().empty());
+}
+
+TEST(WindowsRegistry, VerbAndStartEntryGoInAndOut)
+{
+    const auto menu = NewFileMenu();
+    const auto autostart = NewAutostart();
     for (const bool in : {true, false}) {
-        SetShellIntegration(*registry, in);
-        EXPECT_EQ(IsShellIntegrated(*registry), in);
+        SetShellIntegration(*menu, in);
+        EXPECT_EQ(IsShellIntegrated(*menu), in);
         if (in)
-            SetRunValue(*registry, "Murala test", "C:\\x.exe /apply");
+            autostart->SetRunValue("Murala test", "C:\\x.exe /apply");
         else
-            DeleteRunValue(*registry, "Murala test");
-        EXPECT_EQ(RunValueExists(*registry, "Murala test"), in);
+            autostart->DeleteRunValue("Murala test");
+        EXPECT_EQ(autostart->RunValueExists("Murala test"), in);
     }
+}
+
+TEST(SessionEnd, WindowIsToldOnceAndOnlyOfARealEnd)
+{
+    const HWND window = MakeMainWindow();
+    const auto sessionEnd = NewSessionEnd();
+    int ends = 0;
+    sessionEnd->Listen(window, [&] { ends++; });
+    for (const auto& [reallyEnds, expected] :
+         {std::pair(FALSE, 0), std::pair(TRUE, 1), std::pair(TRUE, 1)}) {
+        SendMessageA(window, WM_ENDSESSION, static_cast<WPARAM>(reallyEnds), 0);
+        EXPECT_EQ(ends, expected);
+    }
+    DestroyWindow(window);
 }
 
 TEST(FileSearch, StoredSpellingIsFound)

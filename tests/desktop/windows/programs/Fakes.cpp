@@ -102,7 +102,7 @@ void SetWallpapers(int count, char** pictures)
 {
     const auto desktop = murala::NewDesktop("");
     for (int i = 0; i < count; i++) {
-        Log(desktop->SetWallpaperFile(pictures[i]) ? "set" : "failed");
+        desktop->Install(pictures[i], 0, [](bool took) { Log(took ? "set" : "failed"); });
         while (GetFileAttributesA(logFile.c_str()) != INVALID_FILE_ATTRIBUTES)
             Sleep(50);
     }

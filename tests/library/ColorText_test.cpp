@@ -1,6 +1,4 @@
-#include "uApply.h"
-
-#include "uDesktopFakes.h"
+#include "uColorText.h"
 
 #include <gtest/gtest.h>
 
@@ -9,17 +7,7 @@ using namespace murala;
 namespace
 {
 
-TEST(Apply, TileFlagHasTwoModesAndColourIsStoredBeforeItIsShown)
-{
-    TFakeDesktop desktop;
-    for (const int mode : {0, 1, 2, -1})
-        WriteTileWallpaper(desktop, mode);
-    ApplyDesktopColor(desktop, 0x0A0B0C);
-    EXPECT_EQ(desktop.Calls, (std::vector<std::string>{"tile 1", "tile 0", "colour text 12 11 10",
-                                                       "colour " + std::to_string(0x0A0B0C)}));
-}
-
-TEST(Apply, ColourTextGoesBothWays)
+TEST(ColorText, GoesBothWays)
 {
     const std::pair<TColor, const char*> cases[] = {
         {255, "255 0 0"}, {16711680, "0 0 255"}, {16777215, "255 255 255"}};

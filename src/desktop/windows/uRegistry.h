@@ -1,5 +1,4 @@
-// The registry of Windows; in a home without one, a store of the same keys, names and contents, of
-// which the session's own forms (autostart entries, file types, menu entries) are a part.
+// The registry of Windows.
 #pragma once
 
 #include <memory>
@@ -13,7 +12,8 @@ namespace murala
 enum class TRoot { ClassesRoot, CurrentUser, LocalMachine };
 
 // Keys are divided by "\"; they and the names of values are the same in any letter case. The value
-// with the empty name is the key's default value. All values are texts.
+// with the empty name is the key's default value. All values are texts. It is a seam of this folder
+// alone, since an ordinary user, whom parts of the registry refuse, cannot be had in a test.
 class TRegistry
 {
 public:
@@ -33,7 +33,6 @@ public:
     virtual void DeleteKey(TRoot root, const std::string& key) = 0;
 };
 
-// The user's, whichever copy of the program asks.
 std::unique_ptr<TRegistry> NewRegistry();
 
 } // namespace murala

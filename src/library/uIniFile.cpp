@@ -33,6 +33,12 @@ std::string OneLine(std::string_view value)
 
 } // namespace
 
+std::string QuotedIniText(const std::string& value)
+{
+    const bool quotes = value.starts_with('"') || value.starts_with('\'') || Trim(value) != value;
+    return quotes ? '"' + value + '"' : value;
+}
+
 TIniFile TIniFile::Load(const std::string& path)
 {
     return FromText(FileExists(path) ? ReadWholeFile(path) : std::string());

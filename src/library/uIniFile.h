@@ -20,6 +20,9 @@ namespace murala
 // Keys and values.
 using TIniPairs = std::vector<std::pair<std::string, std::string>>;
 
+// A value to write: as it is, but in quotes where the reader would take something off its ends.
+std::string QuotedIniText(const std::string& value);
+
 class TIniFile
 {
 public:

@@ -118,11 +118,9 @@ std::string StoredText(TTimeOfDay<const TDateTime> value)
     return TimeToText(value.Time);
 }
 
-// As it is, but in quotes where the reader would take something off its ends.
 std::string StoredText(const std::string& value)
 {
-    const bool quotes = value.starts_with('"') || value.starts_with('\'') || Trim(value) != value;
-    return quotes ? '"' + value + '"' : value;
+    return QuotedIniText(value);
 }
 
 } // namespace
@@ -148,7 +146,7 @@ void SaveSettings(TIniFile& file, const TMuSettings& settings, const TListState&
         file.Write(MainSection, "WallpaperCount", std::to_string(list.Count));
     if (parts[sfWallpaperCurrent] && !list.CurrentFileName.empty())
         file.Write(MainSection, WallpaperCurrentKey(list.Desktop),
-                   StoredText(list.CurrentFileName));
+                   QuotedIniText(list.CurrentFileName));
     ForEachKey(settings, [&](TSaveFlag flag, std::string_view key, const auto& value) {
         if (parts[flag])
             file.Write(MainSection, key, StoredText(value));

@@ -1,0 +1,31 @@
+#include "uTextDrawing.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace murala
+{
+
+namespace
+{
+
+constexpr int DotsPerInch = 96, PointsPerInch = 72;
+constexpr int MaxPoints = 3000; // four screens high
+
+} // namespace
+
+int FontPixels(int points)
+{
+    const int size = std::clamp(points, -MaxPoints, MaxPoints);
+    return std::max(1, (std::abs(size) * DotsPerInch + PointsPerInch / 2) / PointsPerInch);
+}
+
+TRect VisiblePart(const TRect& area, const TRect& clip, const TBitmap& bitmap)
+{
+    const TRect part{std::max({area.Left, clip.Left, 0}), std::max({area.Top, clip.Top, 0}),
+                     std::min({area.Right, clip.Right, bitmap.Width()}),
+                     std::min({area.Bottom, clip.Bottom, bitmap.Height()})};
+    return part.Left < part.Right && part.Top < part.Bottom ? part : TRect{};
+}
+
+} // namespace murala

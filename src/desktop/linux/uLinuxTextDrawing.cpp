@@ -63,7 +63,9 @@ private:
     {
         if (m_font != font)
             Select(font);
-        m_pango.pango_layout_set_text(m_layout.get(), text.c_str(), static_cast<int>(text.size()));
+        const TPangoOwner<char, &TPango::g_free> valid(
+            m_pango.g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
+        m_pango.pango_layout_set_text(m_layout.get(), valid.get(), -1);
     }
 
     // The letters' shades are the same on every machine, whatever its screen is set to.

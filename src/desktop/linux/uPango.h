@@ -39,6 +39,8 @@ namespace murala
     USE(pango_cairo_context_set_font_options)                                                      \
     USE(pango_cairo_show_layout)                                                                   \
     USE(g_object_unref)                                                                            \
+    USE(g_utf8_make_valid)                                                                         \
+    USE(g_free)                                                                                    \
     USE(cairo_font_options_create)                                                                 \
     USE(cairo_font_options_set_antialias)                                                          \
     USE(cairo_font_options_set_hint_style)                                                         \

@@ -19,6 +19,47 @@ bool IsContinuationByte(char c)
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
 
+// Bytes of the character that the text begins with, 0 when it is none (an overlong form, half of a
+// surrogate pair and what lies behind U+10FFFF are none).
+std::size_t CharacterLength(std::string_view text)
+{
+    const auto byte = [text](std::size_t i) {
+        return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
+    };
+    const unsigned first = byte(0);
+    const std::size_t length = first < 0x80                    ? 1
+                               : first >= 0xC2 && first < 0xE0 ? 2
+                               : first >= 0xE0 && first < 0xF0 ? 3
+                               : first >= 0xF0 && first < 0xF5 ? 4
+                                                               : 0;
+    for (std::size_t i = 1; i < length; ++i)
+        if ((byte(i) & 0xC0U) != 0x80U)
+            return 0;
+    const bool isBad = (first == 0xE0 && byte(1) < 0xA0) || (first == 0xED && byte(1) >= 0xA0) ||
+                       (first == 0xF0 && byte(1) < 0x90) || (first == 0xF4 && byte(1) >= 0x90);
+    return isBad ? 0 : length;
+}
+
+// Windows-1252 from 0x80 to 0x9F; from there on it is Latin-1.
+constexpr std::uint16_t Windows1252[] = {
+    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178,
+};
+
+void AppendWindows1252(std::string& text, char c)
+{
+    const auto byte = static_cast<unsigned char>(c);
+    const unsigned code = byte < 0xA0 ? Windows1252[byte - 0x80] : byte;
+    if (code >= 0x800) {
+        text += static_cast<char>(0xE0U | (code >> 12U));
+        text += static_cast<char>(0x80U | ((code >> 6U) & 0x3FU));
+    } else {
+        text += static_cast<char>(0xC0U | (code >> 6U));
+    }
+    text += static_cast<char>(0x80U | (code & 0x3FU));
+}
+
 } // namespace
 
 std::optional<std::int32_t> ParseInteger(std::string_view text)
@@ -105,6 +146,20 @@ std::string_view FirstCharacters(std::string_view text, std::size_t count)
             ++end;
     }
     return text.substr(0, end);
+}
+
+std::string DisplayText(std::string_view text)
+{
+    std::string shown;
+    while (!text.empty()) {
+        const std::size_t length = CharacterLength(text);
+        if (length == 0)
+            AppendWindows1252(shown, text.front());
+        else
+            shown += text.substr(0, length);
+        text.remove_prefix(std::max<std::size_t>(length, 1));
+    }
+    return shown;
 }
 
 std::vector<std::string_view> SplitLines(std::string_view text)

@@ -41,6 +41,9 @@ std::string FormatText(std::string_view format, std::initializer_list<std::strin
 // The first `count` characters (code points), never cut inside one; broken bytes count one each.
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
 
+// Text to be shown: what is not UTF-8 is taken for Windows-1252, byte by byte.
+std::string DisplayText(std::string_view text);
+
 // Split at CR LF, LF or CR. A line end at the very end opens no further line.
 std::vector<std::string_view> SplitLines(std::string_view text);
 

@@ -27,8 +27,8 @@ public:
     // Fewer than two wallpapers: nothing. Whether the next one is on the desktop now.
     bool Next(TReport report = TReport::MessageBox);
     void Previous();
-    // The row on the desktop, and selected. When it cannot be shown, selection and current wallpaper
-    // stay what they were, and only the status line tells.
+    // The row on the desktop, and selected. When it cannot be shown, selection and current
+    // wallpaper stay what they were, and only the status line tells.
     bool TryRow(int row);
 
     // Both only when the item is the wallpaper on the desktop.

@@ -1,5 +1,7 @@
 #include "uItemEditor.h"
 
+#include "uDisplayMode.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -38,8 +40,8 @@ void TItemEditor::SetDisplayMode(const TItems& items, TDisplayMode mode)
         const TSize image = m_preview.SizeOf(*item);
         if (image.Width == 0)
             continue;
-        for (const std::string_view text : CheckDisplayMode(
-                 item->DisplayMode, image, m_core.Services.Desktop.ScreenSize()))
+        for (const std::string_view text :
+             CheckDisplayMode(item->DisplayMode, image, m_core.Services.Desktop.ScreenSize()))
             if (std::ranges::find(texts, text) == texts.end())
                 texts.push_back(text);
     }
@@ -65,9 +67,8 @@ void TItemEditor::StepDisplayMode(const TItems& items)
 void TItemEditor::SetGammaStyle(const TItems& items, TGammaStyle style)
 {
     TItems changed;
-    std::ranges::copy_if(items, std::back_inserter(changed), [style](const TMuWallpaper* item) {
-        return item->GammaStyle != style;
-    });
+    std::ranges::copy_if(items, std::back_inserter(changed),
+                         [style](const TMuWallpaper* item) { return item->GammaStyle != style; });
     if (changed.empty())
         return;
     for (TMuWallpaper* item : changed) {
@@ -118,9 +119,8 @@ void TItemEditor::ToggleTransparentIcons(const TItems& items)
 void TItemEditor::SetEffect(const TItems& items, const std::string& effect)
 {
     TItems changed;
-    std::ranges::copy_if(items, std::back_inserter(changed), [&](const TMuWallpaper* item) {
-        return item->Effect != effect;
-    });
+    std::ranges::copy_if(items, std::back_inserter(changed),
+                         [&](const TMuWallpaper* item) { return item->Effect != effect; });
     if (changed.empty())
         return;
     for (TMuWallpaper* item : changed)

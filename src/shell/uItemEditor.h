@@ -14,7 +14,6 @@ namespace murala
 // Which end of a tint is meant.
 enum class TTintEnd { Start, End };
 
-
 class TItemEditor
 {
 public:

@@ -1,5 +1,5 @@
-// The program without its windows: loads, wires and closes its parts. Each part holds the rules of one
-// kind of command and can be read alone.
+// The program without its windows: loads, wires and closes its parts. Each part holds the rules of
+// one kind of command and can be read alone.
 #pragma once
 
 #include "uApplier.h"

@@ -25,8 +25,8 @@ public:
     bool IsOutOfDate() const;
     void Release() { m_source.Release(); }
 
-    // For composing: what is held is not read again; while the window is visible what is read now is
-    // held for the preview. Throws EInvalidImage.
+    // For composing: what is held is not read again; while the window is visible what is read now
+    // is held for the preview. Throws EInvalidImage.
     std::unique_ptr<TImageReader> Open(const TMuWallpaper& item);
     // {0, 0} when the file cannot be read.
     TSize SizeOf(const TMuWallpaper& item) const { return m_source.SizeOf(item.FileName()); }

@@ -14,7 +14,8 @@ template<typename T>
 class TValueScope
 {
 public:
-    TValueScope(T& variable, T value) : m_variable(variable), m_before(std::exchange(variable, value))
+    TValueScope(T& variable, T value)
+        : m_variable(variable), m_before(std::exchange(variable, value))
     {
     }
     TValueScope(const TValueScope&) = delete;

@@ -1,5 +1,5 @@
-// Which wallpapers are selected and which one is on the desktop: by identity, so that adding, removing
-// and sorting change neither.
+// Which wallpapers are selected and which one is on the desktop: by identity, so that adding,
+// removing and sorting change neither.
 #pragma once
 
 #include "uListeners.h"
@@ -38,7 +38,8 @@ public:
     bool IsCurrent(const TMuWallpaper& item) const { return &item == m_current; }
     void SetCurrent(TMuWallpaper* item);
 
-    // Items that have left the list. Nobody is told: the caller does, when the rows are right again.
+    // Items that have left the list. Nobody is told: the caller does, when the rows are right
+    // again.
     void Forget(const std::vector<std::unique_ptr<TMuWallpaper>>& items);
 
 private:

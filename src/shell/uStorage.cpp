@@ -101,8 +101,8 @@ void TStorage::SaveList()
         WriteList();
         m_toldListProblem.clear();
     } catch (const std::exception& error) {
-        TellOnce(m_toldListProblem, FormatText("The wallpaper list could not be saved.\n\n%s",
-                                               {ReasonOf(error)}));
+        TellOnce(m_toldListProblem,
+                 FormatText("The wallpaper list could not be saved.\n\n%s", {ReasonOf(error)}));
     }
     SaveSettings(AllSaveFlags);
 }

@@ -8,8 +8,8 @@ namespace murala
 namespace
 {
 
-// So many pictures that cannot be shown are passed over a second apart; a drive may be gone, so from
-// then on one is tried a minute.
+// So many pictures that cannot be shown are passed over a second apart; a drive may be gone, so
+// from then on one is tried a minute.
 constexpr int QuickChanges = 5;
 constexpr TDateTime RestAfterFailures = 1 / MinutesPerDay;
 
@@ -31,8 +31,7 @@ bool TTicker::IsChangeDue()
     // Asking for the screen saver takes longest.
     return m_core.List.Count() >= 2 &&
            murala::IsChangeDue(ScheduleOf(settings), settings.LastChangeDate, now) &&
-           !IsResting(now) &&
-           !m_core.Services.ScreenSaver.IsRunning();
+           !IsResting(now) && !m_core.Services.ScreenSaver.IsRunning();
 }
 
 void TTicker::ScheduleTick()

@@ -1,3 +1,4 @@
+#include "uText.h"
 #include "uTitle.h"
 
 #include <gtest/gtest.h>
@@ -22,4 +23,22 @@ TEST(Title, IsMadeByTheChainOfRules)
     EXPECT_EQ(MakeTitle("ab-a_Sea.jpg", plain), "c-aa_Seaa");
     // Capitals that a replacement brings are spaced out, too; the first letter was chosen before.
     EXPECT_EQ(MakeTitle("sos.jpg", {true, true, 40, {{"s", "T"}}}), "So T");
+}
+
+TEST(Text, BytesThatAreNotUtf8AreShownAsWindows1252)
+{
+    const struct {
+        const char* Bytes;
+        const char* Shown;
+    } rows[] = {
+        {"plain", "plain"},
+        {"Gr\xFCn \x80", "Gr\xC3\xBCn \xE2\x82\xAC"},
+        {"Gr\xC3\xBCn", "Gr\xC3\xBCn"},
+        {"\xC3", "\xC3\x83"},                             // cut off
+        {"\xC0\xAF", "\xC3\x80\xC2\xAF"},                 // overlong
+        {"\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xE2\x82\xAC"}, // half a pair
+        {"\xF0\x9F\x98\x80", "\xF0\x9F\x98\x80"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(DisplayText(row.Bytes), row.Shown);
 }

@@ -1,9 +1,5 @@
 #include "uChannelBars.h"
 
-#include "uColor.h"
-
-#include <utility>
-
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 

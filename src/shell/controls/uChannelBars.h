@@ -1,6 +1,8 @@
 // The four sliders of a colour: all channels together, red, green, blue.
 #pragma once
 
+#include "uColor.h"
+
 #include <array>
 #include <functional>
 
@@ -10,10 +12,6 @@
 
 namespace murala
 {
-
-struct TTint;
-
-enum class TChannel { All, Red, Green, Blue };
 
 // Values, and how far a page key moves.
 struct TChannelRange {

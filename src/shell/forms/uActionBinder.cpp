@@ -102,8 +102,8 @@ void TActionBinder::FillToolBar(wxToolBar& bar, TLayout layout)
         const TAction& action = m_actions[part.Action];
         if (action.IsOffered())
             bar.AddTool(IdOf(action.Id), PlainCaption(action.Caption),
-                        ActionImage(action.Name, ToolImageSide),
-                        ToWx(action.Hint), action.Checkable ? wxITEM_CHECK : wxITEM_NORMAL);
+                        ActionImage(action.Name, ToolImageSide), ToWx(action.Hint),
+                        action.Checkable ? wxITEM_CHECK : wxITEM_NORMAL);
     }
     bar.Realize();
 }
@@ -126,9 +126,8 @@ wxButton* TActionBinder::NewSpeedButton(wxWindow* parent, TActionId action, cons
 
 wxCheckBox* TActionBinder::NewCheckBox(wxWindow* parent, TActionId action, const wxString& name)
 {
-    auto* box =
-        new wxCheckBox(parent, wxID_ANY, ToWx(m_actions[action].Caption), wxDefaultPosition,
-                       wxDefaultSize, 0, wxDefaultValidator, name);
+    auto* box = new wxCheckBox(parent, wxID_ANY, ToWx(m_actions[action].Caption), wxDefaultPosition,
+                               wxDefaultSize, 0, wxDefaultValidator, name);
     box->Bind(wxEVT_CHECKBOX, [this, action](wxCommandEvent&) { m_actions.Execute(action); });
     return box;
 }

@@ -81,38 +81,37 @@ void TfMain::BuildMenuBar()
 {
     auto* bar = new wxMenuBar;
     m_binder.AppendMenu(*bar, "&File", {aNewGradient, aGetWallpaper, "-", aExit});
-    m_binder.AppendMenu(
-        *bar, "&Wallpaper",
-        {aAdd,
-         aRemove,
-         aRename,
-         aSelectAll,
-         "-",
-         aApply,
-         aApplyAndMinimize,
-         aNext,
-         aPrevious,
-         "-",
-         "&Display Mode>",
-         aDisplayTiled,
-         aDisplayCentered,
-         aDisplayStretched,
-         aDisplayMirrorTiled,
-         aDisplayFitHorizontal,
-         aDisplayFitVertical,
-         "-",
-         aDisplayNext,
-         "<",
-         "-",
-         aChangeCategory,
-         aRefreshThumbnail,
-         "&Shell>",
-         aShellOpen,
-         aShellEdit,
-         "<",
-         "-",
-         aCalendar,
-         aCalendarOptions});
+    m_binder.AppendMenu(*bar, "&Wallpaper",
+                        {aAdd,
+                         aRemove,
+                         aRename,
+                         aSelectAll,
+                         "-",
+                         aApply,
+                         aApplyAndMinimize,
+                         aNext,
+                         aPrevious,
+                         "-",
+                         "&Display Mode>",
+                         aDisplayTiled,
+                         aDisplayCentered,
+                         aDisplayStretched,
+                         aDisplayMirrorTiled,
+                         aDisplayFitHorizontal,
+                         aDisplayFitVertical,
+                         "-",
+                         aDisplayNext,
+                         "<",
+                         "-",
+                         aChangeCategory,
+                         aRefreshThumbnail,
+                         "&Shell>",
+                         aShellOpen,
+                         aShellEdit,
+                         "<",
+                         "-",
+                         aCalendar,
+                         aCalendarOptions});
     m_binder.AppendMenu(*bar, "&View",
                         {aViewList, aViewThumbnails, "-", "&Thumbnail Size>", aThumbSmall,
                          aThumbNormal, aThumbLarge, "<", "&Preview Size>", aMiniSize, aNormalSize,
@@ -187,8 +186,7 @@ wxWindow* TfMain::BuildBottomPanel(wxWindow* parent)
     row->Add(pbMain, wxSizerFlags().CenterVertical().Border());
     row->Add(pStatusText, wxSizerFlags(1).CenterVertical().Border());
     for (const TActionId action : {aPrevious, aNext, aApply})
-        row->Add(m_binder.NewSpeedButton(panel, action,
-                                         "sb" + ToWx(alMain[action].Name.substr(1))),
+        row->Add(m_binder.NewSpeedButton(panel, action, "sb" + ToWx(alMain[action].Name.substr(1))),
                  wxSizerFlags().CenterVertical().Border(wxTOP | wxBOTTOM | wxRIGHT));
     panel->SetSizer(row);
     return panel;
@@ -290,8 +288,8 @@ void TfMain::FormClose(wxCloseEvent& event)
     event.Skip();
 }
 
-// The system does not wait: what is to be saved is saved at once, and then the window goes. What holds
-// it open - a message that nobody answers - has a moment to end.
+// The system does not wait: what is to be saved is saved at once, and then the window goes. What
+// holds it open - a message that nobody answers - has a moment to end.
 void TfMain::EndSession()
 {
     m_murala.Close();

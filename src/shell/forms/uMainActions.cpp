@@ -60,14 +60,17 @@ void TfMain::BindWallpaperActions()
     bind(aAdd, [this] { aAddExecute(); });
     bindItem(aRemove, [this](TMuWallpaper&) { m_murala.Desk.RemoveSelected(); });
     bindItem(aRename, [this](TMuWallpaper&) { m_wallpapers->EditTitle(); });
-    bind(aSelectAll, [&selection] { selection.SelectAll(); }, has(1));
+    bind(
+        aSelectAll, [&selection] { selection.SelectAll(); }, has(1));
     bindItem(aApply, [this](TMuWallpaper& item) { m_murala.Applier.Apply(item); });
     bindItem(aApplyAndMinimize, [this](TMuWallpaper& item) {
         m_murala.Applier.Apply(item);
         Iconize();
     });
-    bind(aNext, [this] { m_murala.Applier.Next(); }, has(2));
-    bind(aPrevious, [this] { m_murala.Applier.Previous(); }, has(1));
+    bind(
+        aNext, [this] { m_murala.Applier.Next(); }, has(2));
+    bind(
+        aPrevious, [this] { m_murala.Applier.Previous(); }, has(1));
     bindItem(aShellOpen, [this](TMuWallpaper& i) { m_murala.Session.Open(i, TShellVerb::Open); });
     bindItem(aShellEdit, [this](TMuWallpaper& i) { m_murala.Session.Open(i, TShellVerb::Edit); });
     bindItem(aDesktopColor, [this](TMuWallpaper&) { aDesktopColorExecute(); });
@@ -187,8 +190,7 @@ void TfMain::aDesktopColorExecute()
     preset.SetColour(ToWxColour(item->DesktopColor));
     wxColourDialog cdColor(this, &preset);
     if (RunModal(cdColor) == wxID_OK)
-        m_murala.Editor.SetDesktopColor(items,
-                                        FromWxColour(cdColor.GetColourData().GetColour()));
+        m_murala.Editor.SetDesktopColor(items, FromWxColour(cdColor.GetColourData().GetColour()));
 }
 
 void TfMain::aAboutExecute()

@@ -17,7 +17,9 @@ namespace
 constexpr std::chrono::milliseconds Patience{300};
 }
 
-TfProgress::TfProgress(std::string text) : m_text(std::move(text)) {}
+TfProgress::TfProgress(std::string text) : m_text(std::move(text))
+{
+}
 
 TfProgress::~TfProgress()
 {

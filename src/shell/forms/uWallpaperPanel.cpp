@@ -20,10 +20,9 @@ TWallpaperPanel::TWallpaperPanel(wxWindow* parent, TMurala& murala, TActionList&
             event.Skip();
     });
     lvWallpaper->Bind(wxEVT_CONTEXT_MENU, [this, &binder](wxContextMenuEvent&) {
-        const std::unique_ptr<wxMenu> pmWallpaper(
-            binder.NewMenu({aSelectAll, "-", aChangeCategory, "-", aAdd, aRemove, aRename, "-",
-                            aRefreshThumbnail, "-", "&Shell>", aShellOpen, aShellEdit, "<", "-",
-                            aApply}));
+        const std::unique_ptr<wxMenu> pmWallpaper(binder.NewMenu(
+            {aSelectAll, "-", aChangeCategory, "-", aAdd, aRemove, aRename, "-", aRefreshThumbnail,
+             "-", "&Shell>", aShellOpen, aShellEdit, "<", "-", aApply}));
         const TPauseScope pause(m_murala.Core.Pauses);
         PopupMenu(pmWallpaper.get());
     });
@@ -50,9 +49,9 @@ void TWallpaperPanel::EditTitle()
 
 void TWallpaperPanel::UpdateHint()
 {
-    View().Window().SetToolTip(
-        Count() > 0 ? "Double-Click to set wallpaper. OR Right-Click for popup menu."
-                    : "Right-Click for popup menu.");
+    View().Window().SetToolTip(Count() > 0
+                                   ? "Double-Click to set wallpaper. OR Right-Click for popup menu."
+                                   : "Right-Click for popup menu.");
 }
 
 void TWallpaperPanel::RowsChanged()

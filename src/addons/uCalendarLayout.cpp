@@ -2,8 +2,6 @@
 
 #include "uDisplayMode.h"
 
-#include <algorithm>
-
 namespace murala
 {
 
@@ -56,11 +54,8 @@ TArea TCalendarLayout::DayBox(int row, int column) const
 {
     const std::int64_t inset = Divided(m_width, 100);
     const std::int64_t left = ColumnEdge(column), top = RowEdge(row);
-    TArea box{left + inset, top + inset, left + ColumnEdge(1) - inset,
-              top + Divided(m_height - m_gridTop, CalendarRows) - inset};
-    box.Right = std::max(box.Left, box.Right);
-    box.Bottom = std::max(box.Top, box.Bottom);
-    return box;
+    return {left + inset, top + inset, left + ColumnEdge(1) - inset,
+            top + Divided(m_height - m_gridTop, CalendarRows) - inset};
 }
 
 std::int64_t TCalendarLayout::DayTextLeft(int column) const

@@ -38,7 +38,7 @@ public:
     std::int64_t HeadingLeft(int column, int textWidth) const;
     std::int64_t HeadingTextTop() const { return m_headingTop - 1; }
 
-    // A day's box, of no width or height when the cell is too small for one, and where its number
+    // A day's box, whose sides cross when the cell is too small for one, and where its number
     // begins.
     TArea DayBox(int row, int column) const;
     std::int64_t DayTextLeft(int column) const;

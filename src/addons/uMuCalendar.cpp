@@ -28,6 +28,12 @@ TTint NearestTint(const TTint& tint)
     return {nearest(tint.Red), nearest(tint.Green), nearest(tint.Blue)};
 }
 
+// Dates are taken to the nearest second, which is of the next day just before midnight.
+TDateTime WithinItsDay(TDateTime date)
+{
+    return std::min(date, DayOf(date) + (SecondsPerDay - 1) / SecondsPerDay);
+}
+
 TRect Cut(const TArea& area, const TRect& clip)
 {
     const auto cut = [](std::int64_t value, int from, int to) {
@@ -106,7 +112,7 @@ public:
                      const TDateNames& names)
         : m_canvas(canvas), m_settings(calendar.Settings), m_date(DayOf(calendar.Date)),
           m_text(text), m_names(names),
-          m_title(FormatDate(m_settings.TitleFormat, calendar.Date, names)),
+          m_title(FormatDate(m_settings.TitleFormat, WithinItsDay(calendar.Date), names)),
           m_titleSize(text.Measure(m_settings.TitleFont, m_title)),
           m_layout(m_settings.CalendarWidth, m_settings.CalendarHeight, m_titleSize.Height,
                    text.Measure(m_settings.DayHeadingFont, "X").Height)

@@ -1,41 +1,36 @@
-// The wallpaper list as a report: asks for the texts of the rows it shows, so that its length costs
-// nothing.
+// The wallpaper list: a report that asks for the texts of the rows it shows, so that its length
+// costs nothing.
 #pragma once
 
-#include "uWallpaperView.h"
+#include <functional>
+#include <string>
+#include <vector>
 
 #include <wx/listctrl.h>
 
 namespace murala
 {
 
-class TMuListView : public wxListView, public TWallpaperView
+class TMuListView : public wxListView
 {
 public:
-    TMuListView(wxWindow* parent, TRows& rows, const wxString& name);
+    // Text of a cell.
+    std::function<std::string(int row, int column)> OnText;
+    std::function<bool(int row)> OnIsCurrent;
 
-    // The arrow in the header.
-    void ShowOrder(TListColumn column, bool ascending) { ShowSortIndicator(column, ascending); }
+    TMuListView(wxWindow* parent, const wxString& name);
 
-    wxWindow& Window() override { return *this; }
-    void ShowRows() override;
-    void ShowTexts() override { Refresh(); }
-    void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
-    void TellSelection() override;
-    void EditTitle(int row) override { EditLabel(row); }
-
-    int FocusedRow() const;
+    // The focused row when it is selected, else the first selected one, else -1.
+    int SelectedRow() const;
     std::vector<int> SelectedRows() const;
+    void SelectAll();
+    // The only selected row; -1 for none.
+    void SelectOnly(int row);
 
 private:
     wxString OnGetItemText(long row, long column) const override;
     wxItemAttr* OnGetItemAttr(long row) const override;
-    void BindEvents();
-    void SelectionEvent();
 
-    TRows& m_rows;
-    bool m_isSelecting = false;        // the program, not the user
-    bool m_isSelectionPending = false; // of the user
     mutable wxItemAttr m_currentAttr;
 };
 

@@ -1,12 +1,13 @@
 #include "uMain.h"
-#include "uMuralaApp.h"
 #include "uProgramEntry.h"
 #include "uProgramFolder.h"
+
+#include <wx/app.h>
 
 namespace murala
 {
 
-class TProgramApp : public TMuralaApp
+class TMuralaApp : public wxApp
 {
 public:
     bool OnInit() override
@@ -31,4 +32,4 @@ private:
 
 } // namespace murala
 
-wxIMPLEMENT_APP(murala::TProgramApp);
+wxIMPLEMENT_APP(murala::TMuralaApp);

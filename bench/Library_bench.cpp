@@ -72,7 +72,7 @@ void AddFiles(benchmark::State& state)
         state.ResumeTiming();
         for (int i = 0; i < 2 * AddedCount; ++i) { // every second one is known already
             auto item = NewItem(ListCount - AddedCount + i);
-            if (!list->ContainsFileName(item->FileName()))
+            if (list->IndexOfFileName(item->FileName()) == -1)
                 list->Add(std::move(item));
         }
         if (list->Count() != ListCount + AddedCount)

@@ -18,4 +18,7 @@ struct TTint {
     friend bool operator==(const TTint&, const TTint&) = default;
 };
 
+// Which of a tint's values are meant.
+enum class TChannel { All, Red, Green, Blue };
+
 } // namespace murala

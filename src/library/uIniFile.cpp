@@ -12,6 +12,7 @@ namespace murala
 namespace
 {
 
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view LineEnd = "\r\n";
 
 std::string_view StripQuotes(std::string_view value)
@@ -43,10 +44,8 @@ TIniFile TIniFile::Load(const std::string& path)
     return FromText(FileExists(path) ? ReadWholeFile(path) : std::string());
 }
 
-TIniFile TIniFile::FromText(std::string_view content)
+TIniFile TIniFile::FromText(std::string_view text)
 {
-    const std::string decoded = DecodeText(std::string(content));
-    std::string_view text = decoded;
     TIniFile file;
     file.m_byteOrderMark = text.starts_with(ByteOrderMark);
     if (file.m_byteOrderMark)

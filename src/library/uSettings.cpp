@@ -132,9 +132,8 @@ TMuSettings LoadSettings(const TIniFile& file, const TSettingsDefaults& defaults
     settings.Placement = defaults.Placement;
     settings.LastChangeDate = defaults.Now;
     ForEachKey(settings, TReader{file});
-    const std::string folder = file.ReadText(MainSection, "ThumbnailFolder", "");
-    settings.ThumbnailFolder =
-        ResolvePath(defaults.ProgramFolder, folder.empty() ? "Thumbnails" : folder);
+    settings.ThumbnailFolder = file.ReadText(MainSection, "ThumbnailFolder",
+                                             JoinPath(defaults.ProgramFolder, "Thumbnails"));
     if (file.HasSection(ConvertListSection))
         settings.Titles.ConvertList = PairsToConvertList(file.ReadSection(ConvertListSection));
     return settings;
@@ -146,7 +145,7 @@ void SaveSettings(TIniFile& file, const TMuSettings& settings, const TListState&
     if (parts[sfWallpaperCount])
         file.Write(MainSection, "WallpaperCount", std::to_string(list.Count));
     if (parts[sfWallpaperCurrent] && !list.CurrentFileName.empty())
-        file.Write(MainSection, WallpaperCurrentKey(list.Desktop()),
+        file.Write(MainSection, WallpaperCurrentKey(list.Desktop),
                    QuotedIniText(list.CurrentFileName));
     ForEachKey(settings, [&](TSaveFlag flag, std::string_view key, const auto& value) {
         if (parts[flag])

@@ -7,7 +7,6 @@
 #include "uWallpaper.h"
 
 #include <bitset>
-#include <functional>
 #include <string>
 
 namespace murala
@@ -108,9 +107,7 @@ TMuSettings LoadSettings(const TIniFile& file, const TSettingsDefaults& defaults
 struct TListState {
     int Count = 0;
     std::string CurrentFileName; // empty: no current wallpaper, the key is left as it is
-    // Number of the virtual desktop, 0 when unknown. Asked only when the current wallpaper is
-    // written: another program has to answer.
-    std::function<int()> Desktop = [] { return 0; };
+    int Desktop = 0;             // number of the virtual desktop, 0 when unknown
 };
 
 // An empty set changes nothing.

@@ -1,7 +1,7 @@
 #include "uActionList.h"
 
-#include <algorithm>
-#include <cassert>
+#include <iterator>
+#include <utility>
 
 namespace murala
 {
@@ -10,69 +10,87 @@ namespace
 {
 
 struct TActionRow {
+    TActionId Id;
     std::string_view Name, Category, Caption, Hint, Shortcut;
     bool Checkable = false;
 };
 
 constexpr TActionRow ActionTable[] = {
-    {"aAdd", "Wallpaper", "&Add", "Add", "Ctrl+O"},
-    {"aRemove", "Wallpaper", "&Remove", "Remove", ""},
-    {"aApply", "Wallpaper", "&Apply", "Set the current image as your wallpaper", "Ctrl+Enter"},
-    {"aSelectAll", "Wallpaper", "Select &All", "Select All", ""},
-    {"aRename", "Wallpaper", "Re&name", "Rename", "F2"},
-    {"aNext", "Wallpaper", "&Next", "Next", "Alt+Right"},
-    {"aPrevious", "Wallpaper", "&Previous", "Previous", "Alt+Left"},
-    {"aDisplayTiled", "Wallpaper", "&Tiled", "Tiled", "", true},
-    {"aDisplayCentered", "Wallpaper", "&Centered", "Centered", "", true},
-    {"aDisplayStretched", "Wallpaper", "&Stretched", "Stretched", "", true},
-    {"aDisplayMirrorTiled", "Wallpaper", "&Mirror Tiled", "Mirror Tiled", "", true},
-    {"aDisplayFitHorizontal", "Wallpaper", "Fit &Horizontal", "", "", true},
-    {"aDisplayFitVertical", "Wallpaper", "Fit &Vertical", "", "", true},
-    {"aDisplayNext", "Wallpaper", "&Display", "Display", "Ctrl+D"},
-    {"aRefreshThumbnail", "Wallpaper", "Refresh &Thumbnail", "", ""},
-    {"aShellOpen", "Wallpaper", "&Open", "", ""},
-    {"aShellEdit", "Wallpaper", "&Edit", "", ""},
-    {"aChangeCategory", "Wallpaper", "&Change Category", "", ""},
-    {"aCalendar", "Wallpaper", "Calendar", "Calendar", "", true},
-    {"aCalendarOptions", "Wallpaper", "Calendar Options", "Calendar Options", ""},
-    {"aApplyAndMinimize", "Wallpaper", "Apply && Minimize", "Apply and Minimize to system tray",
-     ""},
-    {"aMiniSize", "View", "&Mini Size", "", "", true},
-    {"aNormalSize", "View", "&Normal Size", "", "", true},
-    {"aLargeSize", "View", "&Large Size", "", "", true},
-    {"aViewList", "View", "&List", "", "", true},
-    {"aViewThumbnails", "View", "&Thumbnails", "", "", true},
-    {"aNextView", "View", "View", "", ""},
-    {"aThumbSmall", "View", "&Small", "", "", true},
-    {"aThumbNormal", "View", "&Normal", "", "", true},
-    {"aThumbLarge", "View", "&Large", "", "", true},
-    {"aExit", "File", "E&xit", "Close the Murala program", "Ctrl+Q"},
-    {"aNewGradient", "File", "New &Gradient", "", ""},
-    {"aGetWallpaper", "File", "&Download Wallpaper From Web", "", ""},
-    {"aOptions", "Options", "&Show Murala", "", ""},
-    {"aTransparentIcons", "Options", "&Transparent Icons", "Transparent Icons", "", true},
-    {"aStartAtStartup", "Options", "&Start At Windows Startup", "", "", true},
-    {"aApplyOnStartup", "Options", "&Apply Wallpaper On Windows Startup", "", "", true},
-    {"aNextOnStartup", "Options", "&Next On Windows Startup", "", "", true},
-    {"aShellIntegration", "Options",
+    {aAdd, "aAdd", "Wallpaper", "&Add", "Add", "Ctrl+O"},
+    {aRemove, "aRemove", "Wallpaper", "&Remove", "Remove", ""},
+    {aApply, "aApply", "Wallpaper", "&Apply", "Set the current image as your wallpaper",
+     "Ctrl+Enter"},
+    {aSelectAll, "aSelectAll", "Wallpaper", "Select &All", "Select All", ""},
+    {aRename, "aRename", "Wallpaper", "Re&name", "Rename", "F2"},
+    {aNext, "aNext", "Wallpaper", "&Next", "Next", "Alt+Right"},
+    {aPrevious, "aPrevious", "Wallpaper", "&Previous", "Previous", "Alt+Left"},
+    {aDisplayTiled, "aDisplayTiled", "Wallpaper", "&Tiled", "Tiled", "", true},
+    {aDisplayCentered, "aDisplayCentered", "Wallpaper", "&Centered", "Centered", "", true},
+    {aDisplayStretched, "aDisplayStretched", "Wallpaper", "&Stretched", "Stretched", "", true},
+    {aDisplayMirrorTiled, "aDisplayMirrorTiled", "Wallpaper", "&Mirror Tiled", "Mirror Tiled", "",
+     true},
+    {aDisplayFitHorizontal, "aDisplayFitHorizontal", "Wallpaper", "Fit &Horizontal", "", "", true},
+    {aDisplayFitVertical, "aDisplayFitVertical", "Wallpaper", "Fit &Vertical", "", "", true},
+    {aDisplayNext, "aDisplayNext", "Wallpaper", "&Display", "Display", "Ctrl+D"},
+    {aRefreshThumbnail, "aRefreshThumbnail", "Wallpaper", "Refresh &Thumbnail", "", ""},
+    {aShellOpen, "aShellOpen", "Wallpaper", "&Open", "", ""},
+    {aShellEdit, "aShellEdit", "Wallpaper", "&Edit", "", ""},
+    {aChangeCategory, "aChangeCategory", "Wallpaper", "&Change Category", "", ""},
+    {aCalendar, "aCalendar", "Wallpaper", "Calendar", "Calendar", "", true},
+    {aCalendarOptions, "aCalendarOptions", "Wallpaper", "Calendar Options", "Calendar Options", ""},
+    {aApplyAndMinimize, "aApplyAndMinimize", "Wallpaper", "Apply && Minimize",
+     "Apply and Minimize to system tray", ""},
+    {aMiniSize, "aMiniSize", "View", "&Mini Size", "", "", true},
+    {aNormalSize, "aNormalSize", "View", "&Normal Size", "", "", true},
+    {aLargeSize, "aLargeSize", "View", "&Large Size", "", "", true},
+    {aViewList, "aViewList", "View", "&List", "", "", true},
+    {aViewThumbnails, "aViewThumbnails", "View", "&Thumbnails", "", "", true},
+    {aNextView, "aNextView", "View", "View", "", ""},
+    {aThumbSmall, "aThumbSmall", "View", "&Small", "", "", true},
+    {aThumbNormal, "aThumbNormal", "View", "&Normal", "", "", true},
+    {aThumbLarge, "aThumbLarge", "View", "&Large", "", "", true},
+    {aExit, "aExit", "File", "E&xit", "Close the Murala program", "Ctrl+Q"},
+    {aNewGradient, "aNewGradient", "File", "New &Gradient", "", ""},
+    {aGetWallpaper, "aGetWallpaper", "File", "&Download Wallpaper From Web", "", ""},
+    {aOptions, "aOptions", "Options", "&Show Murala", "", ""},
+    {aTransparentIcons, "aTransparentIcons", "Options", "&Transparent Icons", "Transparent Icons",
+     "", true},
+    {aStartAtStartup, "aStartAtStartup", "Options", "&Start At Windows Startup", "", "", true},
+    {aApplyOnStartup, "aApplyOnStartup", "Options", "&Apply Wallpaper On Windows Startup", "", "",
+     true},
+    {aNextOnStartup, "aNextOnStartup", "Options", "&Next On Windows Startup", "", "", true},
+    {aShellIntegration, "aShellIntegration", "Options",
      "Use She&ll Integration (\"Add to Murala\" on popup menu in explorer)", "", "", true},
-    {"aConfiguration", "Options", "&Configuration", "", ""},
-    {"aSchedule", "Options", "&Wallpaper Schedule", "Wallpaper Schedule", ""},
-    {"aDesktopColor", "Options", "Select Color", "Select Desktop Background Color", ""},
-    {"aAbout", "Help", "&About", "", ""},
-    {"aMuralaHelp", "Help", "Murala &Help", "", "F1"},
-    {"aDisplayProperties", "Help", "Windows Display Properties", "", ""},
-    {"aConfigureAddOn", "", "&Configure Add On", "", ""},
-    {"aIconBox", "", "aIconBox", "", "", true},
-    {"aIconBoxOptions", "", "aIconBoxOptions", "", ""},
+    {aConfiguration, "aConfiguration", "Options", "&Configuration", "", ""},
+    {aSchedule, "aSchedule", "Options", "&Wallpaper Schedule", "Wallpaper Schedule", ""},
+    {aDesktopColor, "aDesktopColor", "Options", "Select Color", "Select Desktop Background Color",
+     ""},
+    {aAbout, "aAbout", "Help", "&About", "", ""},
+    {aMuralaHelp, "aMuralaHelp", "Help", "Murala &Help", "", "F1"},
+    {aDisplayProperties, "aDisplayProperties", "Help", "Windows Display Properties", "", ""},
+    {aConfigureAddOn, "aConfigureAddOn", "", "&Configure Add On", "", ""},
+    {aIconBox, "aIconBox", "", "aIconBox", "", "", true},
+    {aIconBoxOptions, "aIconBoxOptions", "", "aIconBoxOptions", "", ""},
 };
+
+// The table stands in the order of the identifiers.
+constexpr bool IsInOrder()
+{
+    for (int id = 0; id < ActionCount; ++id)
+        if (ActionTable[id].Id != id)
+            return false;
+    return std::size(ActionTable) == ActionCount;
+}
+static_assert(IsInOrder());
 
 } // namespace
 
-TActionList::TActionList()
+TActionList::TActionList(std::function<void(const std::exception&)> onError)
+    : m_onError(std::move(onError))
 {
     for (const TActionRow& row : ActionTable) {
         TAction& action = m_actions.emplace_back();
+        action.Id = row.Id;
         action.Name = row.Name;
         action.Category = row.Category;
         action.Caption = row.Caption;
@@ -82,12 +100,17 @@ TActionList::TActionList()
     }
 }
 
-TAction& TActionList::operator[](std::string_view name)
+void TActionList::Execute(TActionId id) const
 {
-    auto action = std::find_if(m_actions.begin(), m_actions.end(),
-                               [&](const TAction& candidate) { return candidate.Name == name; });
-    assert(action != m_actions.end());
-    return *action;
+    const TAction& action = (*this)[id];
+    try {
+        if (BeforeExecute)
+            BeforeExecute();
+        if (action.Enabled())
+            action.OnExecute();
+    } catch (const std::exception& error) {
+        m_onError(error);
+    }
 }
 
 } // namespace murala

@@ -2,6 +2,7 @@
 // is captioned, enabled and checked in one place.
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -10,9 +11,62 @@
 namespace murala
 {
 
+enum TActionId : int {
+    aAdd,
+    aRemove,
+    aApply,
+    aSelectAll,
+    aRename,
+    aNext,
+    aPrevious,
+    aDisplayTiled,
+    aDisplayCentered,
+    aDisplayStretched,
+    aDisplayMirrorTiled,
+    aDisplayFitHorizontal,
+    aDisplayFitVertical,
+    aDisplayNext,
+    aRefreshThumbnail,
+    aShellOpen,
+    aShellEdit,
+    aChangeCategory,
+    aCalendar,
+    aCalendarOptions,
+    aApplyAndMinimize,
+    aMiniSize,
+    aNormalSize,
+    aLargeSize,
+    aViewList,
+    aViewThumbnails,
+    aNextView,
+    aThumbSmall,
+    aThumbNormal,
+    aThumbLarge,
+    aExit,
+    aNewGradient,
+    aGetWallpaper,
+    aOptions,
+    aTransparentIcons,
+    aStartAtStartup,
+    aApplyOnStartup,
+    aNextOnStartup,
+    aShellIntegration,
+    aConfiguration,
+    aSchedule,
+    aDesktopColor,
+    aAbout,
+    aMuralaHelp,
+    aDisplayProperties,
+    aConfigureAddOn,
+    aIconBox,
+    aIconBoxOptions,
+    ActionCount,
+};
+
 class TAction
 {
 public:
+    TActionId Id{};
     std::string_view Name;
     std::string_view Category; // empty: in no menu of the main menu by itself
     std::string_view Caption;  // "&" before the access key
@@ -31,25 +85,30 @@ public:
     bool IsOffered() const { return static_cast<bool>(OnExecute); }
     bool Enabled() const { return IsOffered() && (!OnEnabled || OnEnabled()); }
     bool Checked() const { return OnChecked && OnChecked(); }
-    // Does nothing while the action is disabled.
-    void Execute() const
-    {
-        if (Enabled())
-            OnExecute();
-    }
 };
 
 // alMain. The table is fixed; what the actions do is bound by the main window.
 class TActionList
 {
 public:
-    TActionList();
+    // `onError` is given what an action has thrown; the program goes on.
+    explicit TActionList(std::function<void(const std::exception&)> onError);
 
-    // The name must be one of the table's.
-    TAction& operator[](std::string_view name);
+    TAction& operator[](TActionId id) { return m_actions[static_cast<std::size_t>(id)]; }
+    const TAction& operator[](TActionId id) const
+    {
+        return m_actions[static_cast<std::size_t>(id)];
+    }
+    // In the order of the identifiers.
     const std::vector<TAction>& All() const { return m_actions; }
 
+    // Does nothing while the action is disabled.
+    void Execute(TActionId id) const;
+    // What has to be settled first.
+    std::function<void()> BeforeExecute;
+
 private:
+    std::function<void(const std::exception&)> m_onError;
     std::vector<TAction> m_actions;
 };
 

@@ -38,6 +38,11 @@ bool TSourcePicture::Holds(const std::string& fileName) const
     return !m_fileName.empty() && fileName == m_fileName && FileTime(fileName) == m_fileTime;
 }
 
+bool TSourcePicture::IsOutOfDate(const std::string& fileName) const
+{
+    return !m_fileName.empty() && fileName == m_fileName && FileTime(fileName) != m_fileTime;
+}
+
 std::unique_ptr<TImageReader> TSourcePicture::Open(const std::string& fileName) const
 {
     return Holds(fileName) ? ReadBitmap(m_bitmap) : OpenImage(fileName);

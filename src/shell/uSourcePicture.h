@@ -18,6 +18,8 @@ public:
     void Release();
 
     bool Holds(const std::string& fileName) const;
+    // Whether it is held as it was before the file was written again.
+    bool IsOutOfDate(const std::string& fileName) const;
     TSize Size() const { return m_bitmap.Size(); }
 
     // The held rows when the file is held, else the file's. Throws EInvalidImage.

@@ -109,13 +109,13 @@ protected:
 
     void AddTwo()
     {
-        m_main->Murala().AddFiles({Picture("Rot.bmp", 40, 30, 0x0000FF),
+        m_main->Murala().Desk.AddFiles({Picture("Rot.bmp", 40, 30, 0x0000FF),
                                    Picture("Gr\xC3\xBCn, 'quoted'.bmp", 40, 30, 0x00FF00)});
     }
 
     void Select(int row)
     {
-        Control<TMuListView>("lvWallpaper").SelectOnly(row);
+        m_main->Murala().Core.Selection.Select(&m_main->Murala().Core.List.Item(row));
         Pump(20);
     }
 
@@ -146,22 +146,22 @@ TEST_F(MainWindow, ShowsAddedPicturesAndComesBackWithThem)
 TEST_F(MainWindow, AppliesTheSelectedRowByItsAction)
 {
     Start();
-    m_main->Murala().AddFiles(
+    m_main->Murala().Desk.AddFiles(
         {Picture("Rot.bmp", 40, 30, 0x0000FF), Picture("Blau.bmp", 40, 30, 0xFF0000)});
     Select(1);
-    m_main->Actions()["aApply"].Execute();
+    m_main->Actions().Execute(aApply);
     const TBitmap picture = LoadImageFile(m_services.ProgramFolder + "MuralaWallpaper.bmp");
     EXPECT_EQ(picture.Size(), m_services.Desktop.Screen);
     EXPECT_EQ(picture.Row(199)[319] & 0xFFFFFF, ColorToPixel(0xFF0000));
-    m_main->Actions()["aNext"].Execute();
-    EXPECT_EQ(m_main->Murala().CurrentIndex(), 0);
-    EXPECT_EQ(Control<TMuListView>("lvWallpaper").SelectedRow(), 0);
+    m_main->Actions().Execute(aNext);
+    EXPECT_EQ(m_main->Murala().Core.Selection.CurrentIndex(), 0);
+    EXPECT_EQ(Control<TMuListView>("lvWallpaper").FocusedRow(), 0);
 }
 
 TEST_F(MainWindow, SettingsPagesFollowTheSelectionAndChangeTheItem)
 {
     Start();
-    m_main->Murala().AddFiles({Picture("A.bmp", 40, 30, 0), Picture("B.bmp", 40, 30, 0xFFFFFF)});
+    m_main->Murala().Desk.AddFiles({Picture("A.bmp", 40, 30, 0), Picture("B.bmp", 40, 30, 0xFFFFFF)});
     Select(0);
     auto& style = Control<wxChoice>("cbGammaStyle");
     style.SetSelection(gsVertical);
@@ -175,7 +175,7 @@ TEST_F(MainWindow, SettingsPagesFollowTheSelectionAndChangeTheItem)
     wxCommandEvent moved(wxEVT_SLIDER, bar.GetId());
     moved.SetEventObject(&bar);
     bar.ProcessWindowEvent(moved);
-    EXPECT_EQ(m_main->Murala().List.Item(0).GammaEndGreen, -77);
+    EXPECT_EQ(m_main->Murala().Core.List.Item(0).GammaEndGreen, -77);
     Select(1);
     EXPECT_EQ(style.GetSelection(), gsNone);
     EXPECT_FALSE(bar.IsEnabled());
@@ -184,22 +184,22 @@ TEST_F(MainWindow, SettingsPagesFollowTheSelectionAndChangeTheItem)
     EXPECT_EQ(bar.GetValue(), -77);
     Close();
     Start();
-    EXPECT_EQ(m_main->Murala().List.Item(0).GammaEndGreen, -77);
+    EXPECT_EQ(m_main->Murala().Core.List.Item(0).GammaEndGreen, -77);
 }
 
 TEST_F(MainWindow, ModesShowTheirChecksHintsAndMessages)
 {
     Start();
     m_services.Desktop.Screen = {1920, 1080};
-    m_main->Murala().AddFiles({Picture("Wide.bmp", 900, 30, 0)});
+    m_main->Murala().Desk.AddFiles({Picture("Wide.bmp", 900, 30, 0)});
     Select(0);
     TActionList& actions = m_main->Actions();
-    EXPECT_TRUE(actions["aDisplayStretched"].Checked());
-    actions["aDisplayMirrorTiled"].Execute();
+    EXPECT_TRUE(actions[aDisplayStretched].Checked());
+    actions.Execute(aDisplayMirrorTiled);
     EXPECT_EQ(m_messages.Texts,
               std::vector<std::string>{"This image is too large to use mirror tiled mode."});
-    EXPECT_TRUE(actions["aDisplayFitHorizontal"].Checked());
-    EXPECT_EQ(actions["aDisplayNext"].Hint, "Display (Fit Horizontally)");
+    EXPECT_TRUE(actions[aDisplayFitHorizontal].Checked());
+    EXPECT_EQ(actions[aDisplayNext].Hint, "Display (Fit Horizontally)");
 }
 
 TEST_F(MainWindow, RemovesSortsAndRenamesRows)
@@ -208,7 +208,7 @@ TEST_F(MainWindow, RemovesSortsAndRenamesRows)
     std::vector<std::string> files;
     for (const char* name : {"C.bmp", "A.bmp", "D.bmp", "B.bmp"})
         files.push_back(Picture(name, 4, 4, 0));
-    m_main->Murala().AddFiles(files);
+    m_main->Murala().Desk.AddFiles(files);
     auto& list = Control<TMuListView>("lvWallpaper");
     wxListEvent click(wxEVT_LIST_COL_CLICK, list.GetId());
     click.m_col = 0;
@@ -216,27 +216,27 @@ TEST_F(MainWindow, RemovesSortsAndRenamesRows)
     EXPECT_EQ(list.GetItemText(0), "A");
     Select(1);
     list.Select(2);
-    m_main->Actions()["aRemove"].Execute();
+    m_main->Actions().Execute(aRemove);
     EXPECT_EQ(list.GetItemCount(), 2);
-    EXPECT_EQ(list.SelectedRow(), 1);
-    m_main->Murala().Rename(1, "Other");
+    EXPECT_EQ(list.FocusedRow(), 1);
+    m_main->Murala().Desk.Rename(m_main->Murala().Core.List.Item(1), "Other");
     EXPECT_EQ(list.GetItemText(1), "Other");
-    m_main->Actions()["aSelectAll"].Execute();
+    m_main->Actions().Execute(aSelectAll);
     EXPECT_EQ(list.SelectedRows().size(), 2U);
-    m_main->Actions()["aRemove"].Execute();
+    m_main->Actions().Execute(aRemove);
     EXPECT_EQ(list.GetItemCount(), 0);
-    EXPECT_FALSE(m_main->Actions()["aApply"].Enabled());
+    EXPECT_FALSE(m_main->Actions()[aApply].Enabled());
 }
 
 TEST_F(MainWindow, ThePreviewIsComposedAndABrokenPictureSaysSo)
 {
     Start();
-    m_main->Murala().AddFiles({Picture("A.bmp", 40, 30, 0x0000FF)});
+    m_main->Murala().Desk.AddFiles({Picture("A.bmp", 40, 30, 0x0000FF)});
     auto& preview = Control<TPreviewPanel>("iPreview");
     EXPECT_TRUE(PumpUntil([&] { return preview.Picture().IsOk(); }));
     const wxSize size = preview.Picture().GetSize();
     EXPECT_NEAR(static_cast<double>(size.x) / size.y, 320.0 / 200.0, 0.02);
-    m_main->Murala().AddFiles({m_services.ProgramFolder + "Missing.jpg"});
+    m_main->Murala().Desk.AddFiles({m_services.ProgramFolder + "Missing.jpg"});
     EXPECT_TRUE(PumpUntil([&] { return preview.Text().Contains("could not be loaded"); }));
     EXPECT_TRUE(m_messages.Texts.empty());
 }
@@ -244,24 +244,24 @@ TEST_F(MainWindow, ThePreviewIsComposedAndABrokenPictureSaysSo)
 TEST_F(MainWindow, AStartWithApplyAppliesAndAnotherCopyWakesIt)
 {
     Start();
-    m_main->Murala().AddFiles({Picture("A.bmp", 4, 4, 0), Picture("B.bmp", 4, 4, 0)});
+    m_main->Murala().Desk.AddFiles({Picture("A.bmp", 4, 4, 0), Picture("B.bmp", 4, 4, 0)});
     Select(0);
-    m_main->Actions()["aApply"].Execute();
-    m_main->Murala().Settings.NextOnStartup = true;
+    m_main->Actions().Execute(aApply);
+    m_main->Murala().Core.Settings.NextOnStartup = true;
     m_main->Iconize();
     Close();
     m_services.Desktop.Calls.clear();
     Start({"/APPLY"});
-    EXPECT_EQ(m_main->Murala().CurrentIndex(), 1);
+    EXPECT_EQ(m_main->Murala().Core.Selection.CurrentIndex(), 1);
     EXPECT_FALSE(m_services.Desktop.Calls.empty());
     const std::string queued = Picture("C.bmp", 4, 4, 0);
     m_services.FileQueue.QueueFiles({queued});
     m_link.Wake();
-    EXPECT_EQ(m_main->Murala().List.Count(), 3);
+    EXPECT_EQ(m_main->Murala().Core.List.Count(), 3);
     EXPECT_TRUE(m_main->IsEnabled());
     Close();
     Start();
-    EXPECT_EQ(m_main->Murala().CurrentIndex(), 1);
+    EXPECT_EQ(m_main->Murala().Core.Selection.CurrentIndex(), 1);
 }
 
 TEST_F(MainWindow, TakesDroppedPicturesAndNothingElse)
@@ -272,8 +272,8 @@ TEST_F(MainWindow, TakesDroppedPicturesAndNothingElse)
                                   wxString::FromUTF8(m_services.ProgramFolder + "c.JPG")};
     wxDropFilesEvent drop(wxEVT_DROP_FILES, 3, files);
     m_main->ProcessWindowEvent(drop);
-    ASSERT_EQ(m_main->Murala().List.Count(), 2);
-    EXPECT_EQ(FileNamePart(m_main->Murala().List.Item(1).FileName()), "c.JPG");
+    ASSERT_EQ(m_main->Murala().Core.List.Count(), 2);
+    EXPECT_EQ(FileNamePart(m_main->Murala().Core.List.Item(1).FileName()), "c.JPG");
 }
 
 TEST_F(MainWindow, ControlsAreInsideTheirParentsAndNothingIsCut)

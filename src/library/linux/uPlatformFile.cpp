@@ -1,10 +1,6 @@
 #include "uPlatformFile.h"
 
-#include <cerrno>
-#include <string>
-
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace murala
@@ -28,18 +24,7 @@ bool ExchangeOver(const std::filesystem::path& from, const std::filesystem::path
 
 } // namespace
 
-bool HasFile(const std::filesystem::path& path, std::error_code& error)
-{
-    struct stat status {
-    };
-    if (stat(path.c_str(), &status) == 0)
-        return !S_ISDIR(status.st_mode);
-    if (errno != ENOENT && errno != ENOTDIR)
-        error = {errno, std::generic_category()};
-    return false;
-}
-
-std::FILE* OpenNamedFile(const std::filesystem::path& path, const char* mode)
+std::FILE* OpenNamedFile(const std::string& path, const char* mode)
 {
     // "e": programs that are started later do not inherit the file.
     return std::fopen(path.c_str(), (std::string(mode) + "e").c_str());

@@ -1,14 +1,10 @@
 #include "uPlatformFile.h"
 
-#include <algorithm>
-#include <cerrno>
-#include <chrono>
-#include <cstdlib>
-#include <string>
-#include <thread>
+#include "uPath.h"
 
+#include <chrono>
 #include <io.h>
-#include <sys/stat.h>
+#include <thread>
 
 namespace murala
 {
@@ -17,60 +13,17 @@ namespace
 {
 
 // Indexers and virus scanners hold a file for a moment after it was touched.
-constexpr int Attempts = 10;
-constexpr std::chrono::milliseconds Pause{20};
-
-// Does `attempt` again while it answers that access was denied.
-template<class TAttempt>
-void Insist(TAttempt attempt)
-{
-    for (int i = 0; i < Attempts && attempt() == std::errc::permission_denied; ++i)
-        std::this_thread::sleep_for(Pause);
-}
-
-// A folder, or a file that is marked as read-only, will not be had by waiting.
-bool IsDeniedForGood(const std::filesystem::path& path, bool forWriting)
-{
-    constexpr int writing = 2;
-    struct _stat64 status {
-    };
-    return _wstat64(path.c_str(), &status) == 0 &&
-           ((status.st_mode & S_IFDIR) != 0 ||
-            (forWriting && _waccess(path.c_str(), writing) != 0));
-}
-
-// The system's error numbers for names that nothing has. A share or a drive that does not answer is
-// another matter, though errno says the same of it.
-constexpr unsigned long NotFoundErrors[] = {2, 3, 123, 161};
+constexpr int RenameAttempts = 10;
+constexpr std::chrono::milliseconds RenamePause{20};
 
 } // namespace
 
-bool HasFile(const std::filesystem::path& path, std::error_code& error)
-{
-    struct _stat64 status {
-    };
-    if (_wstat64(path.c_str(), &status) == 0)
-        return (status.st_mode & S_IFDIR) == 0;
-    if (std::ranges::find(NotFoundErrors, _doserrno) == std::end(NotFoundErrors))
-        error = {static_cast<int>(_doserrno), std::system_category()};
-    return false;
-}
-
-std::FILE* OpenNamedFile(const std::filesystem::path& path, const char* mode)
+std::FILE* OpenNamedFile(const std::string& path, const char* mode)
 {
     // "N": programs that are started later do not inherit the file.
     const std::string modeText = std::string(mode) + "N";
-    const std::wstring wideMode(modeText.begin(), modeText.end());
-    std::FILE* file = nullptr;
-    Insist([&] {
-        file = _wfopen(path.c_str(), wideMode.c_str());
-        const int reason = file == nullptr ? errno : 0;
-        const bool isFinal =
-            reason == EACCES && IsDeniedForGood(path, modeText.substr(0, 2) != "rb");
-        errno = reason;
-        return std::error_code(isFinal ? 0 : reason, std::generic_category());
-    });
-    return file;
+    return _wfopen(NativePath(path).c_str(),
+                   std::wstring(modeText.begin(), modeText.end()).c_str());
 }
 
 bool FlushToDisk(std::FILE* file)
@@ -82,10 +35,12 @@ std::error_code RenameOver(const std::filesystem::path& from, const std::filesys
                            TFlush)
 {
     std::error_code error;
-    Insist([&] {
+    for (int attempt = 0; attempt < RenameAttempts; ++attempt) {
         std::filesystem::rename(from, to, error);
-        return error;
-    });
+        if (error != std::errc::permission_denied)
+            break;
+        std::this_thread::sleep_for(RenamePause);
+    }
     return error;
 }
 

@@ -1,20 +1,63 @@
 #include "uListView.h"
 
+#include "uListColumn.h"
+#include "uScopes.h"
+#include "uWxText.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <wx/wupdlock.h>
+
 namespace murala
 {
 
-TMuListView::TMuListView(wxWindow* parent, const wxString& name)
+TMuListView::TMuListView(wxWindow* parent, TRows& rows, const wxString& name)
     : wxListView(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                 wxLC_REPORT | wxLC_VIRTUAL | wxLC_EDIT_LABELS, wxDefaultValidator, name)
+                 wxLC_REPORT | wxLC_VIRTUAL | wxLC_EDIT_LABELS, wxDefaultValidator, name),
+      m_rows(rows)
 {
+    for (const TListColumnInfo& column : ListColumns)
+        AppendColumn(ToWx(column.Caption), wxLIST_FORMAT_LEFT, FromDIP(column.Width));
+    BindEvents();
 }
 
-int TMuListView::SelectedRow() const
+void TMuListView::BindEvents()
 {
-    const long focused = GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
-    if (focused >= 0 && GetItemState(focused, wxLIST_STATE_SELECTED) != 0)
-        return static_cast<int>(focused);
-    return static_cast<int>(GetFirstSelected());
+    const auto selected = [this](wxListEvent&) { SelectionEvent(); };
+    Bind(wxEVT_LIST_ITEM_SELECTED, selected);
+    Bind(wxEVT_LIST_ITEM_DESELECTED, selected);
+    Bind(wxEVT_LIST_ITEM_FOCUSED, selected);
+    Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { m_rows.UserActivates(); });
+    Bind(wxEVT_LIST_COL_CLICK, [this](wxListEvent& event) {
+        if (event.GetColumn() >= 0)
+            m_rows.UserClicksHeader(static_cast<TListColumn>(event.GetColumn()));
+    });
+    Bind(wxEVT_LIST_END_LABEL_EDIT, [this](wxListEvent& event) {
+        event.Veto(); // the row's text comes from the list
+        const wxString title = wxString(event.GetLabel()).Trim().Trim(false);
+        if (!event.IsEditCancelled() && !title.empty())
+            m_rows.UserRenames(static_cast<int>(event.GetIndex()), title.utf8_string());
+    });
+}
+
+// Selecting ten thousand rows makes as many events; they are answered together.
+void TMuListView::SelectionEvent()
+{
+    if (m_isSelecting || std::exchange(m_isSelectionPending, true))
+        return;
+    CallAfter([this] { TellSelection(); });
+}
+
+void TMuListView::TellSelection()
+{
+    if (std::exchange(m_isSelectionPending, false))
+        m_rows.UserSelects(SelectedRows(), FocusedRow());
+}
+
+int TMuListView::FocusedRow() const
+{
+    return static_cast<int>(GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED));
 }
 
 std::vector<int> TMuListView::SelectedRows() const
@@ -26,35 +69,43 @@ std::vector<int> TMuListView::SelectedRows() const
     return rows;
 }
 
-void TMuListView::SelectAll()
+void TMuListView::ShowRows()
 {
-    Freeze();
-    for (long row = 0; row < GetItemCount(); ++row)
-        Select(row);
-    Thaw();
+    const TValueScope selecting(m_isSelecting, true);
+    m_isSelectionPending = false;
+    SetItemCount(m_rows.Count());
+    Refresh();
 }
 
-void TMuListView::SelectOnly(int row)
+void TMuListView::ShowSelection(const std::vector<int>& rows, int focusedRow)
 {
-    for (long selected = GetFirstSelected(); selected >= 0; selected = GetNextSelected(selected))
-        if (selected != row)
-            Select(selected, false);
-    if (row >= 0 && row < GetItemCount()) {
-        Focus(row);
-        Select(row);
-        EnsureVisible(row);
-    }
+    const TValueScope selecting(m_isSelecting, true);
+    m_isSelectionPending = false;
+    const std::vector<int> shown = SelectedRows();
+    const wxWindowUpdateLocker lock(this);
+    for (const int row : shown)
+        if (!std::ranges::binary_search(rows, row))
+            Select(row, false);
+    for (const int row : rows)
+        if (!std::ranges::binary_search(shown, row))
+            Select(row);
+    if (focusedRow >= 0 && focusedRow != FocusedRow())
+        Focus(focusedRow);
+    if (rows.size() == 1)
+        EnsureVisible(rows.front());
 }
 
 wxString TMuListView::OnGetItemText(long row, long column) const
 {
-    return OnText ? wxString::FromUTF8(OnText(static_cast<int>(row), static_cast<int>(column)))
-                  : wxString();
+    // Painting may come between a change of the rows and the news of it.
+    if (row >= m_rows.Count())
+        return {};
+    return ToWx(m_rows.Text(static_cast<int>(row), static_cast<TListColumn>(column)));
 }
 
 wxItemAttr* TMuListView::OnGetItemAttr(long row) const
 {
-    if (!OnIsCurrent || !OnIsCurrent(static_cast<int>(row)))
+    if (row >= m_rows.Count() || !m_rows.IsCurrent(static_cast<int>(row)))
         return nullptr;
     m_currentAttr.SetFont(GetFont().Bold());
     return &m_currentAttr;

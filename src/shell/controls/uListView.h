@@ -1,36 +1,41 @@
-// The wallpaper list: a report that asks for the texts of the rows it shows, so that its length
-// costs nothing.
+// The wallpaper list as a report: asks for the texts of the rows it shows, so that its length costs
+// nothing.
 #pragma once
 
-#include <functional>
-#include <string>
-#include <vector>
+#include "uWallpaperView.h"
 
 #include <wx/listctrl.h>
 
 namespace murala
 {
 
-class TMuListView : public wxListView
+class TMuListView : public wxListView, public TWallpaperView
 {
 public:
-    // Text of a cell.
-    std::function<std::string(int row, int column)> OnText;
-    std::function<bool(int row)> OnIsCurrent;
+    TMuListView(wxWindow* parent, TRows& rows, const wxString& name);
 
-    TMuListView(wxWindow* parent, const wxString& name);
+    // The arrow in the header.
+    void ShowOrder(TListColumn column, bool ascending) { ShowSortIndicator(column, ascending); }
 
-    // The focused row when it is selected, else the first selected one, else -1.
-    int SelectedRow() const;
+    wxWindow& Window() override { return *this; }
+    void ShowRows() override;
+    void ShowTexts() override { Refresh(); }
+    void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
+    void TellSelection() override;
+    void EditTitle(int row) override { EditLabel(row); }
+
+    int FocusedRow() const;
     std::vector<int> SelectedRows() const;
-    void SelectAll();
-    // The only selected row; -1 for none.
-    void SelectOnly(int row);
 
 private:
     wxString OnGetItemText(long row, long column) const override;
     wxItemAttr* OnGetItemAttr(long row) const override;
+    void BindEvents();
+    void SelectionEvent();
 
+    TRows& m_rows;
+    bool m_isSelecting = false;        // the program, not the user
+    bool m_isSelectionPending = false; // of the user
     mutable wxItemAttr m_currentAttr;
 };
 

@@ -1,10 +1,11 @@
 #include "uPreviewPanel.h"
 
+#include "uWxBitmap.h"
+
 #include <algorithm>
 
 #include <wx/control.h>
 #include <wx/dcbuffer.h>
-#include <wx/image.h>
 #include <wx/settings.h>
 
 namespace murala
@@ -12,21 +13,6 @@ namespace murala
 
 namespace
 {
-
-wxImage ToWxImage(const TBitmap& bitmap)
-{
-    wxImage image(bitmap.Width(), bitmap.Height(), false);
-    unsigned char* to = image.GetData();
-    for (int y = 0; y < bitmap.Height(); ++y) {
-        const TPixel* from = bitmap.Row(y);
-        for (int x = 0; x < bitmap.Width(); ++x) {
-            *to++ = static_cast<unsigned char>(from[x] >> 16U);
-            *to++ = static_cast<unsigned char>(from[x] >> 8U);
-            *to++ = static_cast<unsigned char>(from[x]);
-        }
-    }
-    return image;
-}
 
 // The text broken into lines that fit; a file name without blanks is broken anywhere.
 wxString WrapText(wxDC& dc, const wxString& text, int width)
@@ -46,18 +32,6 @@ wxString WrapText(wxDC& dc, const wxString& text, int width)
 }
 
 } // namespace
-
-wxColour ToWxColour(TColor color)
-{
-    return {static_cast<unsigned char>(color), static_cast<unsigned char>(color >> 8U),
-            static_cast<unsigned char>(color >> 16U)};
-}
-
-TColor FromWxColour(const wxColour& colour)
-{
-    return colour.Red() | (static_cast<TColor>(colour.Green()) << 8U) |
-           (static_cast<TColor>(colour.Blue()) << 16U);
-}
 
 TPreviewPanel::TPreviewPanel(wxWindow* parent, const wxString& name)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE, name)

@@ -9,10 +9,6 @@
 namespace murala
 {
 
-// Colours of the window system and ours.
-wxColour ToWxColour(TColor color);
-TColor FromWxColour(const wxColour& colour);
-
 class TPreviewPanel : public wxPanel
 {
 public:

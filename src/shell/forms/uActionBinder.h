@@ -3,6 +3,7 @@
 #pragma once
 
 #include "uActionList.h"
+#include "uWxText.h"
 
 #include <initializer_list>
 #include <string_view>
@@ -12,13 +13,22 @@
 namespace murala
 {
 
+// One part of a menu or a tool bar: an action, "-" for a separator, "&Caption>" for the begin of a
+// submenu and "<" for its end.
+struct TMenuPart {
+    TMenuPart(TActionId action) : Action(action) {} // NOLINT(google-explicit-constructor)
+    TMenuPart(const char* text) : Text(text) {}     // NOLINT(google-explicit-constructor)
+
+    TActionId Action = ActionCount;
+    std::string_view Text; // empty: the action
+};
+
 class TActionBinder
 {
 public:
-    // A layout is a row of action names. "-" is a separator; "&Caption>" opens a submenu and "<"
-    // closes it. Actions that are not offered are left out, and separators and submenus that would
-    // stand for nothing, too.
-    using TLayout = std::initializer_list<std::string_view>;
+    // Actions that are not offered are left out, and separators and submenus that would stand for
+    // nothing, too.
+    using TLayout = std::initializer_list<TMenuPart>;
 
     // Handles the actions' events of the window (and what comes up to it from its children).
     TActionBinder(wxWindow& window, TActionList& actions);
@@ -27,22 +37,21 @@ public:
     // Empty categories are left out.
     void AppendMenu(wxMenuBar& bar, const wxString& caption, TLayout layout);
     void FillToolBar(wxToolBar& bar, TLayout layout);
-    wxButton* NewButton(wxWindow* parent, std::string_view action, const wxString& name);
-    wxButton* NewSpeedButton(wxWindow* parent, std::string_view action, const wxString& name);
+    wxButton* NewButton(wxWindow* parent, TActionId action, const wxString& name);
+    wxButton* NewSpeedButton(wxWindow* parent, TActionId action, const wxString& name);
+    // Runs the action when the box is clicked; what it shows is the caller's affair.
+    wxCheckBox* NewCheckBox(wxWindow* parent, TActionId action, const wxString& name);
 
 private:
     void OnUpdate(wxUpdateUIEvent& event);
-    int IdOf(std::string_view action) const;
-    const TAction& ActionOf(int id) const;
-    void Populate(wxMenu& menu, const std::string_view*& part, const std::string_view* end);
+    int IdOf(TActionId action) const { return m_firstId + action; }
+    TActionId ActionOf(int id) const { return static_cast<TActionId>(id - m_firstId); }
+    void Populate(wxMenu& menu, const TMenuPart*& part, const TMenuPart* end);
+    wxMenuItem* NewItem(wxMenu& menu, const TAction& action);
 
     wxWindow& m_window;
     TActionList& m_actions;
     int m_firstId;
 };
-
-// A caption with its access key marked becomes plain text.
-wxString PlainCaption(std::string_view caption);
-wxString ToWx(std::string_view text);
 
 } // namespace murala

@@ -1,16 +1,18 @@
 #include "uMain.h"
 
-#include "uListColumn.h"
-#include "uPath.h"
+#include "uDesktopPage.h"
+#include "uEffectPage.h"
 #include "uPreviewSizes.h"
 #include "uProgramEntry.h"
 #include "uProgress.h"
 #include "uShellIntegration.h"
+#include "uTintPage.h"
 
 #include "../resources/murala.xpm"
 
+#include <utility>
+
 #include <wx/display.h>
-#include <wx/weakref.h>
 
 namespace murala
 {
@@ -21,6 +23,7 @@ namespace
 // Milliseconds.
 constexpr int RefreshInterval = 5000;
 constexpr int SettlingTime = 300; // of a new window
+constexpr int EndPatience = 1500; // at the end of the session
 
 constexpr int DesignWidth = 650, DesignHeight = 492;
 
@@ -37,112 +40,104 @@ TPlacement DefaultPlacement(const wxSize& size)
 } // namespace
 
 TfMain::TfMain(const TServices& services, TInstanceLink& link)
-    : m_murala(services, *this), m_binder(*this, alMain), m_services(services), m_link(link)
+    : m_murala(services, *this),
+      alMain([this](const std::exception& error) { ReportError(error, TReport::MessageBox); }),
+      m_binder(*this, alMain), m_services(services), m_link(link)
 {
     wxFrame::Create(nullptr, wxID_ANY, "Murala", wxDefaultPosition, wxDefaultSize,
                     wxDEFAULT_FRAME_STYLE, "TfMain");
     SetIcon(wxICON(murala));
     BindWallpaperActions();
-    BindDisplayModeActions();
+    BindItemActions();
     BindWindowActions();
     BindSystemActions();
     BuildMenuBar();
     BuildClient();
     BindEvents();
+    m_murala.Core.Listeners.Add(*this);
     // The link outlives the window.
     m_link.Listen(nullptr, [self = wxWeakRef<TfMain>(this)] {
         if (self)
             self->WakeUp();
     });
-    auto* fProgress = new TfProgress(nullptr, "Starting Up...");
+    m_services.SessionEnd.Listen(GetHandle(), [self = wxWeakRef<TfMain>(this)] {
+        if (self)
+            self->EndSession();
+    });
+    TfProgress fProgress("Starting Up...");
     m_murala.LoadSettings(DefaultPlacement(DesignSize()));
-    m_murala.LoadList();
-    fProgress->Destroy();
+    fProgress.Step();
+    m_murala.Storage.LoadList();
 }
 
-TfMain::~TfMain() = default;
+TfMain::~TfMain()
+{
+    m_murala.Core.Listeners.Remove(*this);
+    // The controls listen to the program, which goes before the window does.
+    m_client->Destroy();
+}
 
 void TfMain::BuildMenuBar()
 {
     auto* bar = new wxMenuBar;
-    m_binder.AppendMenu(*bar, "&File", {"aNewGradient", "aGetWallpaper", "-", "aExit"});
+    m_binder.AppendMenu(*bar, "&File", {aNewGradient, aGetWallpaper, "-", aExit});
     m_binder.AppendMenu(*bar, "&Wallpaper",
-                        {"aAdd",
-                         "aRemove",
-                         "aRename",
-                         "aSelectAll",
+                        {aAdd,
+                         aRemove,
+                         aRename,
+                         aSelectAll,
                          "-",
-                         "aApply",
-                         "aApplyAndMinimize",
-                         "aNext",
-                         "aPrevious",
+                         aApply,
+                         aApplyAndMinimize,
+                         aNext,
+                         aPrevious,
                          "-",
                          "&Display Mode>",
-                         "aDisplayTiled",
-                         "aDisplayCentered",
-                         "aDisplayStretched",
-                         "aDisplayMirrorTiled",
-                         "aDisplayFitHorizontal",
-                         "aDisplayFitVertical",
+                         aDisplayTiled,
+                         aDisplayCentered,
+                         aDisplayStretched,
+                         aDisplayMirrorTiled,
+                         aDisplayFitHorizontal,
+                         aDisplayFitVertical,
                          "-",
-                         "aDisplayNext",
+                         aDisplayNext,
                          "<",
                          "-",
-                         "aChangeCategory",
-                         "aRefreshThumbnail",
+                         aChangeCategory,
+                         aRefreshThumbnail,
                          "&Shell>",
-                         "aShellOpen",
-                         "aShellEdit",
+                         aShellOpen,
+                         aShellEdit,
                          "<",
                          "-",
-                         "aCalendar",
-                         "aCalendarOptions"});
+                         aCalendar,
+                         aCalendarOptions});
     m_binder.AppendMenu(*bar, "&View",
-                        {"aViewList", "aViewThumbnails", "-", "&Thumbnail Size>", "aThumbSmall",
-                         "aThumbNormal", "aThumbLarge", "<", "&Preview Size>", "aMiniSize",
-                         "aNormalSize", "aLargeSize", "<"});
+                        {aViewList, aViewThumbnails, "-", "&Thumbnail Size>", aThumbSmall,
+                         aThumbNormal, aThumbLarge, "<", "&Preview Size>", aMiniSize, aNormalSize,
+                         aLargeSize, "<"});
     m_binder.AppendMenu(*bar, "&Options",
-                        {"aDesktopColor", "aTransparentIcons", "-", "aStartAtStartup",
-                         "aApplyOnStartup", "aNextOnStartup", "-", "aShellIntegration", "-",
-                         "aSchedule", "aConfiguration"});
-    m_binder.AppendMenu(*bar, "&Help", {"aMuralaHelp", "aDisplayProperties", "-", "aAbout"});
+                        {aDesktopColor, aTransparentIcons, "-", aStartAtStartup, aApplyOnStartup,
+                         aNextOnStartup, "-", aShellIntegration, "-", aSchedule, aConfiguration});
+    m_binder.AppendMenu(*bar, "&Help", {aMuralaHelp, aDisplayProperties, "-", aAbout});
     SetMenuBar(bar);
 }
 
 void TfMain::BuildClient()
 {
-    auto* client =
+    m_client =
         new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "pMain");
-    spVertical = new wxSplitterWindow(client, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+    spVertical = new wxSplitterWindow(m_client, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                       wxSP_LIVE_UPDATE, "spVertical");
     spVertical->SetMinimumPaneSize(FromDIP(100));
-    wxWindow* list = BuildListPanel(spVertical);
+    m_wallpapers = new TWallpaperPanel(spVertical, m_murala, alMain, m_binder);
     wxWindow* right = BuildRightPanel(spVertical);
-    spVertical->SplitVertically(list, right, -m_pagesSize.x);
+    spVertical->SplitVertically(m_wallpapers, right, -m_pagesSize.x);
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(spVertical, wxSizerFlags(1).Expand());
-    rows->Add(BuildBottomPanel(client), wxSizerFlags().Expand());
-    client->SetSizer(rows);
+    rows->Add(BuildBottomPanel(m_client), wxSizerFlags().Expand());
+    m_client->SetSizer(rows);
     SetMinClientSize(wxSize(m_pagesSize.x, 0) + FromDIP(wxSize(240, 320)));
-}
-
-wxWindow* TfMain::BuildListPanel(wxWindow* parent)
-{
-    auto* panel = new wxPanel(parent);
-    tbMain = new wxToolBar(panel, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                           wxTB_FLAT | wxTB_HORIZONTAL | wxTB_NODIVIDER, "tbMain");
-    m_binder.FillToolBar(*tbMain, {"aAdd", "aRemove", "-", "aApply", "aPrevious", "aNext", "-",
-                                   "aDisplayNext", "aTransparentIcons", "aNextView"});
-    lvWallpaper = new TMuListView(panel, "lvWallpaper");
-    for (const TListColumnInfo& column : ListColumns)
-        lvWallpaper->AppendColumn(ToWx(column.Caption), wxLIST_FORMAT_LEFT, FromDIP(column.Width));
-    lvWallpaper->OnText = [this](int row, int column) { return CellText(row, column); };
-    lvWallpaper->OnIsCurrent = [this](int row) { return row == m_murala.CurrentIndex(); };
-    auto* rows = new wxBoxSizer(wxVERTICAL);
-    rows->Add(tbMain, wxSizerFlags().Expand());
-    rows->Add(lvWallpaper, wxSizerFlags(1).Expand());
-    panel->SetSizer(rows);
-    return panel;
 }
 
 wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
@@ -156,16 +151,14 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
         new wxNotebook(spHorizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, "pcEffect");
     const auto addPage = [this](TSettingsPage* page, const char* caption) {
         pcEffect->AddPage(page, caption);
-        m_pages.push_back(page);
+        m_pagesSize.IncTo(page->GetSizer()->CalcMin());
     };
     addPage(new TDesktopPage(pcEffect, m_murala, m_binder, alMain), "&Desktop");
     addPage(new TTintPage(pcEffect, m_murala), "&Tint");
     addPage(new TEffectPage(pcEffect, m_murala), "&Effect");
-    for (const TSettingsPage* page : m_pages)
-        m_pagesSize.IncTo(page->GetSizer()->CalcMin());
     // Not every notebook counts its own borders.
     m_pagesSize = pcEffect->CalcSizeFromPage(m_pagesSize) + FromDIP(wxSize(12, 0));
-    spHorizontal->SplitHorizontally(iPreview, pcEffect, FromDIP(PreviewSizes[1].second));
+    spHorizontal->SplitHorizontally(iPreview, pcEffect, FromDIP(PreviewSizes[psNormal].second));
     return spHorizontal;
 }
 
@@ -173,8 +166,8 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
 wxSize TfMain::DesignSize() const
 {
     wxSize content = m_pagesSize;
-    content.IncTo(FromDIP(wxSize(PreviewSizes[1].first, 0)));
-    content += FromDIP(wxSize(340, PreviewSizes[1].second + 120));
+    content.IncTo(FromDIP(wxSize(PreviewSizes[psNormal].first, 0)));
+    content += FromDIP(wxSize(340, PreviewSizes[psNormal].second + 120));
     content.IncTo(FromDIP(wxSize(DesignWidth, DesignHeight)));
     return content;
 }
@@ -192,8 +185,8 @@ wxWindow* TfMain::BuildBottomPanel(wxWindow* parent)
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(pbMain, wxSizerFlags().CenterVertical().Border());
     row->Add(pStatusText, wxSizerFlags(1).CenterVertical().Border());
-    for (const char* action : {"aPrevious", "aNext", "aApply"})
-        row->Add(m_binder.NewSpeedButton(panel, action, wxString("sb") + (action + 1)),
+    for (const TActionId action : {aPrevious, aNext, aApply})
+        row->Add(m_binder.NewSpeedButton(panel, action, "sb" + ToWx(alMain[action].Name.substr(1))),
                  wxSizerFlags().CenterVertical().Border(wxTOP | wxBOTTOM | wxRIGHT));
     panel->SetSizer(row);
     return panel;
@@ -203,39 +196,47 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
 {
     m_link.Unlock();
     m_murala.LoadSettings(DefaultPlacement(DesignSize()));
-    const bool wasVisible = m_murala.Settings.WindowState;
-    Place(m_murala.Settings.Placement);
-    lvWallpaper->SelectOnly(m_murala.CurrentIndex());
+    const bool isVisible = m_murala.Core.Settings.WindowState;
+    Place(m_murala.Core.Settings.Placement);
+    m_murala.Core.Selection.Select(m_murala.Core.Selection.Current());
     if (IsApplyStart(arguments)) {
-        if (m_murala.Settings.NextOnStartup)
-            m_murala.Next(TReport::StatusLine);
+        if (m_murala.Core.Settings.NextOnStartup)
+            m_murala.Applier.Next(TReport::StatusLine);
         else
-            m_murala.ComposeWallpaper(true, TReport::StatusLine);
+            m_murala.Applier.ComposeWallpaper(true, TReport::StatusLine);
     }
-    if (!wasVisible)
+    if (!isVisible)
         Iconize();
     Show();
-    SetPreviewSize(m_murala.Settings.PreviewSize);
+    SetPreviewSize(m_murala.Core.Settings.PreviewSize);
     tPlacement.StartOnce(SettlingTime);
-    m_murala.Updating = false;
-    CallAfter([this] { lvWallpaper->SetFocus(); });
-    lvWallpaperSelect();
-    UpdateListHint();
+    m_isStarting = false;
+    m_murala.Core.Updating = false;
+    Later(&TfMain::FocusList);
+    SelectionChanged();
     if (IsApplyStart(arguments))
-        m_murala.SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
+        m_murala.Storage.SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
     DragAcceptFiles(true);
     tRefreshIcons.Start(RefreshInterval);
     tScheduleTimer();
     QueueFilesFromCommandLine(m_services.FileQueue, arguments);
-    m_murala.ImportQueuedFiles();
+    m_murala.Session.ImportQueuedFiles();
+}
+
+void TfMain::FocusList()
+{
+    m_wallpapers->View().Window().SetFocus();
 }
 
 // Another copy was started: it has left its files and wants this one to be seen.
 void TfMain::WakeUp()
 {
-    if (m_murala.Updating)
+    if (m_isStarting)
         return; // the activation takes the files in at its end
-    m_murala.ImportQueuedFiles();
+    m_isWakePending = m_murala.Core.Pauses.IsPaused();
+    if (m_isWakePending)
+        return;
+    m_murala.Session.ImportQueuedFiles();
     if (IsIconized())
         Iconize(false);
     Show();
@@ -263,22 +264,48 @@ void TfMain::TrackPlacement()
     m_placement = {GetSize().x, GetSize().y, GetPosition().x, GetPosition().y};
 }
 
-// Some window managers put a new window where they like, whatever it asked for.
+// Some window managers put a new window where they like, or show one that was to be hidden.
 void TfMain::tPlacementTimer()
 {
-    if (!IsIconized() && !IsMaximized())
-        SetSize(m_placement.Left, m_placement.Top, m_placement.Width, m_placement.Height);
+    if (m_murala.Core.Settings.WindowState) {
+        if (!IsIconized() && !IsMaximized())
+            SetSize(m_placement.Left, m_placement.Top, m_placement.Width, m_placement.Height);
+    } else if (!IsIconized()) {
+        Iconize();
+    }
 }
 
 void TfMain::FormClose(wxCloseEvent& event)
 {
-    tSelectItem.Stop();
-    tPreviewUpdate.Stop();
-    tSchedule.Stop();
-    tRefreshIcons.Stop();
-    tPlacement.Stop();
+    // The composition, or whoever waits for the user's answer, still needs the window.
+    if (event.CanVeto() && m_murala.Core.Pauses.IsPaused()) {
+        m_isClosePending = true;
+        return event.Veto();
+    }
+    for (wxTimer* timer : {&tSelectItem, &tPreviewUpdate, &tSchedule, &tRefreshIcons, &tPlacement})
+        timer->Stop();
     m_murala.Close();
     event.Skip();
+}
+
+// The system does not wait: what is to be saved is saved at once, and then the window goes. What
+// holds it open - a message that nobody answers - has a moment to end.
+void TfMain::EndSession()
+{
+    m_murala.Close();
+    m_isClosePending = true;
+    if (!m_murala.Core.Pauses.IsPaused())
+        return Later(&TfMain::CloseWhenAsked);
+    for (wxWindow* window : wxTopLevelWindows)
+        if (auto* dialog = dynamic_cast<wxDialog*>(window); dialog != nullptr && dialog->IsModal())
+            dialog->EndModal(wxID_CANCEL);
+    tEnd.StartOnce(EndPatience);
+}
+
+void TfMain::CloseWhenAsked()
+{
+    if (std::exchange(m_isClosePending, false))
+        Close();
 }
 
 } // namespace murala

@@ -3,22 +3,23 @@
 
 #include "uActionBinder.h"
 #include "uInstanceLink.h"
-#include "uListView.h"
 #include "uMurala.h"
 #include "uPreviewPanel.h"
-#include "uSettingsPages.h"
+#include "uWallpaperPanel.h"
 
 #include <optional>
 
 #include <wx/frame.h>
 #include <wx/gauge.h>
+#include <wx/notebook.h>
 #include <wx/splitter.h>
 #include <wx/timer.h>
+#include <wx/weakref.h>
 
 namespace murala
 {
 
-class TfMain : public wxFrame, private TMainView
+class TfMain : public wxFrame, private TMainView, private TListener
 {
 public:
     // Builds the window, invisible, with the settings and the list loaded. Other copies find this
@@ -32,19 +33,21 @@ public:
 
     TMurala& Murala() { return m_murala; }
     TActionList& Actions() { return alMain; }
+    // What an action, a timer or an event has thrown: tells it, and the program goes on.
+    void ReportError(const std::exception& error, TReport report);
 
 private:
     // Building, in this order.
     void BindWallpaperActions();
-    void BindDisplayModeActions();
+    void BindItemActions();
     void BindWindowActions();
     void BindSystemActions();
     void BuildMenuBar();
     void BuildClient();
-    wxWindow* BuildListPanel(wxWindow* parent);
     wxWindow* BuildRightPanel(wxWindow* parent);
     wxWindow* BuildBottomPanel(wxWindow* parent);
     void BindEvents();
+    void BindTimers();
     void BindSplitters();
 
     // Actions.
@@ -56,44 +59,46 @@ private:
     void SetPreviewSize(TPreviewSize size);
 
     // Events.
-    void lvWallpaperKeyDown(wxListEvent& event);
-    void lvWallpaperEndLabelEdit(wxListEvent& event);
-    void lvWallpaperContextMenu(wxContextMenuEvent& event);
-    void lvWallpaperSelectItem(wxListEvent& event);
-    void lvWallpaperSelect();
     void tSelectItemTimer();
     void tPreviewUpdateTimer();
     void tScheduleTimer();
     void StartSchedule();
+    void tRefreshIconsTimer();
     void FormDropFiles(wxDropFilesEvent& event);
-    void WakeUp();
+    void FormCharHook(wxKeyEvent& event);
     void FormClose(wxCloseEvent& event);
+    void FocusList();
+    void WakeUp();
+    void EndSession();
+    void CloseWhenAsked();
     void TrackPlacement();
     void tPlacementTimer();
+    // Once messages are answered; never after the window has gone.
+    void Later(void (TfMain::*what)());
+    void Guard(void (TfMain::*what)());
 
     wxSize DesignSize() const;
     void PlaceSplitters();
     void Place(const TPlacement& placement);
-    void UpdateListHint();
-    std::string CellText(int row, int column) const;
+    void UpdateHints();
+    void ShowSelectionStatus();
 
     // TMainView.
     void ShowMessage(const std::string& text) override;
     void SetStatus(const std::string& text) override;
     void ShowProgress(int position, int range) override;
     void SetBusy(bool busy) override;
-    int SelectedRow() override;
-    std::vector<int> SelectedRows() override;
-    void SelectRow(int row) override;
-    void RowsChanged() override;
-    void RowChanged(int row) override;
-    void ItemChanged() override;
-    void PreviewChanged(bool loadPicture) override;
-    void WallpaperChanged() override;
+    void EnableWindow(bool enable) override;
     bool IsWindowVisible() override;
-    void EnableWindow(bool enable) override { Enable(enable); }
     void MinimiseWindow() override { Iconize(); }
     TPlacement NormalPlacement() override { return m_placement; }
+
+    // TListener.
+    void ItemsChanged(const TItems&) override;
+    void SelectionChanged() override;
+    void CurrentChanged() override;
+    void PreviewChanged(bool loadPicture) override;
+    void PauseChanged() override;
 
     TMurala m_murala;
     TActionList alMain;
@@ -101,22 +106,24 @@ private:
     TServices m_services;
     TInstanceLink& m_link;
 
+    wxPanel* m_client = nullptr;
     wxSplitterWindow* spVertical = nullptr;
     wxSplitterWindow* spHorizontal = nullptr;
-    wxToolBar* tbMain = nullptr;
-    TMuListView* lvWallpaper = nullptr;
+    TWallpaperPanel* m_wallpapers = nullptr;
     TPreviewPanel* iPreview = nullptr;
     wxNotebook* pcEffect = nullptr;
-    std::vector<TSettingsPage*> m_pages;
     wxSize m_pagesSize; // what the largest page needs
     wxGauge* pbMain = nullptr;
     wxStaticText* pStatusText = nullptr;
-    wxTimer tSelectItem, tPreviewUpdate, tSchedule, tRefreshIcons, tPlacement;
+    wxTimer tSelectItem, tPreviewUpdate, tSchedule, tRefreshIcons, tPlacement, tEnd;
     int m_rightWidth = 0, m_previewHeight = 0;
-    bool m_isSelectionPending = false;
     TPlacement m_placement;
     std::optional<wxBusyCursor> m_busyCursor;
-    int m_busyDepth = 0;
+    int m_busyDepth = 0, m_disabledDepth = 0;
+    wxWeakRef<wxWindow> m_focusBefore; // of being disabled
+    bool m_wasEnabled = true;
+    bool m_isStarting = true;
+    bool m_isWakePending = false, m_isClosePending = false;
 };
 
 } // namespace murala

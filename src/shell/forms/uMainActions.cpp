@@ -5,6 +5,7 @@
 #include "uPath.h"
 #include "uPreviewSizes.h"
 #include "uWallpaperSchedule.h"
+#include "uWxBitmap.h"
 
 #include "../resources/murala.xpm"
 
@@ -37,125 +38,132 @@ std::optional<std::string> SamplesFolder(const std::string& programFile)
 
 } // namespace
 
+// Every action in one place: what it does, when it can be done, when it is checked.
+
 void TfMain::BindWallpaperActions()
 {
-    const auto hasSelection = [this] { return lvWallpaper->GetSelectedItemCount() > 0; };
-    const auto bind = [this](std::string_view name, std::function<void()> execute,
+    TSelection& selection = m_murala.Core.Selection;
+    const auto bind = [this](TActionId id, std::function<void()> execute,
                              std::function<bool()> enabled = {}) {
-        alMain[name].OnExecute = std::move(execute);
-        alMain[name].OnEnabled = std::move(enabled);
+        alMain[id].OnExecute = std::move(execute);
+        alMain[id].OnEnabled = std::move(enabled);
     };
-    bind("aAdd", [this] { aAddExecute(); });
+    const auto has = [this](int count) {
+        return [this, count] { return m_murala.Core.List.Count() >= count; };
+    };
+    // For the one item that is meant.
+    const auto bindItem = [&](TActionId id, std::function<void(TMuWallpaper&)> execute) {
+        bind(
+            id, [&selection, execute] { execute(*selection.Item()); },
+            [&selection] { return selection.Count() > 0; });
+    };
+    bind(aAdd, [this] { aAddExecute(); });
+    bindItem(aRemove, [this](TMuWallpaper&) { m_murala.Desk.RemoveSelected(); });
+    bindItem(aRename, [this](TMuWallpaper&) { m_wallpapers->EditTitle(); });
     bind(
-        "aRemove", [this] { m_murala.RemoveSelected(); }, hasSelection);
+        aSelectAll, [&selection] { selection.SelectAll(); }, has(1));
+    bindItem(aApply, [this](TMuWallpaper& item) { m_murala.Applier.Apply(item); });
+    bindItem(aApplyAndMinimize, [this](TMuWallpaper& item) {
+        m_murala.Applier.Apply(item);
+        Iconize();
+    });
     bind(
-        "aApply", [this] { m_murala.ApplySelected(); }, hasSelection);
+        aNext, [this] { m_murala.Applier.Next(); }, has(2));
     bind(
-        "aApplyAndMinimize",
-        [this] {
-            m_murala.ApplySelected();
-            Iconize();
-        },
-        hasSelection);
-    bind(
-        "aSelectAll", [this] { lvWallpaper->SelectAll(); },
-        [this] { return m_murala.List.Count() > 0; });
-    bind(
-        "aRename", [this] { lvWallpaper->EditLabel(SelectedRow()); }, hasSelection);
-    bind(
-        "aNext", [this] { m_murala.Next(); }, [this] { return m_murala.List.Count() > 1; });
-    bind(
-        "aPrevious", [this] { m_murala.Previous(); }, [this] { return m_murala.List.Count() > 0; });
-    bind(
-        "aDesktopColor", [this] { aDesktopColorExecute(); }, hasSelection);
+        aPrevious, [this] { m_murala.Applier.Previous(); }, has(1));
+    bindItem(aShellOpen, [this](TMuWallpaper& i) { m_murala.Session.Open(i, TShellVerb::Open); });
+    bindItem(aShellEdit, [this](TMuWallpaper& i) { m_murala.Session.Open(i, TShellVerb::Edit); });
+    bindItem(aDesktopColor, [this](TMuWallpaper&) { aDesktopColorExecute(); });
 }
 
-void TfMain::BindDisplayModeActions()
+void TfMain::BindItemActions()
 {
-    static constexpr std::string_view names[] = {
-        "aDisplayTiled",       "aDisplayCentered",      "aDisplayStretched",
-        "aDisplayMirrorTiled", "aDisplayFitHorizontal", "aDisplayFitVertical",
+    TSelection& selection = m_murala.Core.Selection;
+    const auto hasSelection = [&selection] { return selection.Count() > 0; };
+    static constexpr TActionId modes[] = {
+        aDisplayTiled,       aDisplayCentered,      aDisplayStretched,
+        aDisplayMirrorTiled, aDisplayFitHorizontal, aDisplayFitVertical,
     };
-    const auto hasSelection = [this] { return m_murala.SelectedItem() != nullptr; };
-    for (std::size_t i = 0; i < std::size(names); ++i) {
+    for (std::size_t i = 0; i < std::size(modes); ++i) {
         const auto mode = static_cast<TDisplayMode>(i);
-        TAction& action = alMain[names[i]];
-        action.OnExecute = [this, mode] { m_murala.SetDisplayMode(mode); };
+        TAction& action = alMain[modes[i]];
+        action.OnExecute = [this, mode] {
+            m_murala.Editor.SetDisplayMode(m_murala.Core.Selection.Items(), mode);
+        };
         action.OnEnabled = hasSelection;
-        action.OnChecked = [this, mode] {
-            const TMuWallpaper* item = m_murala.SelectedItem();
+        action.OnChecked = [&selection, mode] {
+            const TMuWallpaper* item = selection.Item();
             return item != nullptr && item->DisplayMode == mode;
         };
     }
-    alMain["aDisplayNext"].OnExecute = [this] { m_murala.StepDisplayMode(); };
-    alMain["aDisplayNext"].OnEnabled = hasSelection;
+    alMain[aDisplayNext].OnExecute = [this] {
+        m_murala.Editor.StepDisplayMode(m_murala.Core.Selection.Items());
+    };
+    alMain[aDisplayNext].OnEnabled = hasSelection;
+
+    TAction& transparent = alMain[aTransparentIcons];
+    transparent.OnExecute = [this] {
+        m_murala.Editor.ToggleTransparentIcons(m_murala.Core.Selection.Items());
+    };
+    transparent.OnEnabled = [this, hasSelection] {
+        return hasSelection() && m_services.IconView.CanBeAsked();
+    };
+    transparent.OnChecked = [&selection] {
+        const TMuWallpaper* item = selection.Item();
+        return item != nullptr && item->TransparentIcons;
+    };
 }
 
 void TfMain::BindWindowActions()
 {
-    static constexpr std::string_view sizes[] = {"aMiniSize", "aNormalSize", "aLargeSize"};
-    for (const TPreviewSize size : {psMini, psNormal, psLarge}) {
-        alMain[sizes[size]].OnExecute = [this, size] { SetPreviewSize(size); };
-        alMain[sizes[size]].OnChecked = [this, size] {
-            return m_murala.Settings.PreviewSize == size;
+    static constexpr TActionId sizes[] = {aMiniSize, aNormalSize, aLargeSize};
+    for (std::size_t i = 0; i < std::size(sizes); ++i) {
+        const auto size = static_cast<TPreviewSize>(i);
+        alMain[sizes[i]].OnExecute = [this, size] { SetPreviewSize(size); };
+        alMain[sizes[i]].OnChecked = [this, size] {
+            return m_murala.Core.Settings.PreviewSize == size;
         };
     }
-    alMain["aExit"].OnExecute = [this] { Close(); };
-    alMain["aAbout"].OnExecute = [this] { aAboutExecute(); };
+    alMain[aExit].OnExecute = [this] { Close(); };
+    alMain[aAbout].OnExecute = [this] { aAboutExecute(); };
 }
 
 void TfMain::BindSystemActions()
 {
-    const auto hasSelection = [this] { return m_murala.SelectedItem() != nullptr; };
-    TAction& transparent = alMain["aTransparentIcons"];
-    transparent.OnExecute = [this] { m_murala.ToggleTransparentIcons(); };
-    transparent.OnEnabled = hasSelection;
-    transparent.OnChecked = [this] {
-        const TMuWallpaper* item = m_murala.SelectedItem();
-        return item != nullptr && item->TransparentIcons;
-    };
-    alMain["aShellOpen"].OnExecute = [this] { m_murala.OpenSelected(TShellVerb::Open); };
-    alMain["aShellOpen"].OnEnabled = hasSelection;
-    alMain["aShellEdit"].OnExecute = [this] { m_murala.OpenSelected(TShellVerb::Edit); };
-    alMain["aShellEdit"].OnEnabled = hasSelection;
-    alMain["aDisplayProperties"].OnExecute = [this] { m_murala.OpenDisplayProperties(); };
-    alMain["aSchedule"].OnExecute = [this] { aScheduleExecute(); };
+    TSessionEntry& session = m_murala.Session;
+    const TMuSettings& settings = m_murala.Core.Settings;
+    alMain[aDisplayProperties].OnExecute = [&session] { session.OpenDisplayProperties(); };
+    alMain[aSchedule].OnExecute = [this] { aScheduleExecute(); };
 
-    TAction& shell = alMain["aShellIntegration"];
-    shell.OnExecute = [this] { m_murala.SetShellIntegration(!m_murala.IsShellIntegrated()); };
-    shell.OnChecked = [this] { return m_murala.IsShellIntegrated(); };
+    TAction& shell = alMain[aShellIntegration];
+    shell.OnExecute = [&session] { session.SetShellIntegration(!session.IsShellIntegrated()); };
+    shell.OnChecked = [&session] { return session.IsShellIntegrated(); };
 
-    TAction& start = alMain["aStartAtStartup"];
-    start.OnExecute = [this] { m_murala.SetStartAtStartup(!m_murala.StartAtStartup()); };
-    start.OnChecked = [this] { return m_murala.StartAtStartup(); };
-    TAction& apply = alMain["aApplyOnStartup"];
-    apply.OnExecute = [this] { m_murala.SetApplyOnStartup(!m_murala.Settings.ApplyOnStartup); };
-    apply.OnChecked = [this] { return m_murala.Settings.ApplyOnStartup; };
-    apply.OnEnabled = [this] { return m_murala.StartAtStartup(); };
-    TAction& next = alMain["aNextOnStartup"];
-    next.OnExecute = [this] { m_murala.SetNextOnStartup(!m_murala.Settings.NextOnStartup); };
-    next.OnChecked = [this] { return m_murala.Settings.NextOnStartup; };
-    next.OnEnabled = [this] {
-        return m_murala.StartAtStartup() && m_murala.Settings.ApplyOnStartup;
-    };
+    TAction& start = alMain[aStartAtStartup];
+    start.OnExecute = [&session] { session.SetStartAtStartup(!session.StartAtStartup()); };
+    start.OnChecked = [&session] { return session.StartAtStartup(); };
+    TAction& apply = alMain[aApplyOnStartup];
+    apply.OnExecute = [&] { session.SetApplyOnStartup(!settings.ApplyOnStartup); };
+    apply.OnChecked = [&settings] { return settings.ApplyOnStartup; };
+    apply.OnEnabled = [&session] { return session.StartAtStartup(); };
+    TAction& next = alMain[aNextOnStartup];
+    next.OnExecute = [&] { session.SetNextOnStartup(!settings.NextOnStartup); };
+    next.OnChecked = [&settings] { return settings.NextOnStartup; };
+    next.OnEnabled = [&] { return session.StartAtStartup() && settings.ApplyOnStartup; };
 }
 
-// The schedule waits: a change would move the selection under the dialog.
 int TfMain::RunModal(wxDialog& dialog)
 {
-    tSchedule.Stop();
-    const int result = dialog.ShowModal();
-    StartSchedule();
-    return result;
+    const TPauseScope pause(m_murala.Core.Pauses);
+    return dialog.ShowModal();
 }
 
 void TfMain::aAddExecute()
 {
+    std::string folder = m_murala.Core.Settings.WallpaperPath;
     // A first add begins where there is something to see.
-    const std::string folder =
-        m_murala.List.Count() == 0
-            ? SamplesFolder(m_services.ProgramFile).value_or(m_murala.Settings.WallpaperPath)
-            : m_murala.Settings.WallpaperPath;
+    if (folder.empty() || folder == m_services.ProgramFolder)
+        folder = SamplesFolder(m_services.ProgramFile).value_or(folder);
     wxFileDialog dialog(this, "Add", ToWx(folder), "", PictureFilter,
                         wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
     if (RunModal(dialog) != wxID_OK)
@@ -167,24 +175,22 @@ void TfMain::aAddExecute()
         files.push_back(path.utf8_string());
     if (files.empty())
         return;
-    m_murala.AddFiles(files);
-    m_murala.RememberFolder(FolderPart(files.front()));
+    m_murala.Desk.AddFiles(files);
+    m_murala.Desk.RememberFolder(FolderPart(files.front()));
 }
 
 void TfMain::aDesktopColorExecute()
 {
-    const TMuWallpaper* item = m_murala.SelectedItem();
-    if (item == nullptr || m_murala.Updating)
+    const TItems items = m_murala.Core.Selection.Items();
+    const TMuWallpaper* item = m_murala.Core.Selection.Item();
+    if (item == nullptr || m_murala.Core.Updating)
         return;
     wxColourData preset;
     preset.SetChooseFull(true);
     preset.SetColour(ToWxColour(item->DesktopColor));
     wxColourDialog cdColor(this, &preset);
-    if (RunModal(cdColor) != wxID_OK)
-        return;
-    // Files handed over meanwhile have moved the selection.
-    SelectRow(m_murala.List.IndexOf(item));
-    m_murala.SetDesktopColor(FromWxColour(cdColor.GetColourData().GetColour()));
+    if (RunModal(cdColor) == wxID_OK)
+        m_murala.Editor.SetDesktopColor(items, FromWxColour(cdColor.GetColourData().GetColour()));
 }
 
 void TfMain::aAboutExecute()
@@ -195,35 +201,35 @@ void TfMain::aAboutExecute()
     info.SetDescription("Shows your pictures on the desktop.");
     info.SetCopyright("(C) 2026 The Murala developers");
     info.SetIcon(wxICON(murala));
+    const TPauseScope pause(m_murala.Core.Pauses);
     wxAboutBox(info, this);
 }
 
 void TfMain::aScheduleExecute()
 {
-    TfSchedule dialog(this, ScheduleOf(m_murala.Settings), m_murala.Settings.LastChangeDate);
-    if (RunModal(dialog) != wxID_OK)
-        return;
-    m_murala.SetSchedule(dialog.Schedule());
-    tScheduleTimer();
+    TfSchedule dialog(this, ScheduleOf(m_murala.Core.Settings),
+                      m_murala.Core.Settings.LastChangeDate);
+    if (RunModal(dialog) == wxID_OK)
+        m_murala.Ticker.SetSchedule(dialog.Schedule());
+    StartSchedule();
 }
 
 void TfMain::SetPreviewSize(TPreviewSize size)
 {
-    size = size >= psMini && size <= psLarge ? size : psNormal;
-    const bool updating = m_murala.Updating;
+    if (size < psMini || size > psLarge)
+        size = psNormal;
     {
         const wxWindowUpdateLocker lock(this);
-        m_murala.Updating = true;
+        const TValueScope updating(m_murala.Core.Updating, true);
         const wxSize preview = FromDIP(wxSize(PreviewSizes[size].first, PreviewSizes[size].second));
-        m_murala.Settings.PreviewSize = size;
+        m_murala.Core.Settings.PreviewSize = size;
         // The pages below keep the width that they need.
         m_rightWidth = std::max(preview.x, m_pagesSize.x);
         m_previewHeight = preview.y;
         PlaceSplitters();
-        m_murala.Updating = updating;
     }
     PreviewChanged(false);
-    m_murala.SaveSettings(TSaveFlags().set(sfPreviewSize));
+    m_murala.Storage.SaveSettings(TSaveFlags().set(sfPreviewSize));
 }
 
 } // namespace murala

@@ -2,11 +2,12 @@
 
 #include "uMain.h"
 
-#include "uListColumn.h"
 #include "uPath.h"
 #include "uText.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <new>
 #include <utility>
 
 namespace murala
@@ -23,31 +24,23 @@ constexpr int ScheduleInterval = 1000;
 
 void TfMain::BindEvents()
 {
-    lvWallpaper->Bind(wxEVT_LIST_ITEM_SELECTED, &TfMain::lvWallpaperSelectItem, this);
-    lvWallpaper->Bind(wxEVT_LIST_ITEM_DESELECTED, &TfMain::lvWallpaperSelectItem, this);
-    lvWallpaper->Bind(wxEVT_LIST_ITEM_ACTIVATED,
-                      [this](wxListEvent&) { m_murala.ApplySelected(); });
-    lvWallpaper->Bind(wxEVT_LIST_COL_CLICK, [this](wxListEvent& event) {
-        m_murala.SortByColumn(static_cast<TListColumn>(event.GetColumn()));
-        lvWallpaper->ShowSortIndicator(event.GetColumn(), m_murala.IsSortAscending());
-    });
-    lvWallpaper->Bind(wxEVT_LIST_KEY_DOWN, &TfMain::lvWallpaperKeyDown, this);
-    lvWallpaper->Bind(wxEVT_LIST_END_LABEL_EDIT, &TfMain::lvWallpaperEndLabelEdit, this);
-    lvWallpaper->Bind(wxEVT_CONTEXT_MENU, &TfMain::lvWallpaperContextMenu, this);
     iPreview->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) {
-        const std::unique_ptr<wxMenu> menu(
-            m_binder.NewMenu({"aMiniSize", "aNormalSize", "aLargeSize"}));
-        PopupMenu(menu.get());
+        const std::unique_ptr<wxMenu> pmPreview(
+            m_binder.NewMenu({aMiniSize, aNormalSize, aLargeSize}));
+        const TPauseScope pause(m_murala.Core.Pauses);
+        PopupMenu(pmPreview.get());
     });
-    BindSplitters();
     iPreview->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
-        if (!m_murala.Updating && !tSelectItem.IsRunning())
+        if (!m_murala.Core.Updating && !tSelectItem.IsRunning())
             PreviewChanged(false);
     });
-    tSelectItem.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { tSelectItemTimer(); });
-    tPreviewUpdate.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { tPreviewUpdateTimer(); });
+    BindSplitters();
+    BindTimers();
+    alMain.BeforeExecute = [this] { m_wallpapers->View().TellSelection(); };
     Bind(wxEVT_CLOSE_WINDOW, &TfMain::FormClose, this);
+    Bind(wxEVT_CHAR_HOOK, &TfMain::FormCharHook, this);
+    Bind(wxEVT_DROP_FILES, &TfMain::FormDropFiles, this);
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
         TrackPlacement();
@@ -56,10 +49,47 @@ void TfMain::BindEvents()
         event.Skip();
         TrackPlacement();
     });
-    tPlacement.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { tPlacementTimer(); });
-    tSchedule.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { tScheduleTimer(); });
-    tRefreshIcons.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { m_murala.RefreshTick(); });
-    Bind(wxEVT_DROP_FILES, &TfMain::FormDropFiles, this);
+    // What was not loaded while nobody saw it.
+    Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
+        event.Skip();
+        if (!event.IsIconized())
+            PreviewChanged(true);
+    });
+}
+
+void TfMain::BindTimers()
+{
+    const auto bind = [this](wxTimer& timer, void (TfMain::*tick)()) {
+        timer.Bind(wxEVT_TIMER, [this, tick](wxTimerEvent&) { Guard(tick); });
+    };
+    bind(tSelectItem, &TfMain::tSelectItemTimer);
+    bind(tPreviewUpdate, &TfMain::tPreviewUpdateTimer);
+    bind(tSchedule, &TfMain::tScheduleTimer);
+    bind(tPlacement, &TfMain::tPlacementTimer);
+    bind(tRefreshIcons, &TfMain::tRefreshIconsTimer);
+    // Everything is saved; a message that nobody answers must not hold up the end of the session.
+    tEnd.Bind(wxEVT_TIMER, [](wxTimerEvent&) { std::_Exit(0); });
+}
+
+// One net for everything that happens by itself; what the user starts has the action list's.
+void TfMain::Guard(void (TfMain::*what)())
+{
+    try {
+        (this->*what)();
+    } catch (const std::exception& error) {
+        ReportError(error, TReport::StatusLine);
+    }
+}
+
+void TfMain::Later(void (TfMain::*what)())
+{
+    CallAfter([this, what] { Guard(what); });
+}
+
+void TfMain::ReportError(const std::exception& error, TReport report)
+{
+    const bool isMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
+    m_murala.Core.Report(report, isMemory ? "There is not enough memory for this." : error.what());
 }
 
 // The right panel keeps its width and the preview its height when the window gets another size, as
@@ -91,65 +121,43 @@ void TfMain::PlaceSplitters()
     spHorizontal->SetSashPosition(m_previewHeight);
 }
 
-void TfMain::lvWallpaperKeyDown(wxListEvent& event)
+// Keys that controls would keep for themselves.
+void TfMain::FormCharHook(wxKeyEvent& event)
 {
-    if (event.GetKeyCode() == WXK_DELETE || event.GetKeyCode() == WXK_NUMPAD_DELETE)
-        alMain["aRemove"].Execute();
-    else if (event.GetKeyCode() == 'A' && wxGetKeyState(WXK_CONTROL))
-        alMain["aSelectAll"].Execute();
+    if (event.GetModifiers() == wxMOD_ALT && event.GetKeyCode() == WXK_RIGHT)
+        alMain.Execute(aNext);
+    else if (event.GetModifiers() == wxMOD_ALT && event.GetKeyCode() == WXK_LEFT)
+        alMain.Execute(aPrevious);
     else
         event.Skip();
 }
 
-void TfMain::lvWallpaperEndLabelEdit(wxListEvent& event)
-{
-    const wxString title = wxString(event.GetLabel()).Trim().Trim(false);
-    event.Veto(); // the row's text comes from the list
-    if (!event.IsEditCancelled() && !title.empty())
-        m_murala.Rename(static_cast<int>(event.GetIndex()), title.utf8_string());
-}
-
-void TfMain::lvWallpaperContextMenu(wxContextMenuEvent&)
-{
-    const std::unique_ptr<wxMenu> pmWallpaper(m_binder.NewMenu(
-        {"aSelectAll", "-", "aChangeCategory", "-", "aAdd", "aRemove", "aRename", "-",
-         "aRefreshThumbnail", "-", "&Shell>", "aShellOpen", "aShellEdit", "<", "-", "aApply"}));
-    PopupMenu(pmWallpaper.get());
-}
-
-// Selecting ten thousand rows makes as many events; they are answered together.
-void TfMain::lvWallpaperSelectItem(wxListEvent&)
-{
-    if (!std::exchange(m_isSelectionPending, true))
-        CallAfter([this] { lvWallpaperSelect(); });
-}
-
-void TfMain::lvWallpaperSelect()
-{
-    m_isSelectionPending = false;
-    ItemChanged();
-    PreviewChanged(true);
-    SetStatus(m_murala.StatusText());
-}
-
 void TfMain::tSelectItemTimer()
 {
-    if (m_murala.SelectedItem() == nullptr) {
-        m_murala.ReleasePreview();
+    if (!IsWindowVisible())
+        return;
+    if (m_murala.Core.Selection.Item() == nullptr) {
+        m_murala.Preview.Release();
         return iPreview->ShowText("");
     }
     const TBusyScope busy(*this);
-    const std::string problem = m_murala.LoadPreview();
+    const std::string problem = m_murala.Preview.Load();
     if (problem.empty())
         tPreviewUpdateTimer();
     else
         iPreview->ShowText(ToWx(problem));
-    SetStatus(m_murala.StatusText());
+    ShowSelectionStatus();
 }
 
 void TfMain::tPreviewUpdateTimer()
 {
-    const TBitmap picture = m_murala.PreviewPicture(iPreview->PictureWidth(m_murala.ScreenSize()));
+    if (!IsWindowVisible())
+        return;
+    // The picture was edited outside.
+    if (m_murala.Preview.IsOutOfDate())
+        return PreviewChanged(true);
+    const TSize screen = m_services.Desktop.ScreenSize();
+    const TBitmap picture = m_murala.Preview.Picture(iPreview->PictureWidth(screen));
     if (picture.Width() > 0)
         iPreview->ShowPicture(picture);
 }
@@ -157,15 +165,21 @@ void TfMain::tPreviewUpdateTimer()
 // Restarted after each tick, so that a slow change is never entered again.
 void TfMain::tScheduleTimer()
 {
-    tSchedule.Stop();
-    m_murala.ScheduleTick();
+    m_murala.Ticker.ScheduleTick();
     StartSchedule();
 }
 
 void TfMain::StartSchedule()
 {
-    if (m_murala.Settings.UseSchedule)
+    if (m_murala.Core.Settings.UseSchedule && !m_murala.Core.Pauses.IsPaused())
         tSchedule.StartOnce(ScheduleInterval);
+    else
+        tSchedule.Stop();
+}
+
+void TfMain::tRefreshIconsTimer()
+{
+    m_murala.Ticker.RefreshTick();
 }
 
 void TfMain::FormDropFiles(wxDropFilesEvent& event)
@@ -175,24 +189,19 @@ void TfMain::FormDropFiles(wxDropFilesEvent& event)
         if (std::string file = event.GetFiles()[i].utf8_string(); HasPictureExtension(file))
             pictures.push_back(std::move(file));
     if (!pictures.empty())
-        m_murala.AddFiles(pictures);
-}
-
-std::string TfMain::CellText(int row, int column) const
-{
-    return ColumnText(static_cast<TListColumn>(column), m_murala.List.Item(row));
-}
-
-void TfMain::UpdateListHint()
-{
-    lvWallpaper->SetToolTip(m_murala.List.Count() > 0
-                                ? "Double-Click to set wallpaper. OR Right-Click for popup menu."
-                                : "Right-Click for popup menu.");
+        m_murala.Desk.AddFiles(pictures);
 }
 
 void TfMain::ShowMessage(const std::string& text)
 {
-    wxMessageBox(ToWx(text), "Murala", wxOK | wxICON_INFORMATION, IsShown() ? this : nullptr);
+    // The hourglass is for work, not for a question.
+    const TValueScope depth(m_busyDepth, 0);
+    const bool wasBusy = m_busyCursor.has_value();
+    m_busyCursor.reset();
+    wxMessageBox(ToWx(text), "Murala", wxOK | wxICON_INFORMATION | wxCENTRE,
+                 IsShown() ? this : nullptr);
+    if (wasBusy)
+        m_busyCursor.emplace();
 }
 
 void TfMain::SetStatus(const std::string& text)
@@ -224,63 +233,86 @@ void TfMain::SetBusy(bool busy)
         m_busyCursor.emplace();
 }
 
-int TfMain::SelectedRow()
+// Disabled, the window loses the focus.
+void TfMain::EnableWindow(bool enable)
 {
-    return lvWallpaper->SelectedRow();
+    m_disabledDepth += enable ? -1 : 1;
+    if (!enable && m_disabledDepth == 1) {
+        m_wasEnabled = IsThisEnabled();
+        m_focusBefore = FindFocus();
+        Disable();
+    } else if (enable && m_disabledDepth == 0 && m_wasEnabled) {
+        Enable();
+        if (m_focusBefore && wxGetTopLevelParent(m_focusBefore) == this && IsActive())
+            m_focusBefore->SetFocus();
+    }
 }
 
-std::vector<int> TfMain::SelectedRows()
+bool TfMain::IsWindowVisible()
 {
-    return lvWallpaper->SelectedRows();
+    if (m_isStarting)
+        return m_murala.Core.Settings.WindowState;
+    return IsShown() && !IsIconized();
 }
 
-void TfMain::SelectRow(int row)
+void TfMain::UpdateHints()
 {
-    lvWallpaper->SelectOnly(row);
-}
-
-void TfMain::RowsChanged()
-{
-    lvWallpaper->SetItemCount(m_murala.List.Count());
-    lvWallpaper->Refresh();
-    UpdateListHint();
-}
-
-void TfMain::RowChanged(int row)
-{
-    lvWallpaper->RefreshItem(row);
-}
-
-void TfMain::ItemChanged()
-{
-    const TMuWallpaper* item = m_murala.SelectedItem();
-    for (TSettingsPage* page : m_pages)
-        page->ShowItem(item);
-    alMain["aDisplayNext"].Hint =
+    const TMuWallpaper* item = m_murala.Core.Selection.Item();
+    alMain[aDisplayNext].Hint =
         item != nullptr && item->DisplayMode < std::size(DisplayModeNames)
             ? FormatText("Display (%s)", {DisplayModeNames[item->DisplayMode]})
             : "Display";
+    alMain[aTransparentIcons].Hint = m_services.IconView.CanBeAsked()
+                                         ? "Transparent Icons"
+                                         : "This desktop has no icon list that can be asked for it";
+}
+
+void TfMain::ShowSelectionStatus()
+{
+    const std::string& problem = m_murala.Core.Problem;
+    SetStatus(problem.empty() ? m_murala.Preview.StatusText() : problem);
+}
+
+void TfMain::ItemsChanged(const TItems&)
+{
+    UpdateHints();
+    ShowSelectionStatus();
+}
+
+void TfMain::SelectionChanged()
+{
+    UpdateHints();
+    PreviewChanged(true);
+    ShowSelectionStatus();
+}
+
+void TfMain::CurrentChanged()
+{
+    // Painting the desktop anew may have painted over the window.
+    Refresh();
 }
 
 void TfMain::PreviewChanged(bool loadPicture)
 {
+    if (!IsWindowVisible())
+        return;
     if (loadPicture) {
-        iPreview->ShowText(m_murala.SelectedItem() != nullptr ? "Loading..." : "");
+        iPreview->ShowText(m_murala.Core.Selection.Item() != nullptr ? "Loading..." : "");
         tSelectItem.StartOnce(SettleTime);
     } else {
         tPreviewUpdate.StartOnce(SettleTime);
     }
 }
 
-void TfMain::WallpaperChanged()
+void TfMain::PauseChanged()
 {
-    // The current row changed; and painting the desktop anew may have painted over the window.
-    Refresh();
-}
-
-bool TfMain::IsWindowVisible()
-{
-    return IsShown() && !IsIconized();
+    StartSchedule();
+    if (m_murala.Core.Pauses.IsPaused())
+        return;
+    if (m_isClosePending)
+        Later(&TfMain::CloseWhenAsked);
+    else if (m_isWakePending)
+        Later(&TfMain::WakeUp);
 }
 
 } // namespace murala

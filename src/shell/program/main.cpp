@@ -1,13 +1,12 @@
 #include "uMain.h"
+#include "uMuralaApp.h"
 #include "uProgramEntry.h"
 #include "uProgramFolder.h"
-
-#include <wx/app.h>
 
 namespace murala
 {
 
-class TMuralaApp : public wxApp
+class TProgramApp : public TMuralaApp
 {
 public:
     bool OnInit() override
@@ -32,4 +31,4 @@ private:
 
 } // namespace murala
 
-wxIMPLEMENT_APP(murala::TMuralaApp);
+wxIMPLEMENT_APP(murala::TProgramApp);

@@ -1,0 +1,81 @@
+#include "uChannelBars.h"
+
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+
+namespace murala
+{
+
+namespace
+{
+
+constexpr const char* Captions[] = {"All &Colours", "&Red", "&Green", "&Blue"};
+constexpr int SettlingTime = 300; // milliseconds
+constexpr int BarWidth = 104;     // DIPs
+
+} // namespace
+
+TChannelBars::TChannelBars(wxWindow* parent, TChannelRange range, const TNames& names)
+    : wxPanel(parent)
+{
+    auto* rows = new wxFlexGridSizer(2, FromDIP(wxSize(4, 2)));
+    rows->AddGrowableCol(1);
+    for (std::size_t i = 0; i < m_bars.size(); ++i) {
+        rows->Add(new wxStaticText(this, wxID_ANY, Captions[i]), wxSizerFlags().CenterVertical());
+        m_bars[i] = new wxSlider(this, wxID_ANY, range.Maximum, range.Minimum, range.Maximum,
+                                 wxDefaultPosition, wxSize(FromDIP(BarWidth), -1),
+                                 wxSL_HORIZONTAL | wxSL_AUTOTICKS, wxDefaultValidator, names[i]);
+        m_bars[i]->SetPageSize(range.Page);
+        m_bars[i]->SetTickFreq(range.Page);
+        const auto channel = static_cast<TChannel>(i);
+        m_bars[i]->Bind(wxEVT_SLIDER, [this, channel](wxCommandEvent&) { Scroll(channel); });
+        m_bars[i]->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+            event.Skip();
+            Settle();
+        });
+        rows->Add(m_bars[i], wxSizerFlags(1).Expand().CenterVertical());
+    }
+    SetSizer(rows);
+    m_settling.Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
+        if (OnSettled)
+            OnSettled();
+    });
+}
+
+void TChannelBars::Show(TChannel channel, int value)
+{
+    wxSlider* bar = m_bars[static_cast<std::size_t>(channel)];
+    bar->SetValue(value);
+    bar->SetToolTip(wxString::Format("%d", value));
+}
+
+void TChannelBars::ShowTint(const TTint& tint)
+{
+    Show(TChannel::All, tint.IsGrey() ? tint.Red : 0);
+    Show(TChannel::Red, tint.Red);
+    Show(TChannel::Green, tint.Green);
+    Show(TChannel::Blue, tint.Blue);
+}
+
+void TChannelBars::Scroll(TChannel channel)
+{
+    const int value = m_bars[static_cast<std::size_t>(channel)]->GetValue();
+    if (channel == TChannel::All)
+        ShowTint({value, value, value});
+    else
+        Show(channel, value);
+    if (OnChange)
+        OnChange(channel, value);
+    m_settling.StartOnce(SettlingTime);
+}
+
+void TChannelBars::Settle()
+{
+    if (!m_settling.IsRunning())
+        return;
+    m_settling.Stop();
+    if (OnSettled)
+        OnSettled();
+}
+
+} // namespace murala

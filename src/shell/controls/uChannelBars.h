@@ -1,0 +1,47 @@
+// The four sliders of a colour: all channels together, red, green, blue.
+#pragma once
+
+#include "uColor.h"
+
+#include <array>
+#include <functional>
+
+#include <wx/panel.h>
+#include <wx/slider.h>
+#include <wx/timer.h>
+
+namespace murala
+{
+
+// Values, and how far a page key moves.
+struct TChannelRange {
+    int Minimum, Maximum, Page;
+};
+inline constexpr TChannelRange TintRange{-256, 255, 40};
+
+class TChannelBars : public wxPanel
+{
+public:
+    // The user moves a slider; then, once, that it stays where it is.
+    std::function<void(TChannel channel, int value)> OnChange;
+    std::function<void()> OnSettled;
+
+    // The window names of the sliders, by TChannel.
+    using TNames = std::array<const char*, 4>;
+    TChannelBars(wxWindow* parent, TChannelRange range, const TNames& names);
+
+    // Nobody is told. Where the channels differ no position of the slider for all of them is right:
+    // it stands at 0.
+    void ShowTint(const TTint& tint);
+    // Tells at once of what has not settled yet.
+    void Settle();
+
+private:
+    void Scroll(TChannel channel);
+    void Show(TChannel channel, int value);
+
+    std::array<wxSlider*, 4> m_bars{};
+    wxTimer m_settling;
+};
+
+} // namespace murala

@@ -1,0 +1,16 @@
+// Colours and pictures of the window system and ours.
+#pragma once
+
+#include "uBitmap.h"
+
+#include <wx/colour.h>
+#include <wx/image.h>
+
+namespace murala
+{
+
+wxColour ToWxColour(TColor color);
+TColor FromWxColour(const wxColour& colour);
+wxImage ToWxImage(const TBitmap& bitmap);
+
+} // namespace murala

@@ -1,0 +1,34 @@
+#include "uSettingsPage.h"
+
+#include <algorithm>
+
+#include <wx/sizer.h>
+
+namespace murala
+{
+
+TSettingsPage::TSettingsPage(wxWindow* parent, TMurala& murala, const wxString& name)
+    : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                       wxTAB_TRAVERSAL | wxVSCROLL | wxHSCROLL, name),
+      m_murala(murala)
+{
+}
+
+void TSettingsPage::Finish(wxSizer* content)
+{
+    auto* frame = new wxBoxSizer(wxVERTICAL);
+    frame->Add(content, wxSizerFlags(1).Expand().DoubleBorder());
+    SetSizer(frame);
+    SetScrollRate(FromDIP(8), FromDIP(8));
+    FitInside();
+    m_murala.Core.Listeners.Add(*this);
+}
+
+void TSettingsPage::ItemsChanged(const TItems& items)
+{
+    const TMuWallpaper* shown = m_murala.Core.Selection.Item();
+    if (std::ranges::find(items, shown) != items.end())
+        ShowItem(shown);
+}
+
+} // namespace murala

@@ -1,0 +1,34 @@
+// A page of pcEffect: shows and changes the settings of the selected wallpapers.
+#pragma once
+
+#include "uListeners.h"
+#include "uMurala.h"
+
+#include <wx/scrolwin.h>
+
+namespace murala
+{
+
+// A page scrolls where the window is too small for it, so that nothing is cut.
+class TSettingsPage : public wxScrolledWindow, protected TListener
+{
+public:
+    ~TSettingsPage() override { m_murala.Core.Listeners.Remove(*this); }
+
+protected:
+    TSettingsPage(wxWindow* parent, TMurala& murala, const wxString& name);
+    // Shows the item's values; null: there is none, and everything is disabled.
+    virtual void ShowItem(const TMuWallpaper* item) = 0;
+    // Adds the margin, makes the scroll range and shows what is selected from now on.
+    void Finish(wxSizer* content);
+
+    TItems Items() const { return m_murala.Core.Selection.Items(); }
+
+    TMurala& m_murala;
+
+private:
+    void SelectionChanged() override { ShowItem(m_murala.Core.Selection.Item()); }
+    void ItemsChanged(const TItems& items) override;
+};
+
+} // namespace murala

@@ -1,0 +1,21 @@
+#include "uMuralaApp.h"
+
+#include "uMain.h"
+
+namespace murala
+{
+
+bool TMuralaApp::OnExceptionInMainLoop()
+{
+    try {
+        throw;
+    } catch (const std::exception& error) {
+        if (auto* main = dynamic_cast<TfMain*>(GetTopWindow()))
+            main->ReportError(error, TReport::StatusLine);
+    } catch (...) {
+        return wxApp::OnExceptionInMainLoop();
+    }
+    return true;
+}
+
+} // namespace murala

@@ -1,0 +1,16 @@
+// The application: what its windows have in common.
+#pragma once
+
+#include <wx/app.h>
+
+namespace murala
+{
+
+class TMuralaApp : public wxApp
+{
+public:
+    // The last net: what an event's handler has thrown is told, and the program goes on.
+    bool OnExceptionInMainLoop() override;
+};
+
+} // namespace murala

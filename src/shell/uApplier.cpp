@@ -1,0 +1,199 @@
+#include "uApplier.h"
+
+#include "uCompose.h"
+#include "uText.h"
+
+#include <new>
+
+namespace murala
+{
+
+namespace
+{
+
+// Empty when it was started.
+std::string EffectProblem(TEffectStart start, const std::string& effect)
+{
+    switch (start) {
+    case TEffectStart::NotLaunched:
+        return FormatText(EffectNotLaunchedText, {effect});
+    case TEffectStart::RovaneRunning:
+        return std::string(RovaneRunningText);
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+TApplier::TApplier(TCore& core, TStorage& storage, TPreview& preview)
+    : m_core(core), m_storage(storage), m_preview(preview),
+      m_effects(core.Services.ProgramFolder, core.Services.Launcher, core.Services.Siblings,
+                core.Services.MessageLoop)
+{
+}
+
+void TApplier::Apply(TMuWallpaper& item)
+{
+    if (m_isComposing)
+        return;
+    m_core.Selection.SetCurrent(&item);
+    ComposeWallpaper(true);
+}
+
+bool TApplier::ComposeWallpaper(bool startEffect, TReport report)
+{
+    if (m_isComposing)
+        return false;
+    const TValueScope composing(m_isComposing, true);
+    const TPauseScope pause(m_core.Pauses);
+    bool done = false;
+    std::string problem;
+    {
+        const TBusyScope busy(m_core.View);
+        try {
+            if (TMuWallpaper* item = m_core.Selection.Current()) {
+                ComposeItem(*item);
+                done = true;
+                problem = StartEffect(*item, startEffect);
+            }
+        } catch (const std::bad_alloc&) {
+            problem = "There is not enough memory for this wallpaper.";
+        } catch (const std::runtime_error& error) {
+            problem = error.what();
+        }
+    }
+    if (!m_core.View.IsWindowVisible())
+        m_preview.Release();
+    m_core.Services.Siblings.NotifyVeyraWallpaperChange();
+    if (!problem.empty())
+        m_core.Report(report, problem);
+    return done;
+}
+
+void TApplier::ComposeItem(TMuWallpaper& item)
+{
+    TDesktop& desktop = m_core.Services.Desktop;
+    m_core.Problem.clear();
+    const auto source = m_preview.Open(item);
+    if (item.DisplayMode <= dmFitVertically)
+        desktop.WriteTileWallpaper(1);
+    const TBitmap picture = ComposePicture(*source, item, desktop.ScreenSize(), {});
+    const std::string name = WallpaperBitmapName(m_core.Services.Siblings.GetVeyraDesktop());
+    const std::string path =
+        SaveWallpaper(picture, m_core.FilePath(name), desktop.ScreenBitsPerPixel());
+    Install(path, item.DesktopColor);
+    ApplyLabels(item);
+    m_core.Settings.LastChangeDate = m_core.Settings.CalendarDate = m_core.Services.Clock.Now();
+    m_storage.SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
+    m_core.Listeners.Tell(&TListener::CurrentChanged);
+}
+
+void TApplier::Install(const std::string& path, TColor color)
+{
+    // The answer may come when the program has long gone on, or is gone.
+    m_core.Services.Desktop.Install(path, color, [this, alive = std::weak_ptr(m_alive)](bool took) {
+        if (!took && !alive.expired())
+            m_core.Report(TReport::StatusLine, "The desktop did not take the wallpaper.");
+    });
+}
+
+void TApplier::ApplyLabels(const TMuWallpaper& item)
+{
+    if (item.TransparentIcons)
+        SetIconsTransparent(m_core.Services.IconView);
+    else
+        SetIconsOpaque(m_core.Services.IconView, m_core.Services.Desktop);
+}
+
+void TApplier::RefreshColor(const TMuWallpaper& item)
+{
+    if (!m_core.Updating && m_core.Selection.IsCurrent(item))
+        m_core.Services.Desktop.ApplyDesktopColor(item.DesktopColor);
+}
+
+void TApplier::RefreshLabels(const TMuWallpaper& item)
+{
+    if (!m_core.Updating && m_core.Selection.IsCurrent(item))
+        ApplyLabels(item);
+}
+
+bool TApplier::ApplyRow(int row, TReport report)
+{
+    m_preview.Release();
+    m_core.Selection.SetCurrent(&m_core.List.Item(row));
+    m_core.Selection.Select(&m_core.List.Item(row));
+    return ComposeWallpaper(true, report);
+}
+
+bool TApplier::Next(TReport report)
+{
+    if (m_core.List.Count() < 2 || m_isComposing)
+        return false;
+    const int selected = m_core.Selection.Row();
+    const int from = selected >= 0 ? selected : m_core.Selection.CurrentIndex();
+    return ApplyRow((from + 1) % m_core.List.Count(), report);
+}
+
+void TApplier::Previous()
+{
+    if (m_core.List.Count() == 0 || m_isComposing)
+        return;
+    const int selected = m_core.Selection.Row();
+    const int row = (selected >= 0 ? selected : m_core.Selection.CurrentIndex()) - 1;
+    ApplyRow(row < 0 ? m_core.List.Count() - 1 : row, TReport::MessageBox);
+}
+
+bool TApplier::TryRow(int row)
+{
+    if (m_isComposing)
+        return false;
+    TMuWallpaper* before = m_core.Selection.Current();
+    TMuWallpaper* item = &m_core.List.Item(row);
+    m_core.Selection.SetCurrent(item);
+    const bool done = ComposeWallpaper(true, TReport::StatusLine);
+    if (done) {
+        m_preview.Release();
+        m_core.Selection.Select(item);
+    } else {
+        m_core.Selection.SetCurrent(before);
+    }
+    return done;
+}
+
+std::string TApplier::StartEffect(const TMuWallpaper& item, bool startEffect)
+{
+    if (IsNoEffect(item.Effect)) {
+        if (m_core.Selection.Item() == &item)
+            m_effects.CloseRovane();
+        return {};
+    }
+    if (!startEffect)
+        return {};
+    // Messages are let through meanwhile; the item may change.
+    const std::string effect = item.Effect, fileName = item.FileName();
+    const TDisabledScope disabled(m_core.View);
+    return EffectProblem(m_effects.RunEffect(effect, fileName), effect);
+}
+
+void TApplier::RunEffectSettings(TMuWallpaper& item)
+{
+    if (IsNoEffect(item.Effect) || m_isComposing)
+        return;
+    if (!m_core.Selection.IsCurrent(item)) {
+        m_core.Selection.SetCurrent(&item);
+        ComposeWallpaper(false);
+    }
+    m_core.View.MinimiseWindow();
+    const std::string effect = item.Effect, fileName = item.FileName();
+    std::string problem;
+    {
+        const TPauseScope pause(m_core.Pauses);
+        const TDisabledScope disabled(m_core.View);
+        problem = EffectProblem(m_effects.RunEffectSettings(effect, fileName), effect);
+    }
+    if (!problem.empty())
+        m_core.Tell(problem);
+}
+
+} // namespace murala

@@ -1,0 +1,57 @@
+// Putting wallpapers on the desktop, with what belongs to them: colour, labels, effect.
+#pragma once
+
+#include "uEffects.h"
+#include "uPreview.h"
+#include "uStorage.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace murala
+{
+
+class TApplier
+{
+public:
+    TApplier(TCore& core, TStorage& storage, TPreview& preview);
+
+    // Makes it the current wallpaper and puts it on the desktop.
+    void Apply(TMuWallpaper& item);
+    // Composes and installs the current wallpaper. Whether it is on the desktop now.
+    bool ComposeWallpaper(bool startEffect, TReport report = TReport::MessageBox);
+    // The effect's start lets messages through; one of them could ask for the next wallpaper.
+    bool IsComposing() const { return m_isComposing; }
+
+    // Fewer than two wallpapers: nothing. Whether the next one is on the desktop now.
+    bool Next(TReport report = TReport::MessageBox);
+    void Previous();
+    // The row on the desktop, and selected. When it cannot be shown, selection and current
+    // wallpaper stay what they were, and only the status line tells.
+    bool TryRow(int row);
+
+    // Both only when the item is the wallpaper on the desktop.
+    void RefreshColor(const TMuWallpaper& item);
+    void RefreshLabels(const TMuWallpaper& item);
+
+    std::vector<std::string> ListEffects() const { return m_effects.ListEffects(); }
+    // Starts the settings of the item's effect, on the desktop where it has to be.
+    void RunEffectSettings(TMuWallpaper& item);
+
+private:
+    void ComposeItem(TMuWallpaper& item);
+    void Install(const std::string& path, TColor color);
+    void ApplyLabels(const TMuWallpaper& item);
+    std::string StartEffect(const TMuWallpaper& item, bool startEffect);
+    bool ApplyRow(int row, TReport report);
+
+    TCore& m_core;
+    TStorage& m_storage;
+    TPreview& m_preview;
+    TEffects m_effects;
+    bool m_isComposing = false;
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+};
+
+} // namespace murala

@@ -1,0 +1,47 @@
+// What the parts of the program share.
+#pragma once
+
+#include "uScopes.h"
+#include "uSelection.h"
+#include "uServices.h"
+#include "uSettings.h"
+#include "uWallpaper.h"
+
+#include <string>
+#include <string_view>
+
+namespace murala
+{
+
+// What a failure is reported with.
+enum class TReport {
+    MessageBox, // the user asked for it and waits
+    StatusLine, // the program did it by itself, and nobody may be there
+};
+
+struct TCore {
+    TServices Services;
+    TMainView& View;
+    TListeners Listeners;
+    TMuWallpaperList List;
+    TSelection Selection{List, Listeners};
+    TMuSettings Settings;
+    TPauses Pauses{Listeners};
+    // While it is set nothing is saved and nothing is applied again.
+    bool Updating = true;
+    // What went wrong with the wallpaper on the desktop. It stays in the status line until the next
+    // one is applied or the user goes on.
+    std::string Problem;
+
+    TCore(const TServices& services, TMainView& view) : Services(services), View(view) {}
+    TCore(const TCore&) = delete;
+    TCore& operator=(const TCore&) = delete;
+
+    // A file of the program folder.
+    std::string FilePath(std::string_view name) const;
+    // A message box.
+    void Tell(const std::string& text);
+    void Report(TReport report, const std::string& text);
+};
+
+} // namespace murala

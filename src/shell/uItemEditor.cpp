@@ -1,0 +1,132 @@
+#include "uItemEditor.h"
+
+#include "uDisplayMode.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace murala
+{
+
+namespace
+{
+
+TTint WithChannel(TTint tint, TChannel channel, int value)
+{
+    const auto set = [&](TChannel which, int& target) {
+        if (channel == which || channel == TChannel::All)
+            target = value;
+    };
+    set(TChannel::Red, tint.Red);
+    set(TChannel::Green, tint.Green);
+    set(TChannel::Blue, tint.Blue);
+    return tint;
+}
+
+} // namespace
+
+void TItemEditor::Tell(const TItems& items)
+{
+    m_core.Listeners.Tell(&TListener::ItemsChanged, items);
+    if (std::ranges::find(items, m_core.Selection.Item()) != items.end())
+        m_core.Listeners.Tell(&TListener::PreviewChanged, false);
+}
+
+void TItemEditor::SetDisplayMode(const TItems& items, TDisplayMode mode)
+{
+    std::vector<std::string_view> texts;
+    for (TMuWallpaper* item : items) {
+        item->DisplayMode = mode;
+        const TSize image = m_preview.SizeOf(*item);
+        if (image.Width == 0)
+            continue;
+        for (const std::string_view text :
+             CheckDisplayMode(item->DisplayMode, image, m_core.Services.Desktop.ScreenSize()))
+            if (std::ranges::find(texts, text) == texts.end())
+                texts.push_back(text);
+    }
+    Tell(items);
+    m_storage.SaveList();
+    for (const std::string_view text : texts)
+        m_core.Tell(std::string(text));
+}
+
+void TItemEditor::StepDisplayMode(const TItems& items)
+{
+    for (TMuWallpaper* item : items) {
+        const TSize image = m_preview.SizeOf(*item);
+        item->DisplayMode =
+            image.Width > 0
+                ? NextDisplayMode(item->DisplayMode, image, m_core.Services.Desktop.ScreenSize())
+                : static_cast<TDisplayMode>((item->DisplayMode + 1) % std::size(DisplayModeNames));
+    }
+    Tell(items);
+    m_storage.SaveList();
+}
+
+void TItemEditor::SetGammaStyle(const TItems& items, TGammaStyle style)
+{
+    TItems changed;
+    std::ranges::copy_if(items, std::back_inserter(changed),
+                         [style](const TMuWallpaper* item) { return item->GammaStyle != style; });
+    if (changed.empty())
+        return;
+    for (TMuWallpaper* item : changed) {
+        item->GammaStyle = style;
+        if (style == gsNone) {
+            item->SetStartTint({});
+            item->SetEndTint({});
+        }
+    }
+    Tell(changed);
+    m_storage.SaveList();
+}
+
+void TItemEditor::SetTint(const TItems& items, TTintEnd end, TChannel channel, int value)
+{
+    for (TMuWallpaper* item : items) {
+        if (end == TTintEnd::Start)
+            item->SetStartTint(WithChannel(item->StartTint(), channel, value));
+        else
+            item->SetEndTint(WithChannel(item->EndTint(), channel, value));
+    }
+    Tell(items);
+}
+
+void TItemEditor::SetDesktopColor(const TItems& items, TColor color)
+{
+    for (TMuWallpaper* item : items) {
+        item->SetDesktopColor(color);
+        m_applier.RefreshColor(*item);
+    }
+    Tell(items);
+    m_storage.SaveList();
+}
+
+void TItemEditor::ToggleTransparentIcons(const TItems& items)
+{
+    if (items.empty() || m_core.Updating)
+        return;
+    const bool transparent = !items.front()->TransparentIcons;
+    for (TMuWallpaper* item : items)
+        item->TransparentIcons = transparent;
+    m_core.Listeners.Tell(&TListener::ItemsChanged, items);
+    m_storage.SaveList();
+    for (const TMuWallpaper* item : items)
+        m_applier.RefreshLabels(*item);
+}
+
+void TItemEditor::SetEffect(const TItems& items, const std::string& effect)
+{
+    TItems changed;
+    std::ranges::copy_if(items, std::back_inserter(changed),
+                         [&](const TMuWallpaper* item) { return item->Effect != effect; });
+    if (changed.empty())
+        return;
+    for (TMuWallpaper* item : changed)
+        item->Effect = effect;
+    m_core.Listeners.Tell(&TListener::ItemsChanged, changed);
+    m_storage.SaveList();
+}
+
+} // namespace murala

@@ -1,0 +1,48 @@
+// The settings of wallpapers: how they are shown, and what goes with them.
+#pragma once
+
+#include "uApplier.h"
+#include "uPreview.h"
+#include "uStorage.h"
+
+#include <string>
+#include <vector>
+
+namespace murala
+{
+
+// Which end of a tint is meant.
+enum class TTintEnd { Start, End };
+
+class TItemEditor
+{
+public:
+    TItemEditor(TCore& core, TStorage& storage, TApplier& applier, TPreview& preview)
+        : m_core(core), m_storage(storage), m_applier(applier), m_preview(preview)
+    {
+    }
+
+    // A mode that an item's picture is too large for becomes another one, with a message (each text
+    // once, however many items it concerns).
+    void SetDisplayMode(const TItems& items, TDisplayMode mode);
+    void StepDisplayMode(const TItems& items);
+    void SetGammaStyle(const TItems& items, TGammaStyle style);
+    // Changes the items; the list is saved by Save when the user lets the slider go.
+    void SetTint(const TItems& items, TTintEnd end, TChannel channel, int value);
+    void Save() { m_storage.SaveList(); }
+    void SetDesktopColor(const TItems& items, TColor color);
+    // All of them become what the first one is not.
+    void ToggleTransparentIcons(const TItems& items);
+    void SetEffect(const TItems& items, const std::string& effect);
+
+private:
+    // Tells of the items; the preview is made again when it shows one of them.
+    void Tell(const TItems& items);
+
+    TCore& m_core;
+    TStorage& m_storage;
+    TApplier& m_applier;
+    TPreview& m_preview;
+};
+
+} // namespace murala

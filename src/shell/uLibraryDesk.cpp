@@ -1,0 +1,98 @@
+#include "uLibraryDesk.h"
+
+#include "uPath.h"
+#include "uText.h"
+
+#include <algorithm>
+
+namespace murala
+{
+
+bool TLibraryDesk::AddFile(const std::string& fileName, const std::string& category)
+{
+    if (m_core.List.ContainsFileName(fileName))
+        return false;
+    auto item = std::make_unique<TMuWallpaper>(fileName);
+    item->Title = MakeTitle(fileName, m_core.Settings.Titles);
+    item->DisplayMode = dmStretched;
+    item->Category =
+        category.empty() ? m_core.Services.Locale.UpperCase(FolderPart(fileName)) : category;
+    item->TransparentIcons = m_core.Settings.DefaultTransparentIcons;
+    m_core.List.Add(std::move(item));
+    return true;
+}
+
+int TLibraryDesk::AddFiles(const std::vector<std::string>& fileNames, const std::string& category)
+{
+    const TBusyScope busy(m_core.View);
+    const int range = static_cast<int>(fileNames.size());
+    int added = 0;
+    for (int i = 0; i < range; ++i) {
+        const std::string& fileName = fileNames[static_cast<std::size_t>(i)];
+        // Telling every single file would take longer than adding it.
+        if (i % 64 == 0) {
+            m_core.View.SetStatus(FormatText("Loading images (%s)", {FileNamePart(fileName)}));
+            m_core.View.ShowProgress(i, range);
+        }
+        added += AddFile(fileName, category) ? 1 : 0;
+    }
+    m_core.View.ShowProgress(0, 0);
+    if (added > 0)
+        m_core.Listeners.Tell(&TListener::RowsChanged);
+    // Also when all were known: the status line still tells of the loading.
+    m_core.Selection.Select(added > 0 ? &m_core.List.Item(m_core.List.Count() - 1)
+                                      : m_core.Selection.Item());
+    if (added > 0)
+        m_storage.SaveList();
+    return added;
+}
+
+void TLibraryDesk::RememberFolder(const std::string& folder)
+{
+    m_core.Settings.WallpaperPath = folder;
+    m_storage.SaveSettings(TSaveFlags().set(sfWallpaperPath));
+}
+
+void TLibraryDesk::RemoveSelected()
+{
+    const std::vector<int> rows = m_core.Selection.Rows();
+    if (rows.empty())
+        return;
+    for (const int row : rows) {
+        TMuWallpaper& item = m_core.List.Item(row);
+        m_core.List.ForgetThumbnail(item.FileName());
+        item.DeleteThumbnailFile();
+    }
+    // They live until everybody knows that they are gone.
+    const auto removed = m_core.List.DeleteMany(rows);
+    m_core.Selection.Forget(removed);
+    m_core.Listeners.Tell(&TListener::RowsChanged);
+    const int lastRemoved = rows.back() - static_cast<int>(rows.size()) + 1;
+    const int row = std::min(m_core.List.Count() - 1, lastRemoved);
+    m_core.Selection.Select(row >= 0 ? &m_core.List.Item(row) : nullptr);
+    m_storage.SaveList();
+}
+
+void TLibraryDesk::Rename(TMuWallpaper& item, const std::string& title)
+{
+    if (title == item.Title)
+        return;
+    item.Title = title;
+    m_core.Listeners.Tell(&TListener::ItemsChanged, TItems{&item});
+    m_storage.SaveList();
+}
+
+void TLibraryDesk::SortByColumn(TListColumn column)
+{
+    const TBusyScope busy(m_core.View);
+    m_sortAscending = column == m_sortColumn ? !m_sortAscending : m_sortAscending;
+    m_sortColumn = column;
+    m_core.List.Sort(column, m_sortAscending, [this](const std::string& a, const std::string& b) {
+        return m_core.Services.Locale.Compare(a, b);
+    });
+    m_core.Listeners.Tell(&TListener::RowsChanged);
+    m_core.Listeners.Tell(&TListener::SelectionChanged);
+    m_storage.SaveList();
+}
+
+} // namespace murala

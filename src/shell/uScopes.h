@@ -1,0 +1,90 @@
+// State that holds for the time of a scope and is as before at its end, whatever was thrown.
+#pragma once
+
+#include "uListeners.h"
+#include "uMainView.h"
+
+#include <utility>
+
+namespace murala
+{
+
+// A variable with another value.
+template<typename T>
+class TValueScope
+{
+public:
+    TValueScope(T& variable, T value)
+        : m_variable(variable), m_before(std::exchange(variable, value))
+    {
+    }
+    TValueScope(const TValueScope&) = delete;
+    TValueScope& operator=(const TValueScope&) = delete;
+    ~TValueScope() { m_variable = m_before; }
+
+private:
+    T& m_variable;
+    T m_before;
+};
+
+// The hourglass.
+class TBusyScope
+{
+public:
+    explicit TBusyScope(TMainView& view) : m_view(view) { m_view.SetBusy(true); }
+    TBusyScope(const TBusyScope&) = delete;
+    TBusyScope& operator=(const TBusyScope&) = delete;
+    ~TBusyScope() { m_view.SetBusy(false); }
+
+private:
+    TMainView& m_view;
+};
+
+// The window takes no input.
+class TDisabledScope
+{
+public:
+    explicit TDisabledScope(TMainView& view) : m_view(view) { m_view.EnableWindow(false); }
+    TDisabledScope(const TDisabledScope&) = delete;
+    TDisabledScope& operator=(const TDisabledScope&) = delete;
+    ~TDisabledScope() { m_view.EnableWindow(true); }
+
+private:
+    TMainView& m_view;
+};
+
+// While a dialog, a message or a change of the wallpaper goes on, messages are let through, but the
+// schedule, the tray, other copies' files and the end of the program wait.
+class TPauses
+{
+public:
+    explicit TPauses(TListeners& listeners) : m_listeners(listeners) {}
+    bool IsPaused() const { return m_depth > 0; }
+
+private:
+    friend class TPauseScope;
+    void Change(int by)
+    {
+        const bool was = IsPaused();
+        m_depth += by;
+        if (IsPaused() != was)
+            m_listeners.Tell(&TListener::PauseChanged);
+    }
+
+    TListeners& m_listeners;
+    int m_depth = 0;
+};
+
+class TPauseScope
+{
+public:
+    explicit TPauseScope(TPauses& pauses) : m_pauses(pauses) { m_pauses.Change(1); }
+    TPauseScope(const TPauseScope&) = delete;
+    TPauseScope& operator=(const TPauseScope&) = delete;
+    ~TPauseScope() { m_pauses.Change(-1); }
+
+private:
+    TPauses& m_pauses;
+};
+
+} // namespace murala

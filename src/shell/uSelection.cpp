@@ -1,0 +1,104 @@
+#include "uSelection.h"
+
+#include <algorithm>
+
+namespace murala
+{
+
+void TListeners::Remove(TListener& listener)
+{
+    // The places of the others must not change under a Tell.
+    std::ranges::replace(m_listeners, &listener, nullptr);
+}
+
+TSelection::TSelection(const TMuWallpaperList& list, TListeners& listeners)
+    : m_list(list), m_listeners(listeners)
+{
+}
+
+std::vector<int> TSelection::Rows() const
+{
+    std::vector<int> rows;
+    rows.reserve(m_selected.size());
+    for (int row = 0; row < m_list.Count() && rows.size() < m_selected.size(); ++row)
+        if (Contains(m_list.Item(row)))
+            rows.push_back(row);
+    return rows;
+}
+
+TItems TSelection::Items() const
+{
+    TItems items;
+    for (const int row : Rows())
+        items.push_back(&m_list.Item(row));
+    return items;
+}
+
+int TSelection::Row() const
+{
+    if (m_selected.empty())
+        return -1;
+    if (m_selected.contains(m_focused))
+        return m_list.IndexOf(m_focused);
+    int row = 0;
+    while (!Contains(m_list.Item(row)))
+        ++row;
+    return row;
+}
+
+TMuWallpaper* TSelection::Item() const
+{
+    const int row = Row();
+    return row >= 0 ? &m_list.Item(row) : nullptr;
+}
+
+void TSelection::Select(const TMuWallpaper* item)
+{
+    m_selected.clear();
+    if (item != nullptr)
+        m_selected.insert(item);
+    m_focused = item;
+    m_listeners.Tell(&TListener::SelectionChanged);
+}
+
+void TSelection::SelectRows(const std::vector<int>& rows, int focusedRow)
+{
+    const auto inList = [this](int row) { return row >= 0 && row < m_list.Count(); };
+    m_selected.clear();
+    for (const int row : rows)
+        if (inList(row))
+            m_selected.insert(&m_list.Item(row));
+    m_focused = inList(focusedRow) ? &m_list.Item(focusedRow) : nullptr;
+    m_listeners.Tell(&TListener::SelectionChanged);
+}
+
+void TSelection::SelectAll()
+{
+    for (int row = 0; row < m_list.Count(); ++row)
+        m_selected.insert(&m_list.Item(row));
+    m_listeners.Tell(&TListener::SelectionChanged);
+}
+
+int TSelection::CurrentIndex() const
+{
+    return m_current != nullptr ? m_list.IndexOf(m_current) : -1;
+}
+
+void TSelection::SetCurrent(TMuWallpaper* item)
+{
+    m_current = item;
+    m_listeners.Tell(&TListener::CurrentChanged);
+}
+
+void TSelection::Forget(const std::vector<std::unique_ptr<TMuWallpaper>>& items)
+{
+    for (const auto& item : items) {
+        m_selected.erase(item.get());
+        if (item.get() == m_focused)
+            m_focused = nullptr;
+        if (item.get() == m_current)
+            m_current = nullptr;
+    }
+}
+
+} // namespace murala

@@ -1,0 +1,53 @@
+// Which wallpapers are selected and which one is on the desktop: by identity, so that adding,
+// removing and sorting change neither.
+#pragma once
+
+#include "uListeners.h"
+
+#include <memory>
+#include <unordered_set>
+#include <vector>
+
+namespace murala
+{
+
+class TSelection
+{
+public:
+    TSelection(const TMuWallpaperList& list, TListeners& listeners);
+
+    std::size_t Count() const { return m_selected.size(); }
+    bool Contains(const TMuWallpaper& item) const { return m_selected.contains(&item); }
+    // In the order of the list.
+    TItems Items() const;
+    std::vector<int> Rows() const;
+    // The one that commands for a single item mean: the focused one when it is selected, else the
+    // first selected one, else null.
+    TMuWallpaper* Item() const;
+    int Row() const;
+
+    // Makes it the only selected one; null clears the selection.
+    void Select(const TMuWallpaper* item);
+    // `focusedRow` may be -1 or a row that is not selected.
+    void SelectRows(const std::vector<int>& rows, int focusedRow);
+    void SelectAll();
+
+    // The wallpaper on the desktop, null when there is none.
+    TMuWallpaper* Current() const { return m_current; }
+    int CurrentIndex() const;
+    bool IsCurrent(const TMuWallpaper& item) const { return &item == m_current; }
+    void SetCurrent(TMuWallpaper* item);
+
+    // Items that have left the list. Nobody is told: the caller does, when the rows are right
+    // again.
+    void Forget(const std::vector<std::unique_ptr<TMuWallpaper>>& items);
+
+private:
+    const TMuWallpaperList& m_list;
+    TListeners& m_listeners;
+    std::unordered_set<const TMuWallpaper*> m_selected;
+    const TMuWallpaper* m_focused = nullptr;
+    TMuWallpaper* m_current = nullptr;
+};
+
+} // namespace murala

@@ -1,0 +1,73 @@
+#include "uSessionEntry.h"
+
+#include "uShellIntegration.h"
+
+namespace murala
+{
+
+void TSessionEntry::Load()
+{
+    m_startAtStartup = m_core.Services.Autostart.RunValueExists(std::string(ApplicationTitle));
+    // Writing the command of an existing entry again keeps it right when the program was moved.
+    if (m_startAtStartup)
+        SetRunValue();
+    m_isShellIntegrated = murala::IsShellIntegrated(m_core.Services.FileMenu);
+}
+
+void TSessionEntry::SetRunValue()
+{
+    const std::string& program = m_core.Services.ProgramFile;
+    m_core.Services.Autostart.SetRunValue(std::string(ApplicationTitle),
+                                          m_core.Settings.ApplyOnStartup ? program + " /apply"
+                                                                         : program);
+}
+
+void TSessionEntry::SetStartAtStartup(bool start)
+{
+    if (start)
+        SetRunValue();
+    else
+        m_core.Services.Autostart.DeleteRunValue(std::string(ApplicationTitle));
+    // An entry for the whole machine can stay.
+    m_startAtStartup = m_core.Services.Autostart.RunValueExists(std::string(ApplicationTitle));
+}
+
+void TSessionEntry::SetApplyOnStartup(bool apply)
+{
+    m_core.Settings.ApplyOnStartup = apply;
+    if (m_startAtStartup)
+        SetRunValue();
+    m_storage.SaveSettings(TSaveFlags().set(sfApplyOnStartup));
+}
+
+void TSessionEntry::SetNextOnStartup(bool next)
+{
+    m_core.Settings.NextOnStartup = next;
+    m_storage.SaveSettings(TSaveFlags().set(sfNextOnStartup));
+}
+
+void TSessionEntry::SetShellIntegration(bool integrated)
+{
+    murala::SetShellIntegration(m_core.Services.FileMenu, integrated);
+    m_isShellIntegrated = murala::IsShellIntegrated(m_core.Services.FileMenu);
+    if (!integrated)
+        return;
+    if (const std::string problem = ShellIntegrationProblem(); !problem.empty())
+        m_core.Tell(problem);
+}
+
+void TSessionEntry::ImportQueuedFiles()
+{
+    const TDisabledScope disabled(m_core.View);
+    // A copy that starts meanwhile may queue more.
+    for (auto files = m_core.Services.FileQueue.TakeQueuedFiles(); !files.empty();
+         files = m_core.Services.FileQueue.TakeQueuedFiles())
+        m_desk.AddFiles(files);
+}
+
+void TSessionEntry::Open(const TMuWallpaper& item, TShellVerb verb)
+{
+    m_core.Services.Launcher.Execute(verb, item.FileName(), "");
+}
+
+} // namespace murala

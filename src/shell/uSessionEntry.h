@@ -1,0 +1,51 @@
+// Where the program meets the user's session: its start, the file manager's menu, files from other
+// copies, other programs for a picture.
+#pragma once
+
+#include "uLauncher.h"
+#include "uLibraryDesk.h"
+
+#include <string>
+
+namespace murala
+{
+
+class TSessionEntry
+{
+public:
+    TSessionEntry(TCore& core, TStorage& storage, TLibraryDesk& desk)
+        : m_core(core), m_storage(storage), m_desk(desk)
+    {
+    }
+
+    // Looks what is so in the session. After the settings were read.
+    void Load();
+
+    // Start with the session.
+    bool StartAtStartup() const { return m_startAtStartup; }
+    void SetStartAtStartup(bool start);
+    void SetApplyOnStartup(bool apply);
+    void SetNextOnStartup(bool next);
+
+    // Whether pictures have "Add to Murala" in the file manager's menus.
+    bool IsShellIntegrated() const { return m_isShellIntegrated; }
+    // Tells when the program that the menu starts is missing.
+    void SetShellIntegration(bool integrated);
+
+    // Takes in the files that other copies have queued.
+    void ImportQueuedFiles();
+
+    void Open(const TMuWallpaper& item, TShellVerb verb);
+    void OpenDisplayProperties() { m_core.Services.Launcher.OpenDisplayProperties(); }
+
+private:
+    void SetRunValue();
+
+    TCore& m_core;
+    TStorage& m_storage;
+    TLibraryDesk& m_desk;
+    bool m_startAtStartup = false;
+    bool m_isShellIntegrated = false;
+};
+
+} // namespace murala

@@ -1,0 +1,38 @@
+// What the program does by itself as time goes by.
+#pragma once
+
+#include "uApplier.h"
+#include "uSchedule.h"
+#include "uStorage.h"
+
+namespace murala
+{
+
+class TTicker
+{
+public:
+    TTicker(TCore& core, TStorage& storage, TApplier& applier)
+        : m_core(core), m_storage(storage), m_applier(applier)
+    {
+    }
+
+    // Every second: changes the wallpaper when the schedule says so.
+    void ScheduleTick();
+    void SetSchedule(const TScheduleSettings& schedule);
+    // Every five seconds: the icons' labels as the current wallpaper wants them; the shell forgets
+    // it now and then.
+    void RefreshTick();
+
+private:
+    bool IsResting(TDateTime now) const;
+    bool IsChangeDue();
+    void PassOver();
+
+    TCore& m_core;
+    TStorage& m_storage;
+    TApplier& m_applier;
+    int m_failedChanges = 0;        // one after the other
+    TDateTime m_noChangeBefore = 0; // after too many of them
+};
+
+} // namespace murala

@@ -1,0 +1,72 @@
+#include "MuralaFixture.h"
+
+#include "uSafeFile.h"
+
+using namespace murala;
+
+class Storage : public TMuralaFixture
+{
+protected:
+    // How many files of the folder hold exactly this.
+    int Copies(const std::string& content) const
+    {
+        int copies = 0;
+        for (const auto& entry : std::filesystem::directory_iterator(NativePath(m_folder.Path())))
+            if (entry.is_regular_file() && ReadWholeFile(PathText(entry.path())) == content)
+                ++copies;
+        return copies;
+    }
+    // A folder in the place of a file: neither can it be read nor replaced, by anybody.
+    void Block(std::string_view name)
+    {
+        std::filesystem::rename(NativePath(m_folder.File(name)),
+                                NativePath(m_folder.File(name) + ".aside"));
+        std::filesystem::create_directory(NativePath(m_folder.File(name)));
+    }
+    void Unblock(std::string_view name)
+    {
+        std::filesystem::remove(NativePath(m_folder.File(name)));
+        std::filesystem::rename(NativePath(m_folder.File(name) + ".aside"),
+                                NativePath(m_folder.File(name)));
+    }
+};
+
+TEST_F(Storage, AFailingSaveIsToldOnceAndLosesNothing)
+{
+    AddPictures(2);
+    const std::string list = m_folder.File(ListFileName);
+    const std::string before = ReadWholeFile(list);
+    Block(ListFileName);
+    m_murala->Storage.SaveList();
+    m_murala->Core.Settings.ScheduleFrequency = 9;
+    m_murala->Storage.SaveList();
+    EXPECT_EQ(m_view.Messages.size(), 1U);
+    Unblock(ListFileName);
+    EXPECT_EQ(ReadWholeFile(list), before);
+    Restart();
+    EXPECT_EQ(m_murala->Core.Settings.ScheduleFrequency, 9)
+        << "the settings are saved all the same";
+    Block(SettingsFileName);
+    m_murala->Storage.SaveList();
+    m_murala->Storage.SaveList();
+    EXPECT_EQ(m_view.Messages.size(), 1U);
+}
+
+TEST_F(Storage, AnUnreadableListIsKeptBesideTheNewOne)
+{
+    AddPictures(3);
+    const std::string list = m_folder.File(ListFileName);
+    std::string content = ReadWholeFile(list);
+    content.insert(content.find("\r\n") + 2, "\"x.jpg\",\"x\",\"Tiled\",\"maybe\"\r\n");
+    m_folder.Write(ListFileName, content);
+    Restart();
+    EXPECT_EQ(m_murala->Core.List.Count(), 1);
+    ASSERT_EQ(m_view.Messages.size(), 1U);
+    EXPECT_NE(m_view.Messages[0].find('2'), std::string::npos) << m_view.Messages[0];
+    m_murala->Storage.SaveList();
+    m_murala->Storage.SaveList();
+    EXPECT_EQ(Copies(content), 1);
+    Restart();
+    EXPECT_EQ(m_murala->Core.List.Count(), 1);
+    EXPECT_TRUE(m_view.Messages.empty());
+}

@@ -1,12 +1,16 @@
 // murala-compose: composes one desktop picture from the command line, without a window.
 
+#include "uClock.h"
 #include "uCompose.h"
+#include "uDateNames.h"
+#include "uMuCalendar.h"
 #include "uSafeFile.h"
 #include "uText.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <future>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -23,6 +27,8 @@ constexpr std::string_view Usage =
   --tint STYLE R G B R G B   0 to 3 or a name: (None), Solid, Horizontal, Vertical;
                              the start and the end tint, each value -256 to 255
   --color R G B              the desktop colour, each value 0 to 255
+  --calendar INI             draws a month's calendar with the settings of this file
+  --date YYYY-MM-DD          the calendar's day instead of today
 )";
 
 // A wrong command line.
@@ -33,6 +39,8 @@ struct TTask {
     TMuWallpaper Item;
     TSize Screen;
     std::string Target;
+    std::string CalendarFile; // empty: no calendar
+    std::optional<TDateTime> Date;
 };
 
 // The command line's words, from left to right.
@@ -103,20 +111,39 @@ void ParseTint(TArguments& arguments, TMuWallpaper& item)
     item.SetEndTint(arguments.NextTint());
 }
 
-void ParseOptions(TArguments& arguments, TMuWallpaper& item)
+TColor ParseColor(TArguments& arguments)
+{
+    TColor color = 0;
+    for (const int shift : {0, 8, 16})
+        color |= static_cast<TColor>(arguments.NextNumber(0, 255)) << shift;
+    return color;
+}
+
+TDateTime ParseDate(std::string_view text)
+{
+    const auto date = TextToDateTime(text);
+    if (!date)
+        throw EUsage();
+    return *date;
+}
+
+void ParseOptions(TArguments& arguments, TTask& task)
 {
     while (!arguments.IsAtEnd()) {
         const std::string_view option = arguments.Next();
-        if (option == "--tint") {
-            ParseTint(arguments, item);
-        } else if (option == "--color") {
-            item.DesktopColor = 0;
-            for (const int shift : {0, 8, 16})
-                item.DesktopColor |= static_cast<TColor>(arguments.NextNumber(0, 255)) << shift;
-        } else {
+        if (option == "--tint")
+            ParseTint(arguments, task.Item);
+        else if (option == "--color")
+            task.Item.DesktopColor = ParseColor(arguments);
+        else if (option == "--calendar")
+            task.CalendarFile = arguments.Next();
+        else if (option == "--date")
+            task.Date = ParseDate(arguments.Next());
+        else
             throw EUsage();
-        }
     }
+    if (task.Date && task.CalendarFile.empty())
+        throw EUsage();
 }
 
 TTask ParseTask(TArguments arguments)
@@ -126,14 +153,56 @@ TTask ParseTask(TArguments arguments)
     task.Item.DisplayMode = arguments.NextName<TDisplayMode>(DisplayModeNames);
     task.Screen = ParseSize(arguments.Next());
     task.Target = arguments.Next();
-    ParseOptions(arguments, task.Item);
+    ParseOptions(arguments, task);
     return task;
 }
 
+// Draws the calendar that a task asks for. Finding the fonts takes about as long as decoding a
+// picture, so that is done meanwhile.
+class TCalendarTask
+{
+public:
+    explicit TCalendarTask(const TTask& task)
+        : m_settings(LoadCalendarSettings(TIniFile::FromText(ReadWholeFile(task.CalendarFile)),
+                                          CalendarSection)),
+          m_date(task.Date ? *task.Date : NewClock()->Now()),
+          m_text(std::async(std::launch::async, PrepareText, m_settings))
+    {
+    }
+
+    void Draw(TBitmap& picture)
+    {
+        const auto text = m_text.get();
+        TMuCalendar calendar(*text, LanguageDateNames(), m_date);
+        calendar.Settings = m_settings;
+        calendar.Draw(picture);
+    }
+
+private:
+    static std::unique_ptr<TTextDrawing> PrepareText(const TCalendarSettings& settings)
+    {
+        auto text = NewTextDrawing();
+        for (const TMuFont* font :
+             {&settings.TitleFont, &settings.DayHeadingFont, &settings.DayFont})
+            text->Measure(*font, "0");
+        return text;
+    }
+
+    TCalendarSettings m_settings;
+    TDateTime m_date;
+    std::future<std::unique_ptr<TTextDrawing>> m_text;
+};
+
 void Run(const TTask& task)
 {
+    std::optional<TCalendarTask> calendar;
+    TBeforeSave addOns;
+    if (!task.CalendarFile.empty()) {
+        calendar.emplace(task);
+        addOns = [&](TBitmap& picture) { calendar->Draw(picture); };
+    }
     const auto source = OpenImage(task.Item.FileName());
-    SaveBitmapFile(ComposePicture(*source, task.Item, task.Screen, {}), task.Target);
+    SaveBitmapFile(ComposePicture(*source, task.Item, task.Screen, addOns), task.Target);
 }
 
 } // namespace

@@ -72,7 +72,7 @@ void AddFiles(benchmark::State& state)
         state.ResumeTiming();
         for (int i = 0; i < 2 * AddedCount; ++i) { // every second one is known already
             auto item = NewItem(ListCount - AddedCount + i);
-            if (list->IndexOfFileName(item->FileName()) == -1)
+            if (!list->ContainsFileName(item->FileName()))
                 list->Add(std::move(item));
         }
         if (list->Count() != ListCount + AddedCount)

@@ -14,6 +14,8 @@ namespace
 
 // A run-length picture is decoded as a whole, one byte a pixel.
 constexpr std::int64_t MaxRunLengthPixels = 1 << 26;
+// Rows are read in blocks of about this size.
+constexpr long BlockBytes = 1 << 18;
 
 using TUnpack = void (*)(const TBmpHeader& header, const std::uint8_t* bytes, TPixel* row);
 
@@ -37,7 +39,7 @@ void UnpackWords(const TBmpHeader& header, const std::uint8_t* bytes, TPixel* ro
     }
 }
 
-// The line has a byte behind its end, so that every pixel can be taken as four bytes.
+// The block has a byte behind its end, so that every pixel can be taken as four bytes.
 void UnpackBytes(const TBmpHeader& header, const std::uint8_t* bytes, TPixel* row)
 {
     for (int x = 0; x < header.Size.Width; ++x, bytes += 3)
@@ -67,7 +69,10 @@ class TBmpReader : public TImageReader
 public:
     TBmpReader(TFile file, const TBmpHeader& header)
         : m_file(std::move(file)), m_header(header), m_unpack(UnpackOf(header.BitCount)),
-          m_line(static_cast<std::size_t>(header.Stride()) + 1)
+          m_stride(header.Stride()),
+          m_blockRows(
+              static_cast<int>(std::clamp(BlockBytes / m_stride, 1L, long{header.Size.Height}))),
+          m_block(static_cast<std::size_t>(m_blockRows * m_stride) + 1)
     {
         std::fseek(m_file.get(), header.PixelOffset, SEEK_SET);
         if (std::fgetc(m_file.get()) == EOF)
@@ -79,19 +84,36 @@ public:
     void ReadRow(int y, TPixel* row) override
     {
         const int index = m_header.IsTopDown ? y : m_header.Size.Height - 1 - y;
-        const long stride = m_header.Stride();
-        std::fseek(m_file.get(), m_header.PixelOffset + index * stride, SEEK_SET);
-        const std::size_t read =
-            std::fread(m_line.data(), 1, static_cast<std::size_t>(stride), m_file.get());
-        std::fill(m_line.begin() + static_cast<std::ptrdiff_t>(read), m_line.end(), 0);
-        m_unpack(m_header, m_line.data(), row);
+        if (index < m_first || index >= m_end)
+            ReadBlock(y, index);
+        m_unpack(m_header, m_block.data() + (index - m_first) * m_stride, row);
+        m_last = y;
     }
 
 private:
+    // Rows that are read one after the other come in large blocks; where most are passed over, each
+    // by itself.
+    void ReadBlock(int y, int index)
+    {
+        constexpr int smallGap = 2;
+        const int rows =
+            y - m_last <= smallGap ? std::min(m_blockRows, m_header.Size.Height - y) : 1;
+        m_first = m_header.IsTopDown ? index : index - rows + 1;
+        m_end = m_first + rows;
+        std::fseek(m_file.get(), m_header.PixelOffset + m_first * m_stride, SEEK_SET);
+        const std::size_t wanted = static_cast<std::size_t>(rows * m_stride);
+        const std::size_t read = std::fread(m_block.data(), 1, wanted, m_file.get());
+        std::fill(m_block.begin() + static_cast<std::ptrdiff_t>(read), m_block.end(), 0);
+    }
+
     TFile m_file;
     TBmpHeader m_header;
     TUnpack m_unpack;
-    std::vector<std::uint8_t> m_line;
+    long m_stride;
+    int m_blockRows;
+    std::vector<std::uint8_t> m_block; // the rows [m_first, m_end) of the file
+    int m_first = 0, m_end = 0;
+    int m_last = -1; // the row asked for before
 };
 
 // The bytes of a file, one after the other.

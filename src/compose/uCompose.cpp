@@ -1,7 +1,7 @@
 #include "uCompose.h"
 
-#include "uPath.h"
 #include "uSafeFile.h"
+#include "uTemporaryFolder.h"
 
 #include <algorithm>
 #include <numeric>
@@ -116,9 +116,7 @@ std::string SaveWallpaper(const TBitmap& bitmap, const std::string& target, int 
     } catch (const EFileError&) {
         // The temporary folder is tried next.
     }
-    std::error_code ignored;
-    const std::string folder = PathText(std::filesystem::temp_directory_path(ignored));
-    std::string fallback = JoinPath(folder, "temp.bmp");
+    std::string fallback = TemporaryFolder() + "temp.bmp";
     SaveBitmapFile(bitmap, fallback, screenBitsPerPixel);
     return fallback;
 }

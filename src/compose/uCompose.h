@@ -33,8 +33,9 @@ void ResizeBitmap(TBitmap& bitmap, int width, int height);
 // Sizes the bitmap to the screen and fills it.
 void FillBackground(TBitmap& bitmap, TSize screen, TColor color);
 
-// Writes the picture, under "\temp.bmp" (in the temporary folder) when `target` is empty or cannot
-// be written. Returns the name it was written under. Throws EFileError when neither can be.
+// Writes the picture, under "\temp.bmp" (in the user's own temporary folder) when `target` is empty
+// or cannot be written. Returns the name it was written under. Throws EFileError when neither can
+// be.
 std::string SaveWallpaper(const TBitmap& bitmap, const std::string& target,
                           int screenBitsPerPixel = 32);
 

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <new>
 #include <vector>
 
 namespace murala
@@ -45,7 +44,7 @@ TFile OpenPictureFile(const std::string& fileName)
     if (!std::filesystem::is_regular_file(NativePath(fileName), ignored))
         throw EImageFormat("there is no such file");
     TFile file = OpenFile(fileName, "rb");
-    // Both readers read in large pieces, and one jumps about.
+    // Both readers read in large blocks of their own, and one jumps about.
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
     return file;
 }
@@ -62,8 +61,6 @@ auto Load(const std::string& fileName, TWork work)
         throw EInvalidImage(fileName, error.what());
     } catch (const EFileError& error) {
         throw EInvalidImage(fileName, error.what());
-    } catch (const std::bad_alloc&) {
-        throw EInvalidImage(fileName, "not enough memory");
     }
 }
 

@@ -44,7 +44,8 @@ struct TDecoding {
     bool Fast = false;
 };
 
-// Throws EInvalidImage when the file is missing, is no picture or promises more than can be had.
+// Throws EInvalidImage when the file is missing, is no picture or promises more than any picture
+// may have. Here and below a lack of memory stays std::bad_alloc.
 std::unique_ptr<TImageReader> OpenImage(const std::string& fileName, TDecoding decoding = {});
 
 // The rows of a bitmap in memory, which must outlive the reader.

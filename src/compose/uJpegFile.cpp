@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <csetjmp>
 #include <cstdlib>
+#include <new>
 #include <vector>
 
 #include <jpeglib.h>
+
+#include <jerror.h>
 
 namespace murala
 {
@@ -51,6 +54,58 @@ std::string ErrorText(TInfo& info)
     return std::string("JPEG: ") + text;
 }
 
+// After a step that gave up: for lack of memory is no fault of the picture.
+void CheckMemory(const jpeg_error_mgr& error)
+{
+    if (error.msg_code == JERR_OUT_OF_MEMORY)
+        throw std::bad_alloc();
+}
+
+// Gives the file to libjpeg in large blocks; libjpeg's own source takes 4 KB at a time.
+struct TFileSource : jpeg_source_mgr {
+    explicit TFileSource(std::FILE* file) : jpeg_source_mgr{}, File(file), Block(1U << 16U)
+    {
+        init_source = [](j_decompress_ptr) {};
+        fill_input_buffer = [](j_decompress_ptr info) -> boolean {
+            static_cast<TFileSource*>(info->src)->Fill(info);
+            return TRUE;
+        };
+        skip_input_data = [](j_decompress_ptr info, long count) {
+            static_cast<TFileSource*>(info->src)->Skip(info, count);
+        };
+        resync_to_restart = jpeg_resync_to_restart;
+        term_source = [](j_decompress_ptr) {};
+    }
+
+    // Behind the end of the file stands an end of the picture as often as it is asked for.
+    void Fill(j_decompress_ptr info)
+    {
+        std::size_t count = std::fread(Block.data(), 1, Block.size(), File);
+        if (count == 0) {
+            WARNMS(info, JWRN_JPEG_EOF);
+            Block[0] = 0xFF;
+            Block[1] = JPEG_EOI;
+            count = 2;
+        }
+        next_input_byte = Block.data();
+        bytes_in_buffer = count;
+    }
+
+    void Skip(j_decompress_ptr info, long count)
+    {
+        if (count <= 0)
+            return;
+        auto left = static_cast<std::size_t>(count);
+        for (; left > bytes_in_buffer; Fill(info))
+            left -= bytes_in_buffer;
+        next_input_byte += left;
+        bytes_in_buffer -= left;
+    }
+
+    std::FILE* File;
+    std::vector<JOCTET> Block;
+};
+
 // Ends the decoding of a picture that has too many scans for its size.
 struct TScanLimit : jpeg_progress_mgr {
     TScanLimit()
@@ -75,23 +130,25 @@ void InkToPixels(const JSAMPLE* ink, int width, bool isInverted, TPixel* row)
     }
 }
 
+struct TDecompressor : jpeg_decompress_struct {
+    TDecompressor() : jpeg_decompress_struct{} {}
+    TDecompressor(const TDecompressor&) = delete;
+    TDecompressor& operator=(const TDecompressor&) = delete;
+    ~TDecompressor() { jpeg_destroy_decompress(this); }
+};
+
 class TJpegReader : public TImageReader
 {
 public:
     explicit TJpegReader(TFile file) : m_file(std::move(file))
     {
         m_info.err = &m_error;
-        const bool isRead = m_error.Guarded([this] {
+        Do([this] {
             jpeg_create_decompress(&m_info);
-            jpeg_stdio_src(&m_info, m_file.get());
+            m_info.src = &m_source;
             jpeg_read_header(&m_info, TRUE);
         });
-        if (!isRead)
-            Refuse(ErrorText(m_info));
     }
-    ~TJpegReader() override { jpeg_destroy_decompress(&m_info); }
-    TJpegReader(const TJpegReader&) = delete;
-    TJpegReader& operator=(const TJpegReader&) = delete;
 
     void Start(TDecoding decoding)
     {
@@ -103,8 +160,7 @@ public:
             m_info.do_fancy_upsampling = FALSE;
         }
         ChooseColors();
-        if (!m_error.Guarded([this] { jpeg_start_decompress(&m_info); }))
-            throw EImageFormat(ErrorText(m_info));
+        Do([this] { jpeg_start_decompress(&m_info); });
     }
 
     TSize Size() const override
@@ -118,7 +174,10 @@ public:
     void ReadRow(int y, TPixel* row) override
     {
         auto* samples = m_ink.empty() ? reinterpret_cast<JSAMPLE*>(row) : m_ink.data();
-        m_isBroken = m_isBroken || !m_error.Guarded([=, this] { Decode(y, samples); });
+        if (!m_isBroken && !m_error.Guarded([=, this] { Decode(y, samples); })) {
+            CheckMemory(m_error);
+            m_isBroken = true;
+        }
         if (m_isBroken)
             std::fill_n(row, m_info.output_width, 0);
         else if (!m_ink.empty())
@@ -126,11 +185,13 @@ public:
     }
 
 private:
-    // For the constructor, behind which no destructor runs.
-    [[noreturn]] void Refuse(const std::string& reason)
+    template<typename TStep>
+    void Do(TStep step)
     {
-        jpeg_destroy_decompress(&m_info);
-        throw EImageFormat(reason);
+        if (m_error.Guarded(step))
+            return;
+        CheckMemory(m_error);
+        throw EImageFormat(ErrorText(m_info));
     }
 
     void CheckSize()
@@ -183,9 +244,10 @@ private:
     }
 
     TFile m_file;
+    TFileSource m_source{m_file.get()};
     TErrorManager m_error;
     TScanLimit m_scanLimit{};
-    jpeg_decompress_struct m_info{};
+    TDecompressor m_info;
     std::vector<JSAMPLE> m_ink; // a row of CMYK, empty for other colours
     bool m_isBroken = false;
 };
@@ -239,6 +301,8 @@ void SaveJpegFile(const TBitmap& bitmap, const std::string& fileName, int qualit
     const bool isDone = error.Guarded([&] { Compress(info, memory, bitmap, quality); });
     const std::string reason = isDone ? std::string() : ErrorText(info);
     jpeg_destroy_compress(&info);
+    if (!isDone)
+        CheckMemory(error);
     if (!isDone)
         throw EFileError("cannot write " + fileName + ": " + reason);
     const std::string_view content(reinterpret_cast<const char*>(memory.Data), memory.Size);

@@ -35,7 +35,7 @@ bool IsShellIntegrated(TFileMenu& menu)
 
 std::string ShellIntegrationProblem()
 {
-    if (FileExists(InstalledProgramFile()))
+    if (IsReachableFile(InstalledProgramFile()))
         return {};
     return FormatText("\"%s\" starts %s, which is not there. Install Murala first.",
                       {ShellVerb, InstalledProgramFile()});

@@ -12,7 +12,6 @@ namespace murala
 namespace
 {
 
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view LineEnd = "\r\n";
 
 std::string_view StripQuotes(std::string_view value)
@@ -44,8 +43,10 @@ TIniFile TIniFile::Load(const std::string& path)
     return FromText(FileExists(path) ? ReadWholeFile(path) : std::string());
 }
 
-TIniFile TIniFile::FromText(std::string_view text)
+TIniFile TIniFile::FromText(std::string_view content)
 {
+    const std::string decoded = DecodeText(std::string(content));
+    std::string_view text = decoded;
     TIniFile file;
     file.m_byteOrderMark = text.starts_with(ByteOrderMark);
     if (file.m_byteOrderMark)

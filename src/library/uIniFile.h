@@ -29,7 +29,8 @@ public:
     // A missing file reads as an empty one. Throws EFileError when a file is there and cannot be
     // read.
     static TIniFile Load(const std::string& path);
-    static TIniFile FromText(std::string_view text);
+    // UTF-16 with its mark goes on as UTF-8 with its mark.
+    static TIniFile FromText(std::string_view content);
 
     bool HasSection(std::string_view section) const;
     std::optional<std::string> Read(std::string_view section, std::string_view key) const;

@@ -1,9 +1,14 @@
 #include "uPath.h"
 
+#include "uPlatformFile.h"
 #include "uText.h"
+
+#include <type_traits>
 
 namespace murala
 {
+
+namespace fs = std::filesystem;
 
 namespace
 {
@@ -70,33 +75,55 @@ bool HasPictureExtension(std::string_view path)
     return false;
 }
 
-std::filesystem::path NativePath(std::string_view path)
+std::string ResolvePath(std::string_view folder, std::string_view path)
 {
-    return {std::u8string(path.begin(), path.end())};
+    if (!IsWindowsPath(folder))
+        return path.starts_with('/') ? std::string(path) : JoinPath(folder, path);
+    if (IsWindowsPath(path))
+        return std::string(path);
+    const bool beginsAtRoot = path.starts_with('\\') || path.starts_with('/');
+    return beginsAtRoot ? std::string(folder.substr(0, 2)).append(path) : JoinPath(folder, path);
+}
+
+std::filesystem::path NativePath(std::string_view path)
+try {
+    if constexpr (std::is_same_v<fs::path::value_type, char>)
+        return {std::string(path)};
+    const std::string text = DisplayText(path);
+    return {std::u8string(text.begin(), text.end())};
+} catch (const fs::filesystem_error& error) {
+    throw EFileError("There can be no file " + std::string(path) + ": " + error.code().message());
 }
 
 std::string PathText(const std::filesystem::path& path)
-{
+try {
     const std::u8string text = path.u8string();
     return {text.begin(), text.end()};
+} catch (const fs::filesystem_error& error) {
+    throw EFileError("A file has a name that is no text: " + error.code().message());
 }
 
 bool FileExists(std::string_view path)
 {
-    try {
-        std::error_code error;
-        const auto status = std::filesystem::status(NativePath(path), error);
-        return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
-    } catch (const std::filesystem::filesystem_error&) {
-        return false; // no name that this system could have
-    }
+    std::error_code error;
+    const bool exists = HasFile(NativePath(path), error);
+    if (error)
+        throw EFileError("Cannot look for " + std::string(path) + ": " + error.message());
+    return exists;
+}
+
+bool IsReachableFile(std::string_view path)
+try {
+    return FileExists(path);
+} catch (const EFileError&) {
+    return false;
 }
 
 void DeleteFileIfPresent(std::string_view path)
 {
-    std::error_code error;
-    if (FileExists(path))
-        std::filesystem::remove(NativePath(path), error);
+    std::error_code ignored;
+    if (IsReachableFile(path))
+        fs::remove(NativePath(path), ignored);
 }
 
 } // namespace murala

@@ -2,6 +2,8 @@
 // Windows path, divided by "\", "/" and ":"; any other is divided by "/" alone.
 #pragma once
 
+#include "uFileError.h"
+
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -29,12 +31,21 @@ std::string JoinPath(std::string_view folder, std::string_view name);
 // ".jpg", ".jpeg" or ".bmp", in any letter case.
 bool HasPictureExtension(std::string_view path);
 
-// The path as the file system's functions take it (UTF-8 in both homes), and back.
+// The value that a path in a setting stands for: itself when it says where to begin, else below
+// `folder`.
+std::string ResolvePath(std::string_view folder, std::string_view path);
+
+// The path as the file system's functions take it, and back; both throw EFileError when there is no
+// such name. Where names are characters and not bytes, bytes that are no UTF-8 are read as
+// DisplayText does.
 std::filesystem::path NativePath(std::string_view path);
 std::string PathText(const std::filesystem::path& path);
 
+// Whether there is a file (no folder) of that name. Throws EFileError when that cannot be told.
 bool FileExists(std::string_view path);
-// No error when the file is absent.
+// Whether a file can be reached; every error says no.
+bool IsReachableFile(std::string_view path);
+// No error when the file is absent or cannot be deleted.
 void DeleteFileIfPresent(std::string_view path);
 
 } // namespace murala

@@ -5,14 +5,17 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <string>
 #include <system_error>
 
 namespace murala
 {
 
-// As fopen, with a UTF-8 name. Null, with errno set, when it cannot be opened.
-std::FILE* OpenNamedFile(const std::string& path, const char* mode);
+// Whether there is a file (no folder) of that name. `error` is set when that cannot be told: "not
+// found" is no error.
+bool HasFile(const std::filesystem::path& path, std::error_code& error);
+
+// As fopen. Null, with errno set, when it cannot be opened.
+std::FILE* OpenNamedFile(const std::filesystem::path& path, const char* mode);
 
 // Whether everything written so far has reached the disk; errno is set when not.
 bool FlushToDisk(std::FILE* file);

@@ -5,6 +5,8 @@
 
 #include <array>
 #include <cerrno>
+#include <new>
+#include <optional>
 #include <system_error>
 
 namespace murala
@@ -25,6 +27,26 @@ std::error_code LastError()
     return {errno, std::generic_category()};
 }
 
+// Whether the file is there and has exactly this content.
+bool HoldsContent(const std::string& path, std::string_view content)
+{
+    std::error_code error;
+    const auto size = fs::file_size(NativePath(path), error);
+    try {
+        return !error && size == content.size() && ReadWholeFile(path) == content;
+    } catch (const EFileError&) {
+        return false;
+    }
+}
+
+void MoveFile(const std::string& from, const std::string& to)
+{
+    const fs::path target = NativePath(to);
+    if (const std::error_code error = RenameOver(NativePath(from), target, TFlush::ToDisk))
+        Fail("move", from, error);
+    FlushFolder(target.parent_path());
+}
+
 // Where a link leads, also when nothing is there yet.
 std::string FollowLinks(const std::string& path)
 {
@@ -39,13 +61,11 @@ std::string FollowLinks(const std::string& path)
 } // namespace
 
 TFile OpenFile(const std::string& path, const char* mode)
-try {
-    TFile file(OpenNamedFile(path, mode));
+{
+    TFile file(OpenNamedFile(NativePath(path), mode));
     if (!file)
         Fail(mode[0] == 'r' ? "open" : "create", path, LastError());
     return file;
-} catch (const fs::filesystem_error& error) {
-    Fail("open", path, error.code());
 }
 
 std::string ReadWholeFile(const std::string& path)
@@ -79,8 +99,13 @@ TFileReplacement::TFileReplacement(const std::string& path, TFlush flush)
 TFileReplacement::~TFileReplacement()
 {
     m_file.reset();
-    if (!m_newPath.empty())
-        DeleteFileIfPresent(m_newPath);
+    try {
+        std::error_code ignored;
+        if (!m_newPath.empty())
+            fs::remove(NativePath(m_newPath), ignored);
+    } catch (const std::bad_alloc&) {
+        // It lies there until the next one is written.
+    }
 }
 
 void TFileReplacement::Write(const void* data, std::size_t size)
@@ -105,6 +130,8 @@ void TFileReplacement::Commit()
 
 void ReplaceWholeFile(const std::string& path, std::string_view content, TFlush flush)
 {
+    if (flush == TFlush::ToDisk && HoldsContent(path, content))
+        return;
     TFileReplacement file(path, flush);
     file.Write(content.data(), content.size());
     file.Commit();
@@ -112,14 +139,24 @@ void ReplaceWholeFile(const std::string& path, std::string_view content, TFlush 
 
 std::string KeepUnreadableFile(const std::string& path)
 {
-    const std::string content = ReadWholeFile(path);
+    if (!FileExists(path))
+        return {};
+    std::optional<std::string> content;
+    try {
+        content = ReadWholeFile(path);
+    } catch (const EFileError&) {
+        // It is moved.
+    }
     for (int number = 1;; ++number) {
         std::string kept = path + ".unreadable" + (number > 1 ? std::to_string(number) : "");
-        const bool taken = FileExists(kept);
-        if (taken && ReadWholeFile(kept) != content)
+        if (content && HoldsContent(kept, *content))
+            return kept;
+        if (FileExists(kept))
             continue;
-        if (!taken)
-            ReplaceWholeFile(kept, content, TFlush::ToDisk);
+        if (content)
+            ReplaceWholeFile(kept, *content, TFlush::ToDisk);
+        else
+            MoveFile(path, kept);
         return kept;
     }
 }

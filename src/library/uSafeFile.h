@@ -1,21 +1,15 @@
 // Reading and replacing whole files.
 #pragma once
 
+#include "uFileError.h"
+
 #include <cstdio>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 namespace murala
 {
-
-// What was tried, on which file, and the system's reason.
-class EFileError : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
 
 struct TFileCloser {
     void operator()(std::FILE* file) const noexcept { std::fclose(file); }
@@ -57,11 +51,13 @@ private:
     TFile m_file;
 };
 
+// Leaves a file that must survive a power failure alone when it has this content already.
 void ReplaceWholeFile(const std::string& path, std::string_view content, TFlush flush);
 
-// Before a file that could not be understood is written again: keeps a copy beside it, as
-// "NAME.unreadable" or, where another one lies there, with a number from 2 behind it. Gives the
-// copy's path. Throws EFileError.
+// Before a file that could not be read or understood is written again: keeps a copy beside it, as
+// "NAME.unreadable" or, where another one lies there, with a number from 2 behind it. A file that
+// cannot be copied is itself moved there. Gives the new path, nothing when there is no file. Throws
+// EFileError.
 std::string KeepUnreadableFile(const std::string& path);
 
 } // namespace murala

@@ -132,8 +132,9 @@ TMuSettings LoadSettings(const TIniFile& file, const TSettingsDefaults& defaults
     settings.Placement = defaults.Placement;
     settings.LastChangeDate = defaults.Now;
     ForEachKey(settings, TReader{file});
-    settings.ThumbnailFolder = file.ReadText(MainSection, "ThumbnailFolder",
-                                             JoinPath(defaults.ProgramFolder, "Thumbnails"));
+    const std::string folder = file.ReadText(MainSection, "ThumbnailFolder", "");
+    settings.ThumbnailFolder =
+        ResolvePath(defaults.ProgramFolder, folder.empty() ? "Thumbnails" : folder);
     if (file.HasSection(ConvertListSection))
         settings.Titles.ConvertList = PairsToConvertList(file.ReadSection(ConvertListSection));
     return settings;

@@ -107,7 +107,9 @@ TMuSettings LoadSettings(const TIniFile& file, const TSettingsDefaults& defaults
 struct TListState {
     int Count = 0;
     std::string CurrentFileName; // empty: no current wallpaper, the key is left as it is
-    int Desktop = 0;             // number of the virtual desktop, 0 when unknown
+    // Number of the virtual desktop, 0 when unknown. Only sfWallpaperCurrent needs it: another
+    // program has to be asked.
+    int Desktop = 0;
 };
 
 // An empty set changes nothing.

@@ -19,45 +19,70 @@ bool IsContinuationByte(char c)
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
 
-// Bytes of the character that the text begins with, 0 when it is none (an overlong form, half of a
-// surrogate pair and what lies behind U+10FFFF are none).
-std::size_t CharacterLength(std::string_view text)
-{
-    const auto byte = [text](std::size_t i) {
-        return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
-    };
-    const unsigned first = byte(0);
-    const std::size_t length = first < 0x80                    ? 1
-                               : first >= 0xC2 && first < 0xE0 ? 2
-                               : first >= 0xE0 && first < 0xF0 ? 3
-                               : first >= 0xF0 && first < 0xF5 ? 4
-                                                               : 0;
-    for (std::size_t i = 1; i < length; ++i)
-        if ((byte(i) & 0xC0U) != 0x80U)
-            return 0;
-    const bool isBad = (first == 0xE0 && byte(1) < 0xA0) || (first == 0xED && byte(1) >= 0xA0) ||
-                       (first == 0xF0 && byte(1) < 0x90) || (first == 0xF4 && byte(1) >= 0x90);
-    return isBad ? 0 : length;
-}
-
-// Windows-1252 from 0x80 to 0x9F; from there on it is Latin-1.
-constexpr std::uint16_t Windows1252[] = {
-    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178,
+// The forms of a character of several bytes: the first byte, and the second.
+struct TSequence {
+    unsigned char First, Last, SecondFirst, SecondLast;
+    std::size_t Length;
+};
+constexpr TSequence Sequences[] = {
+    {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3}, {0xE1, 0xEC, 0x80, 0xBF, 3},
+    {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3}, {0xF0, 0xF0, 0x90, 0xBF, 4},
+    {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4},
 };
 
-void AppendWindows1252(std::string& text, char c)
+// How many bytes the character has that the text begins with, 0 when it is none.
+std::size_t CharacterLength(std::string_view text)
 {
-    const auto byte = static_cast<unsigned char>(c);
-    const unsigned code = byte < 0xA0 ? Windows1252[byte - 0x80] : byte;
-    if (code >= 0x800) {
-        text += static_cast<char>(0xE0U | (code >> 12U));
-        text += static_cast<char>(0x80U | ((code >> 6U) & 0x3FU));
+    const auto first = static_cast<unsigned char>(text[0]);
+    if (first < 0x80)
+        return 1;
+    const auto second = static_cast<unsigned char>(text.size() > 1 ? text[1] : 0);
+    for (const TSequence& form : Sequences)
+        if (first >= form.First && first <= form.Last && second >= form.SecondFirst &&
+            second <= form.SecondLast && text.size() >= form.Length &&
+            std::ranges::all_of(text.substr(1, form.Length - 1), IsContinuationByte))
+            return form.Length;
+    return 0;
+}
+
+void AppendCharacter(std::string& text, std::uint32_t code)
+{
+    const auto tail = [&](unsigned shift) {
+        text += static_cast<char>(0x80U | (code >> shift & 0x3FU));
+    };
+    if (code < 0x80) {
+        text += static_cast<char>(code);
+    } else if (code < 0x800) {
+        text += static_cast<char>(0xC0U | code >> 6U);
+        tail(0);
+    } else if (code < 0x10000) {
+        text += static_cast<char>(0xE0U | code >> 12U);
+        tail(6);
+        tail(0);
     } else {
-        text += static_cast<char>(0xC0U | (code >> 6U));
+        text += static_cast<char>(0xF0U | code >> 18U);
+        tail(12);
+        tail(6);
+        tail(0);
     }
-    text += static_cast<char>(0x80U | (code & 0x3FU));
+}
+
+// Windows-1252 from 0x80 to 0x9F; what is not in use there stays as it is.
+constexpr std::uint16_t Windows1252[] = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
+};
+
+constexpr std::uint32_t ReplacementCharacter = 0xFFFD;
+
+bool IsHighSurrogate(std::uint32_t unit)
+{
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+bool IsLowSurrogate(std::uint32_t unit)
+{
+    return unit >= 0xDC00 && unit < 0xE000;
 }
 
 } // namespace
@@ -150,16 +175,43 @@ std::string_view FirstCharacters(std::string_view text, std::size_t count)
 
 std::string DisplayText(std::string_view text)
 {
-    std::string shown;
+    std::string result;
     while (!text.empty()) {
         const std::size_t length = CharacterLength(text);
-        if (length == 0)
-            AppendWindows1252(shown, text.front());
+        const auto byte = static_cast<unsigned char>(text[0]);
+        if (length > 0)
+            result += text.substr(0, length);
         else
-            shown += text.substr(0, length);
+            AppendCharacter(result, byte < 0xA0 ? Windows1252[byte - 0x80] : byte);
         text.remove_prefix(std::max<std::size_t>(length, 1));
     }
-    return shown;
+    return result;
+}
+
+std::string DecodeText(std::string content)
+{
+    const bool isLittle = content.starts_with("\xFF\xFE");
+    if (!isLittle && !content.starts_with("\xFE\xFF"))
+        return content;
+    const auto unit = [&](std::size_t at) -> std::uint32_t {
+        if (at + 1 >= content.size())
+            return ReplacementCharacter; // half a character at the end
+        const auto first = static_cast<unsigned char>(content[at]);
+        const auto second = static_cast<unsigned char>(content[at + 1]);
+        return isLittle ? first | second << 8U : first << 8U | second;
+    };
+    std::string text;
+    for (std::size_t at = 0; at < content.size(); at += 2) {
+        std::uint32_t code = unit(at);
+        if (IsHighSurrogate(code) && IsLowSurrogate(unit(at + 2))) {
+            code = 0x10000 + ((code - 0xD800) << 10U) + (unit(at + 2) - 0xDC00);
+            at += 2;
+        } else if (IsHighSurrogate(code) || IsLowSurrogate(code)) {
+            code = ReplacementCharacter;
+        }
+        AppendCharacter(text, code);
+    }
+    return text;
 }
 
 std::vector<std::string_view> SplitLines(std::string_view text)

@@ -41,8 +41,13 @@ std::string FormatText(std::string_view format, std::initializer_list<std::strin
 // The first `count` characters (code points), never cut inside one; broken bytes count one each.
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
 
-// Text to be shown: what is not UTF-8 is taken for Windows-1252, byte by byte.
+// Bytes that are no UTF-8 taken as Windows-1252, as files from before have them: for showing text
+// whose bytes have to stay what they are.
 std::string DisplayText(std::string_view text);
+
+inline constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+// A file's content that is UTF-16, with its mark, as UTF-8 with its mark; any other as it is.
+std::string DecodeText(std::string content);
 
 // Split at CR LF, LF or CR. A line end at the very end opens no further line.
 std::vector<std::string_view> SplitLines(std::string_view text);

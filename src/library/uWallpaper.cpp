@@ -18,7 +18,6 @@ namespace murala
 namespace
 {
 
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view LineEnd = "\r\n";
 
 // What an item is sorted by: the first text, and the second where the first ones are equal.
@@ -79,9 +78,16 @@ TMuWallpaperList::~TMuWallpaperList() = default;
 
 TMuWallpaper& TMuWallpaperList::Add(std::unique_ptr<TMuWallpaper> item)
 {
-    TMuWallpaper& added = *m_items.emplace_back(std::move(item));
+    TMuWallpaper& added = *item;
+    m_items.push_back(nullptr); // should memory run out, then before anything was changed
+    try {
+        m_byFileName.emplace(added.m_fileName, &added);
+    } catch (...) {
+        m_items.pop_back();
+        throw;
+    }
+    m_items.back() = std::move(item);
     added.Owner = this;
-    m_byFileName.emplace(added.m_fileName, &added);
     if (m_largestNumber)
         m_largestNumber = std::max(*m_largestNumber, added.m_thumbnailNumber);
     return added;
@@ -113,19 +119,20 @@ void TMuWallpaperList::Release(TMuWallpaper& item)
     item.Owner = nullptr;
 }
 
-void TMuWallpaperList::RemoveFromIndex(const TMuWallpaper& item)
+TMuWallpaperList::TFileNames::node_type TMuWallpaperList::RemoveFromIndex(const TMuWallpaper& item)
 {
     const auto [first, last] = m_byFileName.equal_range(item.m_fileName);
-    m_byFileName.erase(
+    return m_byFileName.extract(
         std::find_if(first, last, [&](const auto& entry) { return entry.second == &item; }));
 }
 
 void TMuWallpaperList::SetFileName(TMuWallpaper& item, std::string fileName)
 {
     assert(item.Owner == this);
-    RemoveFromIndex(item);
+    auto entry = RemoveFromIndex(item);
     item.m_fileName = std::move(fileName);
-    m_byFileName.emplace(item.m_fileName, &item);
+    entry.key() = item.m_fileName;
+    m_byFileName.insert(std::move(entry));
 }
 
 void TMuWallpaperList::SetThumbnailNumber(TMuWallpaper& item, std::int32_t number)
@@ -254,7 +261,7 @@ void TMuWallpaperList::Sort(TListColumn column, bool ascending, const TCompare& 
 
 void TMuWallpaperList::SaveToFile(const std::string& path) const
 {
-    std::string content;
+    std::string content(m_byteOrderMark ? ByteOrderMark : std::string_view());
     for (const auto& item : m_items)
         content.append(item->SaveToLine()).append(LineEnd);
     ReplaceWholeFile(path, content, TFlush::ToDisk);
@@ -263,11 +270,13 @@ void TMuWallpaperList::SaveToFile(const std::string& path) const
 void TMuWallpaperList::LoadFromFile(const std::string& path)
 {
     Clear();
+    m_byteOrderMark = false;
     if (!FileExists(path))
         return;
-    const std::string content = ReadWholeFile(path);
+    const std::string content = DecodeText(ReadWholeFile(path));
     std::string_view rest = content;
-    if (rest.starts_with(ByteOrderMark))
+    m_byteOrderMark = rest.starts_with(ByteOrderMark);
+    if (m_byteOrderMark)
         rest.remove_prefix(ByteOrderMark.size());
     while (!rest.empty()) {
         const std::string_view before(content.data(), content.size() - rest.size());

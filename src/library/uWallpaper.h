@@ -135,7 +135,7 @@ public:
 
     // Both throw EFileError. LoadFromFile takes a missing file for an empty list. It throws
     // EListLineError at the first bad line; the items before it are then in the list, and the
-    // caller must call KeepUnreadableFile before the file is written again.
+    // file must be kept (TUserFile does) before it is written again.
     void SaveToFile(const std::string& path) const;
     void LoadFromFile(const std::string& path);
 
@@ -144,11 +144,13 @@ private:
     void AssignThumbnailNumber(TMuWallpaper& item);
     // After the item was taken out of m_items.
     void Release(TMuWallpaper& item);
-    void RemoveFromIndex(const TMuWallpaper& item);
+    // The keys are the items' own file names.
+    using TFileNames = std::unordered_multimap<std::string_view, TMuWallpaper*>;
+    TFileNames::node_type RemoveFromIndex(const TMuWallpaper& item);
 
     std::vector<std::unique_ptr<TMuWallpaper>> m_items;
-    // The keys are the items' own file names.
-    std::unordered_multimap<std::string_view, TMuWallpaper*> m_byFileName;
+    TFileNames m_byFileName;
+    bool m_byteOrderMark = false;                        // the file begins with one
     mutable std::optional<std::int32_t> m_largestNumber; // empty: to be looked up
 };
 

@@ -1,7 +1,6 @@
 #include "uStorage.h"
 
-#include "uPath.h"
-#include "uSafeFile.h"
+#include "uFileError.h"
 #include "uText.h"
 
 #include <new>
@@ -28,18 +27,19 @@ void TStorage::LoadSettings(const TPlacement& placement)
     const TSettingsDefaults defaults{m_core.Services.ProgramFolder, m_core.Services.Clock.Now(),
                                      placement};
     try {
-        const TIniFile file = TIniFile::Load(m_core.FilePath(SettingsFileName));
-        m_core.Settings = murala::LoadSettings(file, defaults);
-        m_areSettingsUnreadable = false;
+        m_settingsFile.Read([&](const std::string& path) {
+            m_core.Settings = murala::LoadSettings(TIniFile::Load(path), defaults);
+        });
         m_toldSettingsProblem.clear();
     } catch (const std::exception& error) {
-        if (!std::exchange(m_areSettingsUnreadable, true))
+        if (!m_haveSettings)
             m_core.Settings = murala::LoadSettings(TIniFile(), defaults);
         TellOnce(m_toldSettingsProblem,
                  FormatText("The settings could not be read.\n\n%s\n\nBefore the settings are "
                             "saved again, the file is kept under another name.",
                             {ReasonOf(error)}));
     }
+    m_haveSettings = true;
     try {
         m_core.List.SetThumbnailFolder(m_core.Settings.ThumbnailFolder);
     } catch (const EFileError&) {
@@ -50,9 +50,8 @@ void TStorage::LoadSettings(const TPlacement& placement)
 void TStorage::LoadList()
 {
     try {
-        m_core.List.LoadFromFile(m_core.FilePath(ListFileName));
+        m_listFile.Read([this](const std::string& path) { m_core.List.LoadFromFile(path); });
     } catch (const std::exception& error) {
-        m_isListUnreadable = true;
         m_core.Tell(FormatText("The wallpaper list could not be read completely.\n\n%s\n\n"
                                "%d wallpapers were loaded. Before the list is saved again, the "
                                "file is kept under another name.",
@@ -60,23 +59,21 @@ void TStorage::LoadList()
     }
     int current = m_core.List.Count() > 0 ? 0 : -1;
     try {
-        current = LoadCurrentWallpaper(TIniFile::Load(m_core.FilePath(SettingsFileName)),
-                                       m_core.List, m_core.Services.Siblings.GetVeyraDesktop());
-    } catch (const EFileError&) {
-        m_areSettingsUnreadable = true; // the next reading tells
+        m_settingsFile.Read([&](const std::string& path) {
+            current = LoadCurrentWallpaper(TIniFile::Load(path), m_core.List,
+                                           m_core.Services.Siblings.GetVeyraDesktop());
+        });
+    } catch (const std::exception&) {
+        // The first wallpaper stands for it; the file that names the right one is kept.
     }
     m_core.Listeners.Tell(&TListener::RowsChanged);
     m_core.Selection.SetCurrent(current >= 0 ? &m_core.List.Item(current) : nullptr);
 }
 
-void TStorage::KeepIfUnreadable(bool& isUnreadable, const std::string& path)
+void TStorage::Write(TUserFile& file, const TUserFile::TWork& write)
 {
-    if (!isUnreadable)
-        return;
-    if (FileExists(path))
-        m_core.View.SetStatus(
-            FormatText("The unreadable file was kept as %s", {KeepUnreadableFile(path)}));
-    isUnreadable = false;
+    if (const std::string kept = file.Write(write); !kept.empty())
+        m_core.View.SetStatus(FormatText("The unreadable file was kept as %s", {kept}));
 }
 
 // Every change saves, and would tell the same again.
@@ -86,19 +83,12 @@ void TStorage::TellOnce(std::string& told, const std::string& problem)
         m_core.Tell(problem);
 }
 
-void TStorage::WriteList()
-{
-    const std::string path = m_core.FilePath(ListFileName);
-    KeepIfUnreadable(m_isListUnreadable, path);
-    m_core.List.SaveToFile(path);
-}
-
 void TStorage::SaveList()
 {
     if (m_core.Updating)
         return;
     try {
-        WriteList();
+        Write(m_listFile, [this](const std::string& path) { m_core.List.SaveToFile(path); });
         m_toldListProblem.clear();
     } catch (const std::exception& error) {
         TellOnce(m_toldListProblem,
@@ -107,10 +97,8 @@ void TStorage::SaveList()
     SaveSettings(AllSaveFlags);
 }
 
-void TStorage::WriteSettings(TSaveFlags parts)
+void TStorage::WriteSettings(const std::string& path, TSaveFlags parts)
 {
-    const std::string path = m_core.FilePath(SettingsFileName);
-    KeepIfUnreadable(m_areSettingsUnreadable, path);
     const TMuWallpaper* current = m_core.Selection.Current();
     TListState list{m_core.List.Count(), current != nullptr ? current->FileName() : "", 0};
     if (parts[sfWallpaperCurrent] && current != nullptr)
@@ -128,7 +116,7 @@ void TStorage::SaveSettings(TSaveFlags parts)
     try {
         m_core.Settings.WindowState = m_core.View.IsWindowVisible();
         m_core.Settings.Placement = m_core.View.NormalPlacement();
-        WriteSettings(parts);
+        Write(m_settingsFile, [=, this](const std::string& path) { WriteSettings(path, parts); });
         m_toldSettingsProblem.clear();
     } catch (const std::exception& error) {
         TellOnce(m_toldSettingsProblem,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "uCore.h"
+#include "uUserFile.h"
 
 #include <string>
 
@@ -11,10 +12,14 @@ namespace murala
 class TStorage
 {
 public:
-    explicit TStorage(TCore& core) : m_core(core) {}
+    explicit TStorage(TCore& core)
+        : m_core(core), m_listFile(core.FilePath(ListFileName)),
+          m_settingsFile(core.FilePath(SettingsFileName))
+    {
+    }
 
     // `placement` is the window's present one. Settings that cannot be read stay as they are (their
-    // defaults at first); that is told once.
+    // defaults at first); that is told once, and the file is kept before it is written.
     void LoadSettings(const TPlacement& placement);
     // The list file and the current wallpaper. What cannot be read is told to the user; the whole
     // file is then kept under another name before it is written again.
@@ -26,13 +31,13 @@ public:
 
 private:
     void TellOnce(std::string& told, const std::string& problem);
-    // Before a file that could not be read is written: keeps a copy of it.
-    void KeepIfUnreadable(bool& isUnreadable, const std::string& path);
-    void WriteList();
-    void WriteSettings(TSaveFlags parts);
+    // Tells under which name an unreadable file was kept.
+    void Write(TUserFile& file, const TUserFile::TWork& write);
+    void WriteSettings(const std::string& path, TSaveFlags parts);
 
     TCore& m_core;
-    bool m_isListUnreadable = false, m_areSettingsUnreadable = false;
+    TUserFile m_listFile, m_settingsFile;
+    bool m_haveSettings = false;
     std::string m_toldListProblem, m_toldSettingsProblem;
 };
 

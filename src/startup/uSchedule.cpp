@@ -28,7 +28,7 @@ bool IsChangeDue(const TScheduleSettings& schedule, TDateTime lastChange, TDateT
         return false;
     if (units <= suDay && IsEarlier(TimeOf(now), schedule.At))
         return false;
-    return units != suWeek || WeekdayOf(now) == schedule.On;
+    return units != suWeek || WeekdayOf(now) == std::clamp(schedule.On, 0, 6);
 }
 
 TDateTime LastChangeBefore(TDateTime lastChange, TDateTime now)

@@ -83,18 +83,46 @@ TEST(BmpFile, EveryFormGivesItsPixelsAndEndsWellWhereverItIsCutOff)
     }
 }
 
+TEST(BmpFile, PassingRowsOverChangesNoPixel)
+{
+    constexpr int width = 150, height = 2000; // several blocks
+    const TTempFolder folder;
+    const TBitmap picture = NumberedBitmap(width, height);
+    std::string content = ReadWholeFile([&] {
+        SaveBitmapFile(picture, folder.File("a.bmp"));
+        return folder.File("a.bmp");
+    }());
+    for (const bool isTopDown : {false, true}) {
+        if (isTopDown)
+            content.replace(22, 4, Longs({-height}));
+        const std::string name = folder.Write("a.bmp", content);
+        for (const int step : {1, 2, 3, 7, 100, 700, 1999}) {
+            const auto reader = OpenImage(name);
+            TBitmap row(width, 1);
+            for (int y = step - 1; y < height; y += step) {
+                reader->ReadRow(y, row.Row(0));
+                const int stored = isTopDown ? height - 1 - y : y;
+                ASSERT_TRUE(std::equal(row.Row(0), row.Row(0) + width, picture.Row(stored)))
+                    << y << " by " << step << (isTopDown ? " from the top" : " from the bottom");
+            }
+        }
+    }
+}
+
 TEST(BmpFile, RefusesWhatCannotBeAPicture)
 {
-    const std::pair<const char*, std::vector<TBmp>> cases[] = {
-        {"BMP: there are no pixels", {{2, 2, 24, 0, ""}, {.Offset = 0xFFFFFFF0}}},
-        {"BMP: the height is out of range", {{2, INT_MIN}}},
-        {"BMP: the size is out of range",
-         {{0}, {-2}, {2, 0}, {INT_MAX, INT_MAX}, {65535, 65535}, {1, 1 << 27}}},
-        {"BMP: too large for run lengths", {{16384, 16384, 8, 1}}},
-        {"BMP: unknown or incomplete header", {{.HeaderSize = 13}, {.HeaderSize = 5000}}},
-        {"BMP: unknown combination of bit count and compression",
-         {{2, 2, 7}, {2, 2, 0, 4}, {2, 2, 24, 4}, {2, 2, 1, 3}}},
-        {"BMP: unknown compression", {{2, 2, 16, 3, "x", "", "", 64}}}};
+    const struct {
+        const char* Reason;
+        std::vector<TBmp> Files;
+    } cases[] = {{"BMP: there are no pixels", {{2, 2, 24, 0, ""}, {.Offset = 0xFFFFFFF0}}},
+                 {"BMP: the height is out of range", {{2, INT_MIN}}},
+                 {"BMP: the size is out of range",
+                  {{0}, {-2}, {2, 0}, {INT_MAX, INT_MAX}, {65535, 65535}, {1, 1 << 27}}},
+                 {"BMP: too large for run lengths", {{16384, 16384, 8, 1}}},
+                 {"BMP: unknown or incomplete header", {{.HeaderSize = 13}, {.HeaderSize = 5000}}},
+                 {"BMP: unknown combination of bit count and compression",
+                  {{2, 2, 7}, {2, 2, 0, 4}, {2, 2, 24, 4}, {2, 2, 1, 3}}},
+                 {"BMP: unknown compression", {{2, 2, 16, 3, "x", "", "", 64}}}};
     const TTempFolder folder;
     for (const auto& [reason, files] : cases)
         for (const TBmp& file : files)

@@ -78,6 +78,18 @@ TEST(JpegFile, PassingRowsOverChangesNoPixel)
     }
 }
 
+TEST(JpegFile, WhatAProgramNotedIsPassedOver)
+{
+    const TTempFolder folder;
+    std::string photo = ReadWholeFile(PhotoJpeg(folder, 50, 40));
+    const TRows whole = RowsOf(LoadImageFile(folder.File("photo.bmp")));
+    // Several times as much as is read at once.
+    for (const int size : {65000, 65535, 3, 2, 65534})
+        photo.insert(2, Bytes({0xFF, 0xEB, size >> 8, size}) +
+                            std::string(static_cast<std::size_t>(size) - 2, '\xFF'));
+    EXPECT_EQ(RowsOf(LoadImageFile(folder.Write("noted.jpg", photo))), whole);
+}
+
 TEST(JpegFile, DecodesAtReducedSize)
 {
     const TTempFolder folder;
@@ -107,14 +119,15 @@ TEST(JpegFile, ACutOffFileGivesWhatThereIs)
 TEST(JpegFile, RefusesWhatCannotBeDecodedInReason)
 {
     const TTempFolder folder;
-    const std::pair<std::string, std::string> cases[] = {
-        {TinyScans(0xC0, 100, 100, 1), "none"},
-        {TinyScans(0xC2, 4000, 3000, 20), "none"},
-        {TinyScans(0xC0, 65500, 65500, 1), "JPEG: the size is out of range"},
-        {TinyScans(0xC2, 20000, 5000, 1), "JPEG: too large for several scans"},
-        {TinyScans(0xC2, 4000, 3000, 400), "JPEG: "},
-        {TinyScans(0xC0, 0, 100, 1), "JPEG: "},
-        {"\xFF\xD8\xFF", "JPEG: "}};
+    const struct {
+        std::string Content, Reason;
+    } cases[] = {{TinyScans(0xC0, 100, 100, 1), "none"},
+                 {TinyScans(0xC2, 4000, 3000, 20), "none"},
+                 {TinyScans(0xC0, 65500, 65500, 1), "JPEG: the size is out of range"},
+                 {TinyScans(0xC2, 20000, 5000, 1), "JPEG: too large for several scans"},
+                 {TinyScans(0xC2, 4000, 3000, 400), "JPEG: "},
+                 {TinyScans(0xC0, 0, 100, 1), "JPEG: "},
+                 {"\xFF\xD8\xFF", "JPEG: "}};
     for (const auto& [content, reason] : cases)
         try {
             OpenImage(folder.Write("a.jpg", content));

@@ -32,6 +32,43 @@ TEST(Tint, SolidTintsEveryChannelByItsOwnValue)
     }
 }
 
+TEST(Tint, StylesSpreadTheItemsOwnValuesTheirOwnWay)
+{
+    TMuWallpaper item;
+    item.SetStartTint({-64, -128, 0});
+    item.SetEndTint({-256, 0, -128});
+    // Half way: -160, -64, -64.
+    constexpr TPixel start = 0xBF7FFF, middle = 0x5FBFBF, same = 0xFFFFFF;
+    const struct {
+        TGammaStyle Style;
+        TRows Rows;
+    } cases[] = {
+        {gsNone, {{same, same}, {same, same}}},
+        {gsSolid, {{start, start}, {start, start}}},
+        {gsHorizontal, {{start, middle}, {start, middle}}},
+        {gsVertical, {{start, start}, {middle, middle}}},
+    };
+    for (const auto& [style, rows] : cases) {
+        TBitmap bitmap = BitmapOf({{same, same}, {same, same}});
+        item.GammaStyle = style;
+        ApplyTint(bitmap, item);
+        EXPECT_EQ(RowsOf(bitmap), rows) << int{style};
+    }
+}
+
+TEST(Tint, ARampIsCalculatedMoreExactlyThanSinglePrecision)
+{
+    // Rounded to even exactly half way between two values, on either side of it one step further.
+    constexpr int width = 65535;
+    TBitmap bitmap(width, 1);
+    std::fill_n(bitmap.Row(0), width, TPixel{0});
+    TintHorizontal(bitmap, {0, 0, 0}, {255, 255, 255});
+    for (int x = 0; x < width; ++x) {
+        // 255 x / 65535 = x / 257, which is never half way.
+        ASSERT_EQ(bitmap.Row(0)[x] & 255U, static_cast<TPixel>((2 * x + 257) / 514)) << x;
+    }
+}
+
 TEST(Tint, RampsStartExactlyAndRoundHalfToEven)
 {
     TBitmap wide = BitmapOf({{0x102030, 0x102030}});

@@ -44,6 +44,18 @@ TEST(IniFile, ChangesOnlyTheLinesItWrites)
     EXPECT_EQ(file.ToText(), head + ";two=2\r\nODD LINE\r\n" + others + "[New]\r\n");
 }
 
+TEST(IniFile, OfTwoBytesACharacterIsReadAndGoesOnAsUtf8)
+{
+    const TTempFolder folder;
+    const std::string path =
+        folder.Write("Murala.ini", {"\xFE\xFF\0[\0A\0]\0\n\0a\0=\0\xE4\0\n", 18});
+    TIniFile file = TIniFile::Load(path);
+    EXPECT_EQ(file.ReadText("A", "a", ""), "\xC3\xA4");
+    file.Write("A", "b", "2");
+    file.Save(path);
+    EXPECT_EQ(ReadWholeFile(path), "\xEF\xBB\xBF[A]\r\na=\xC3\xA4\r\nb=2\r\n");
+}
+
 TEST(IniFile, IsWrittenOnlyWhenSomethingWasChanged)
 {
     const TTempFolder folder;

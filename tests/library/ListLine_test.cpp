@@ -57,16 +57,28 @@ TEST(ListLine, WritesAndReadsTheStoredForm)
 
 TEST(ListLine, TakesHarmlessFaultsAndNamesTheFieldOfOthers)
 {
-    // Number and text of a field, and what is stored instead of it, or else the field's name.
-    using TCase = std::tuple<int, std::string, std::string>;
-    const TCase cases[] = {{4, "20", "0"},           {4, "1 ", "TransparentIcons"},
-                           {13, "4", "0"},           {5, "", "ThumbnailNumber"},
-                           {8, " +7", "7"},          {7, "+-1", "GammaStartRed"},
-                           {13, "257", "0"},         {8, "%s", "GammaStartGreen"},
-                           {12, "x", "255"},         {9, "3000000000", "GammaStartBlue"},
-                           {7, "99999", "255"},      {14, "0 0", "DesktopColor"},
-                           {10, "-99999", "-256"},   {14, "0  0 0", "DesktopColor"},
-                           {3, "tiled", "Centered"}, {14, "1 2 3 x", "DesktopColor"}};
+    const struct {
+        int Number;
+        std::string Text, Result; // what is stored instead of it, or else the field's name
+    } cases[] = {{4, "20", "0"},
+                 {4, "1 ", "TransparentIcons"},
+                 {13, "4", "0"},
+                 {5, "", "ThumbnailNumber"},
+                 {8, " +7", "7"},
+                 {7, "+-1", "GammaStartRed"},
+                 {13, "257", "0"},
+                 {8, "%s", "GammaStartGreen"},
+                 {12, "x", "255"},
+                 {9, "3000000000", "GammaStartBlue"},
+                 {7, "99999", "255"},
+                 {8, "256", "255"},
+                 {9, "-257", "-256"},
+                 {11, "256", "255"},
+                 {14, "0 0", "DesktopColor"},
+                 {10, "-99999", "-256"},
+                 {14, "0  0 0", "DesktopColor"},
+                 {3, "tiled", "Centered"},
+                 {14, "1 2 3 x", "DesktopColor"}};
     for (const auto& [number, text, result] : cases)
         try {
             EXPECT_EQ(ItemOf(WithField(number, text)).SaveToLine(), WithField(number, result));
@@ -79,19 +91,37 @@ TEST(ListLine, TakesHarmlessFaultsAndNamesTheFieldOfOthers)
 
 TEST(ListLine, LinesEndOutsideOfQuotedFields)
 {
-    const std::tuple<std::string_view, std::string_view, std::string_view> cases[] = {
-        {"\"a\",\"b\"\r\nc", "\"a\",\"b\"", "c"},
-        {"\"a\nb\",\"\"\"\r\n\"\nc", "\"a\nb\",\"\"\"\r\n\"", "c"},
-        {"a\"b,c\"\rd\"", "a\"b,c\"", "d\""},
-        {"\r\nx", "", "x"},
-        {"\"a\",\"", "\"a\",\"", ""},
-        // Quotes that nobody closed end with their line.
-        {"\"a\n\"b\",\"c\"\n", "\"a", "\"b\",\"c\"\n"},
-        {"\"a\",\"b\nc,d\n", "\"a\",\"b", "c,d\n"},
-        {"\"a\nb\",\"c\"d\n", "\"a", "b\",\"c\"d\n"}};
+    const struct {
+        std::string_view Text, First, Behind;
+    } cases[] = {{"\"a\",\"b\"\r\nc", "\"a\",\"b\"", "c"},
+                 {"\"a\nb\",\"\"\"\r\n\"\nc", "\"a\nb\",\"\"\"\r\n\"", "c"},
+                 {"a\"b,c\"\rd\"", "a\"b,c\"", "d\""},
+                 {"\r\nx", "", "x"},
+                 {"\"a\",\"", "\"a\",\"", ""},
+                 // Quotes that nobody closed end with their line.
+                 {"\"a\n\"b\",\"c\"\n", "\"a", "\"b\",\"c\"\n"},
+                 {"\"a\",\"b\nc,d\n", "\"a\",\"b", "c,d\n"},
+                 {"\"a\nb\",\"c\"d\n", "\"a", "b\",\"c\"d\n"}};
     for (const auto& [text, first, behind] : cases) {
         std::string_view rest = text;
         EXPECT_EQ(TakeListLine(rest), first);
         EXPECT_EQ(rest, behind) << text;
+    }
+}
+
+TEST(ListLine, ATintIsGreyWhenItsThreeValuesAreEqual)
+{
+    for (const auto& [tint, isGrey] : {std::pair(TTint{7, 7, 7}, true),
+                                       {{7, 7, 8}, false},
+                                       {{7, 8, 7}, false},
+                                       {{8, 7, 7}, false}}) {
+        TMuWallpaper item;
+        item.SetStartTint(tint);
+        EXPECT_EQ(item.StartTintIsGrey(), isGrey);
+        EXPECT_TRUE(item.EndTintIsGrey());
+        item.SetStartTint({});
+        item.SetEndTint(tint);
+        EXPECT_EQ(item.EndTintIsGrey(), isGrey);
+        EXPECT_TRUE(item.StartTintIsGrey());
     }
 }

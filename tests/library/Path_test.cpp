@@ -6,11 +6,13 @@ using namespace murala;
 
 TEST(Path, IsDividedAndJoinedByItsOwnForm)
 {
-    using TCase = std::tuple<const char*, const char*, const char*, bool>;
-    const TCase cases[] = {{R"(C:\P\)", "a.jpg", ".jpg", true}, {"C:/P/", "a.b.gz", ".gz", false},
-                           {R"(\\s\a.b\)", "Sea", "", false},   {R"(/odd\/)", "jpg", "", false},
-                           {"/p.bmp/", ".JPEG", ".JPEG", true}, {"/", R"(\:.Bmp)", ".Bmp", true},
-                           {"", "Sea.jpg.", ".", false},        {"/p/", "", "", false}};
+    const struct {
+        const char *Folder, *Name, *Extension;
+        bool IsPicture;
+    } cases[] = {{R"(C:\P\)", "a.jpg", ".jpg", true}, {"C:/P/", "a.b.gz", ".gz", false},
+                 {R"(\\s\a.b\)", "Sea", "", false},   {R"(/odd\/)", "jpg", "", false},
+                 {"/p.bmp/", ".JPEG", ".JPEG", true}, {"/", R"(\:.Bmp)", ".Bmp", true},
+                 {"", "Sea.jpg.", ".", false},        {"/p/", "", "", false}};
     for (const auto& [folder, name, extension, isPicture] : cases) {
         const std::string path = JoinPath(folder, name);
         EXPECT_EQ(FolderPart(path), folder) << path;
@@ -22,4 +24,22 @@ TEST(Path, IsDividedAndJoinedByItsOwnForm)
     EXPECT_EQ(JoinPath(R"(C:\Pictures)", "a"), R"(C:\Pictures\a)");
     EXPECT_EQ(JoinPath(R"(/odd\)", "a"), R"(/odd\/a)");
     EXPECT_FALSE(FileExists("broken \xFF\xFE name"));
+}
+
+TEST(Path, InASettingBeginsAtTheProgramFolderUnlessItSaysOtherwise)
+{
+    const struct {
+        const char *Folder, *Path, *Resolved;
+    } cases[] = {
+        {"/home/me/murala/", "small", "/home/me/murala/small"},
+        {"/home/me/murala/", "/mnt/small", "/mnt/small"},
+        {"/home/me/murala/", R"(C:\small)", R"(/home/me/murala/C:\small)"},
+        {R"(C:\Murala\)", R"(small\)", R"(C:\Murala\small\)"},
+        {R"(C:\Murala\)", R"(\small)", R"(C:\small)"},
+        {R"(C:\Murala\)", "/small", "C:/small"},
+        {R"(C:\Murala\)", R"(D:\small)", R"(D:\small)"},
+        {R"(C:\Murala\)", R"(\\server\share)", R"(\\server\share)"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(ResolvePath(c.Folder, c.Path), c.Resolved) << c.Folder << ' ' << c.Path;
 }

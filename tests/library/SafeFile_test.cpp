@@ -19,6 +19,18 @@ TEST(SafeFile, ReplacesWhenItIsCommittedAndLeavesNothingBeside)
     EXPECT_EQ(folder.Count(), 1);
 }
 
+TEST(SafeFile, LeavesAFileAloneThatHasTheContentAlready)
+{
+    const TTempFolder folder;
+    const auto path = NativePath(folder.Write("list", "same"));
+    const auto before = std::filesystem::last_write_time(path) - std::chrono::hours(1);
+    std::filesystem::last_write_time(path, before);
+    ReplaceWholeFile(PathText(path), "same", TFlush::ToDisk);
+    EXPECT_EQ(std::filesystem::last_write_time(path), before);
+    ReplaceWholeFile(PathText(path), "diff", TFlush::ToDisk);
+    EXPECT_EQ(ReadWholeFile(PathText(path)), "diff");
+}
+
 TEST(SafeFile, SaysWhatFailedOnWhichFile)
 {
     const TTempFolder folder;
@@ -51,7 +63,10 @@ TEST(SafeFile, KeepsEveryUnreadableFileOnce)
 {
     const TTempFolder folder;
     const std::string kept = folder.File("list.unreadable");
-    const std::pair<const char*, std::string> cases[] = {
+    const struct {
+        const char* Content;
+        std::string Copy;
+    } cases[] = {
         {"first", kept}, {"second", kept + "2"}, {"third", kept + "3"}, {"second", kept + "2"}};
     for (const auto& [content, copy] : cases) {
         EXPECT_EQ(KeepUnreadableFile(folder.Write("list", content)), copy);

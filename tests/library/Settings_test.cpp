@@ -55,16 +55,68 @@ TEST(Settings, AreWrittenInTheirOrderAndReadBackIntoTheirOwnPlaces)
 TEST(Settings, HaveTheirDefaults)
 {
     const TSettingsDefaults defaults{"/home/me/", 45000.25, {800, 600, 10, 20}};
-    TIniFile file = TIniFile::FromText("[Main]\nLastChangeDate=7/3/26\nWidth=wide\n");
+    TIniFile file = TIniFile::FromText("[Main]\nLastChangeDate=7/3/26\nWidth=wide\n"
+                                       "UseSchedule=2\nUseIconBox=-1\n");
     const TMuSettings settings = LoadSettings(file, defaults);
     EXPECT_EQ(settings.WallpaperPath, "/home/me/");
     EXPECT_EQ(settings.ThumbnailFolder, "/home/me/Thumbnails");
     EXPECT_EQ(settings.LastChangeDate, 45000.25);
     EXPECT_EQ(settings.Placement.Width, 800);
+    EXPECT_TRUE(settings.UseSchedule && settings.UseIconBox);
     EXPECT_EQ(settings.Titles.ConvertList, DefaultConvertList());
     file = TIniFile::FromText("[ConvertList]\n[Main]\nThumbnailFolder=/t\n");
     EXPECT_TRUE(LoadSettings(file, defaults).Titles.ConvertList.empty());
     EXPECT_EQ(LoadSettings(file, defaults).ThumbnailFolder, "/t");
+}
+
+TEST(Settings, EveryFlagWritesItsOwnKeys)
+{
+    using TKeys = std::vector<std::string>;
+    const TKeys keysOfFlags[] = {
+        {"WallpaperCount"},
+        {"WallpaperCurrent"},
+        {"WallpaperPath"},
+        {"PreviewSize"},
+        {"ThumbnailSize"},
+        {"ViewMode"},
+        {"WindowState"},
+        {"ApplyOnStartup"},
+        {"NextOnStartup"},
+        {"Width", "Height", "Left", "Top"},
+        {"UseSchedule"},
+        {"ScheduleFrequency"},
+        {"ScheduleUnits"},
+        {"ScheduleAt"},
+        {"ScheduleOn"},
+        {"LastChangeDate"},
+        {"CapitaliseFirstLetter"},
+        {"SpaceOutWords"},
+        {"a pair"}, // of the convert list
+        {},
+        {"StickyEdges"},
+        {"MaxTitleLength"},
+        {"UseWallpaperCategories"},
+        {"RefreshIcons"},
+        {"DefaultTransparentIcons"},
+        {"UseCalendar"},
+        {"CalendarDate"},
+        {"UseIconBox"},
+        {"IconBoxGamma"},
+        {"IconBoxBorder"},
+        {"IconBoxBorderColor"},
+        {"IconBoxOnlyIcons"},
+    };
+    ASSERT_EQ(std::size(keysOfFlags), AllSaveFlags.size());
+    TMuSettings settings;
+    settings.Titles.ConvertList = {{"a pair", "x"}};
+    for (std::size_t flag = 0; flag < AllSaveFlags.size(); ++flag) {
+        const TIniFile file = TIniFile::FromText(Saved(settings, 1ULL << flag, {1, "/a"}));
+        TKeys keys;
+        for (const char* section : {"Main", "ConvertList"})
+            for (const auto& [key, value] : file.ReadSection(section))
+                keys.push_back(key);
+        EXPECT_EQ(keys, keysOfFlags[flag]) << flag;
+    }
 }
 
 TEST(Settings, OnlyChosenPartsAreWritten)

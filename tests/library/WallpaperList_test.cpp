@@ -161,3 +161,33 @@ TEST(WallpaperList, AcceptsEveryLineEndAndKeepsTheItemsBeforeABadLine)
     }
     EXPECT_EQ(Lines(list), line + line + line);
 }
+
+TEST(WallpaperList, KeepsTheBytesOfTextFromBeforeAndTheMarkOfAnEditor)
+{
+    const TTempFolder folder;
+    TMuWallpaperList lines;
+    const std::string line = AddItem(lines, "/B\xE4r\xC3\xA4\x80.jpg").SaveToLine() + "\r\n";
+    const std::string mark = "\xEF\xBB\xBF", ascii = AddItem(lines, "/a").SaveToLine() + "\r\n";
+    std::string wide = "\xFF\xFE";
+    for (const char c : ascii)
+        wide.append({c, '\0'});
+    const struct {
+        std::string Content, Saved;
+    } cases[] = {{line, line}, {mark + line, mark + line}, {wide, mark + ascii}};
+    TMuWallpaperList list;
+    for (const auto& c : cases) {
+        const std::string path = folder.Write("list", c.Content);
+        list.LoadFromFile(path);
+        list.SaveToFile(path);
+        EXPECT_EQ(ReadWholeFile(path), c.Saved);
+    }
+    list.LoadFromFile(folder.File("missing"));
+    list.SaveToFile(folder.File("fresh"));
+    EXPECT_EQ(ReadWholeFile(folder.File("fresh")), "");
+    // A folder named by such bytes is made, or else its failing is told.
+    try {
+        list.SetThumbnailFolder(folder.File("B\xE4r"));
+        EXPECT_EQ(folder.Count(), 3);
+    } catch (const EFileError&) {
+    }
+}

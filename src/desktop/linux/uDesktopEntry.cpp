@@ -30,7 +30,7 @@ std::string QuotedArgument(const std::string& argument)
 TCommand SplitCommand(const std::string& command)
 {
     std::size_t end = command.size();
-    while (end != std::string::npos && !FileExists(command.substr(0, end)))
+    while (end != std::string::npos && !IsReachableFile(command.substr(0, end)))
         end = end == 0 ? std::string::npos : command.rfind(' ', end - 1);
     if (end == std::string::npos)
         end = std::min(command.find(' '), command.size());

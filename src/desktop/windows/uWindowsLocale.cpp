@@ -1,5 +1,7 @@
 #include "uLocale.h"
 
+#include "uText.h"
+
 #include <windows.h>
 
 namespace murala
@@ -21,8 +23,19 @@ public:
 
     std::string UpperCase(const std::string& text) override
     {
-        std::string upper = text;
-        CharUpperA(upper.data());
+        // An upper-case letter may have more bytes than the lower-case one: in UTF-16 both have the
+        // same length. Bytes that are no text stay as they are.
+        std::wstring wide(text.size(), L'\0');
+        const auto size = static_cast<int>(text.size());
+        const int count =
+            MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, text.data(), size, wide.data(), size);
+        if (count == 0)
+            return UpperAscii(text);
+        CharUpperBuffW(wide.data(), static_cast<DWORD>(count));
+        std::string upper(static_cast<std::size_t>(count) * 3, '\0');
+        upper.resize(static_cast<std::size_t>(
+            WideCharToMultiByte(CP_ACP, 0, wide.data(), count, upper.data(),
+                                static_cast<int>(upper.size()), nullptr, nullptr)));
         return upper;
     }
 };

@@ -1,6 +1,10 @@
 #include "uPlatformFile.h"
 
+#include <cerrno>
+#include <string>
+
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace murala
@@ -24,7 +28,17 @@ bool ExchangeOver(const std::filesystem::path& from, const std::filesystem::path
 
 } // namespace
 
-std::FILE* OpenNamedFile(const std::string& path, const char* mode)
+bool HasFile(const std::filesystem::path& path, std::error_code& error)
+{
+    struct stat status = {};
+    if (stat(path.c_str(), &status) == 0)
+        return !S_ISDIR(status.st_mode);
+    if (errno != ENOENT && errno != ENOTDIR)
+        error = {errno, std::generic_category()};
+    return false;
+}
+
+std::FILE* OpenNamedFile(const std::filesystem::path& path, const char* mode)
 {
     // "e": programs that are started later do not inherit the file.
     return std::fopen(path.c_str(), (std::string(mode) + "e").c_str());

@@ -1,10 +1,14 @@
 #include "uPlatformFile.h"
 
-#include "uPath.h"
-
+#include <algorithm>
+#include <cerrno>
 #include <chrono>
-#include <io.h>
+#include <cstdlib>
+#include <string>
 #include <thread>
+
+#include <io.h>
+#include <sys/stat.h>
 
 namespace murala
 {
@@ -13,17 +17,62 @@ namespace
 {
 
 // Indexers and virus scanners hold a file for a moment after it was touched.
-constexpr int RenameAttempts = 10;
-constexpr std::chrono::milliseconds RenamePause{20};
+constexpr int Attempts = 10;
+constexpr std::chrono::milliseconds Pause{20};
+
+// Does `attempt` again while it answers that access was denied.
+template<class TAttempt>
+void Insist(TAttempt attempt)
+{
+    for (int i = 0; i < Attempts && attempt() == std::errc::permission_denied; ++i)
+        std::this_thread::sleep_for(Pause);
+}
+
+bool IsFolder(const std::filesystem::path& path)
+{
+    struct _stat64 status = {};
+    return _wstat64(path.c_str(), &status) == 0 && (status.st_mode & S_IFDIR) != 0;
+}
+
+// A folder, or a file that is marked as read-only, will not be had by waiting.
+bool IsDeniedForGood(const std::filesystem::path& path, bool forWriting)
+{
+    constexpr int writing = 2;
+    return IsFolder(path) || (forWriting && _waccess(path.c_str(), writing) != 0);
+}
+
+// The system's error numbers for names that nothing has. A share or a drive that does not answer is
+// another matter, though errno says the same of it.
+constexpr unsigned long NotFoundErrors[] = {2, 3, 123, 161};
 
 } // namespace
 
-std::FILE* OpenNamedFile(const std::string& path, const char* mode)
+bool HasFile(const std::filesystem::path& path, std::error_code& error)
+{
+    // Unlike _wstat64 this leaves the system's error number.
+    constexpr int existence = 0;
+    if (_waccess(path.c_str(), existence) == 0)
+        return !IsFolder(path);
+    if (std::ranges::find(NotFoundErrors, _doserrno) == std::end(NotFoundErrors))
+        error = {static_cast<int>(_doserrno), std::system_category()};
+    return false;
+}
+
+std::FILE* OpenNamedFile(const std::filesystem::path& path, const char* mode)
 {
     // "N": programs that are started later do not inherit the file.
     const std::string modeText = std::string(mode) + "N";
-    return _wfopen(NativePath(path).c_str(),
-                   std::wstring(modeText.begin(), modeText.end()).c_str());
+    const std::wstring wideMode(modeText.begin(), modeText.end());
+    std::FILE* file = nullptr;
+    Insist([&] {
+        file = _wfopen(path.c_str(), wideMode.c_str());
+        const int reason = file == nullptr ? errno : 0;
+        const bool isFinal =
+            reason == EACCES && IsDeniedForGood(path, modeText.substr(0, 2) != "rb");
+        errno = reason;
+        return std::error_code(isFinal ? 0 : reason, std::generic_category());
+    });
+    return file;
 }
 
 bool FlushToDisk(std::FILE* file)
@@ -35,12 +84,10 @@ std::error_code RenameOver(const std::filesystem::path& from, const std::filesys
                            TFlush)
 {
     std::error_code error;
-    for (int attempt = 0; attempt < RenameAttempts; ++attempt) {
+    Insist([&] {
         std::filesystem::rename(from, to, error);
-        if (error != std::errc::permission_denied)
-            break;
-        std::this_thread::sleep_for(RenamePause);
-    }
+        return error;
+    });
     return error;
 }
 

@@ -26,7 +26,7 @@ void SaveVersion(const std::string& folder, int version)
     settings.ScheduleFrequency = version;
     settings.Titles.ConvertList.assign(static_cast<std::size_t>(version % 50), {"a", "b"});
     TIniFile file = TIniFile::Load(JoinPath(folder, SettingsFileName));
-    SaveSettings(file, settings, {version, "/current", 0}, AllSaveFlags);
+    SaveSettings(file, settings, {version, "/current"}, AllSaveFlags);
     file.Save(JoinPath(folder, SettingsFileName));
 }
 

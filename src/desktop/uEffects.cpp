@@ -11,7 +11,14 @@ namespace murala
 namespace
 {
 constexpr int LaunchPauseMs = 1000;
+
+// A list from elsewhere must not start programs from anywhere.
+bool IsFileName(std::string_view name)
+{
+    return name.find_first_of("/\\:") == std::string_view::npos;
 }
+
+} // namespace
 
 bool IsNoEffect(std::string_view name)
 {
@@ -51,6 +58,8 @@ TEffectStart TEffects::Run(const std::string& name, const std::string& picture, 
 TShellResult TEffects::LaunchEffect(const std::string& name, const std::string& picture,
                                     bool settingsMode)
 {
+    if (!IsFileName(name))
+        return 0;
     const std::string parameters = '"' + picture + '"' + (settingsMode ? " /settings" : "");
     const TShellResult result = ShellOpen(m_launcher, m_folder + ProgramFileName(name), parameters);
     if (result < FirstShellSuccess)

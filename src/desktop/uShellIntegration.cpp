@@ -5,6 +5,9 @@
 #include "uProgramFolder.h"
 #include "uText.h"
 
+#include <optional>
+#include <stdexcept>
+
 namespace murala
 {
 
@@ -16,6 +19,18 @@ TFileCommand AddToMurala()
     return {std::string(ShellVerb),
             {std::begin(ShellExtensions), std::end(ShellExtensions)},
             InstalledProgramFile()};
+}
+
+std::optional<std::string> FindFile(const std::string& argument)
+try {
+    const auto name = FindFirstName(argument);
+    if (!name)
+        return std::nullopt;
+    const auto file = std::filesystem::absolute(NativePath(argument));
+    return PathText((file.parent_path() / NativePath(*name)).lexically_normal());
+} catch (const std::runtime_error&) {
+    return std::nullopt; // no name that this system could have, or relative to a folder that is
+                         // gone
 }
 
 } // namespace
@@ -44,13 +59,9 @@ std::string ShellIntegrationProblem()
 std::vector<std::string> FindFilesOfArguments(const std::vector<std::string>& arguments)
 {
     std::vector<std::string> files;
-    for (const std::string& argument : arguments) {
-        const auto name = FindFirstName(argument);
-        if (!name)
-            continue;
-        const auto file = std::filesystem::absolute(NativePath(argument));
-        files.push_back(PathText((file.parent_path() / NativePath(*name)).lexically_normal()));
-    }
+    for (const std::string& argument : arguments)
+        if (auto file = FindFile(argument))
+            files.push_back(std::move(*file));
     return files;
 }
 

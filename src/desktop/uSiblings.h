@@ -8,7 +8,9 @@
 //   to TfVeyraMain  "Veyra Get Current Desktop"      answered by "Veyra Tell Current Desktop 3"
 //   to TfVeyraMain  "Veyra Wallpaper Change"         not answered
 //   to TfRovane     "WM_CLOSE"                       not answered; the socket goes with the program
-//   to TfMain       "WM_USER + 1"                    (Murala itself) not answered
+//
+// Murala's own socket, TfMain with the message "WM_USER + 1" (not answered), lies beside its data:
+// in the user's data folder and, of a portable copy, in the program's folder, too.
 //
 // A socket that refuses connections is a window that does not exist.
 #pragma once

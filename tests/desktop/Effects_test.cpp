@@ -29,6 +29,11 @@ TEST(Effects, ArePassedTheQuotedPictureAndSucceedFrom32On)
     EXPECT_EQ(world.Effects.RunEffect("Snow", "/c.jpg"), TEffectStart::NotLaunched);
     EXPECT_EQ(world.Effects.LaunchEffect("Snow", "/c.jpg", false), 0U);
     EXPECT_EQ(world.Loop.Time, 2000);
+    world.Launcher.Result = FirstShellSuccess;
+    world.Launcher.Started.clear();
+    for (const char* name : {"../Snow", "/bin/rm", "a\\b", "C:x"})
+        EXPECT_EQ(world.Effects.RunEffect(name, "/c.jpg"), TEffectStart::NotLaunched) << name;
+    EXPECT_TRUE(world.Launcher.Started.empty());
     EXPECT_TRUE(world.Effects.ListEffects().empty()) << "of a folder that is missing";
 }
 

@@ -41,16 +41,19 @@ std::filesystem::path UserConfigFolder()
     return FolderFrom("XDG_CONFIG_HOME", ".config");
 }
 
-std::filesystem::path RuntimeFolder()
+std::filesystem::path UserMuralaFolder()
+{
+    return UserDataFolder() / "murala";
+}
+
+std::optional<std::filesystem::path> RuntimeFolder()
 {
     const char* runtime = std::getenv("XDG_RUNTIME_DIR");
     if (runtime != nullptr && runtime[0] == '/' && access(runtime, W_OK | X_OK) == 0)
         return runtime;
     std::filesystem::path folder = "/tmp/murala-" + std::to_string(getuid());
-    if (mkdir(folder.c_str(), 0700) != 0 && !IsPrivate(folder))
-        throw std::filesystem::filesystem_error("not a private folder", folder,
-                                                std::make_error_code(std::errc::permission_denied));
-    return folder;
+    const bool isOurs = mkdir(folder.c_str(), 0700) == 0 || IsPrivate(folder);
+    return isOurs ? std::optional(folder) : std::nullopt;
 }
 
 } // namespace murala

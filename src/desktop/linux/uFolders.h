@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 
 namespace murala
 {
@@ -9,8 +10,11 @@ namespace murala
 std::filesystem::path UserDataFolder();   // $XDG_DATA_HOME or ~/.local/share
 std::filesystem::path UserConfigFolder(); // $XDG_CONFIG_HOME or ~/.config
 
-// $XDG_RUNTIME_DIR, else a folder in /tmp that only this user may enter. Throws
-// std::filesystem::filesystem_error when that name is taken by somebody else.
-std::filesystem::path RuntimeFolder();
+// What belongs to every copy of Murala of this user: in the user's data folder.
+std::filesystem::path UserMuralaFolder();
+
+// $XDG_RUNTIME_DIR, else a folder in /tmp that only this user may enter. Nothing when that name is
+// taken by somebody else.
+std::optional<std::filesystem::path> RuntimeFolder();
 
 } // namespace murala

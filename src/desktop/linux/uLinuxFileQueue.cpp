@@ -18,7 +18,7 @@ namespace
 // the other way round.
 std::string QueueFile()
 {
-    return PathText(UserDataFolder() / "murala/AddFiles");
+    return PathText(UserMuralaFolder() / "AddFiles");
 }
 
 std::vector<std::string> ReadNames(const std::string& file)

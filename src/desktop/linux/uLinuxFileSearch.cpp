@@ -17,8 +17,9 @@ std::optional<std::string> FirstMatch(const std::filesystem::path& folder,
 {
     std::vector<std::string> names;
     std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-        std::string name = PathText(entry.path().filename());
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        std::string name = PathText(entry->path().filename());
         if (fnmatch(pattern.c_str(), name.c_str(), FNM_NOESCAPE) == 0)
             names.push_back(std::move(name));
     }
@@ -47,9 +48,12 @@ std::vector<std::string> FindPrograms(const std::string& folder)
 {
     std::vector<std::string> names;
     std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(NativePath(folder), error))
-        if (entry.is_regular_file(error) && access(entry.path().c_str(), X_OK) == 0)
-            names.push_back(PathText(entry.path().filename()));
+    for (std::filesystem::directory_iterator entry(NativePath(folder), error), end;
+         !error && entry != end; entry.increment(error)) {
+        std::error_code ignored;
+        if (entry->is_regular_file(ignored) && access(entry->path().c_str(), X_OK) == 0)
+            names.push_back(PathText(entry->path().filename()));
+    }
     return names;
 }
 

@@ -1,6 +1,12 @@
 #include "uFolders.h"
 #include "uInstanceLink.h"
+#include "uPath.h"
+#include "uProgramFolder.h"
+#include "uSafeFile.h"
 #include "uWindowSocket.h"
+
+#include <algorithm>
+#include <vector>
 
 namespace murala
 {
@@ -10,35 +16,73 @@ namespace
 
 constexpr const char* WakeLine = "WM_USER + 1";
 
+// What guards the data lies beside it: the list may be that of a portable copy, and the queue is
+// the user's. Whatever a session's variables say, each finds the copy that uses either.
+std::vector<std::filesystem::path> GuardFolders()
+{
+    std::vector<std::filesystem::path> folders{UserMuralaFolder()};
+    std::error_code error;
+    std::filesystem::create_directories(folders[0], error);
+    const std::filesystem::path program = NativePath(ProgramFolder()).parent_path();
+    if (program != folders[0])
+        folders.push_back(program);
+    return folders;
+}
+
 class TLinuxInstanceLink : public TInstanceLink
 {
 public:
-    bool IsRunning() override { return WindowSocketExists(MainWindowClass); }
-    bool PostWake() override { return PostToWindowSocket(MainWindowClass, WakeLine); }
-
-    void Lock() override
-    try {
-        m_lock = LockFile(RuntimeFolder() / StartLockName);
-    } catch (const std::filesystem::filesystem_error&) {
-        // Without a folder there is no lock and no other copy to be found.
+    bool IsRunning() override
+    {
+        return std::ranges::any_of(Folders(), [](const auto& folder) {
+            return WindowSocketExists(folder / MainWindowClass);
+        });
     }
 
-    void Unlock() override { m_lock = TDescriptor(); }
+    bool PostWake() override
+    {
+        return std::ranges::any_of(Folders(), [](const auto& folder) {
+            return PostToWindowSocket(folder / MainWindowClass, WakeLine);
+        });
+    }
+
+    // Always in the same order, so that two starts do not wait for each other. A folder that cannot
+    // be written to has no lock.
+    void Lock() override
+    {
+        for (const auto& folder : Folders())
+            m_locks.push_back(LockFile(PathText(folder / StartLockName)));
+    }
+
+    void Unlock() override { m_locks.clear(); }
 
     void Listen(void* /*mainWindow*/, std::function<void()> onWake) override
-    try {
-        m_socket = std::make_unique<TWindowSocket>(
-            MainWindowClass, [onWake = std::move(onWake)](const std::string& message) {
-                if (message == WakeLine)
-                    onWake();
-            });
-    } catch (const std::filesystem::filesystem_error&) {
-        // The program runs all the same; another copy just does not find it.
+    {
+        const auto onMessage = [onWake = std::move(onWake)](const std::string& message) {
+            if (message == WakeLine)
+                onWake();
+        };
+        for (const auto& folder : Folders())
+            try {
+                m_sockets.push_back(
+                    std::make_unique<TWindowSocket>(folder / MainWindowClass, onMessage));
+            } catch (const EFileError&) {
+                // The program runs all the same; another copy just does not find it there.
+            }
     }
 
 private:
-    TDescriptor m_lock;
-    std::unique_ptr<TWindowSocket> m_socket;
+    // Made when they are first asked for: removing the program's traces must not leave new ones.
+    const std::vector<std::filesystem::path>& Folders()
+    {
+        if (m_folders.empty())
+            m_folders = GuardFolders();
+        return m_folders;
+    }
+
+    std::vector<std::filesystem::path> m_folders;
+    std::vector<TDescriptor> m_locks;
+    std::vector<std::unique_ptr<TWindowSocket>> m_sockets;
 };
 
 } // namespace

@@ -102,7 +102,8 @@ bool OpenWith(GAppInfo* program, const std::string& file)
 // The file manager shows a folder's content, or a file marked in its folder.
 bool ShowInFileManager(const std::string& path)
 {
-    const bool isFolder = std::filesystem::is_directory(NativePath(path));
+    std::error_code error;
+    const bool isFolder = std::filesystem::is_directory(NativePath(path), error);
     GVariantBuilder uris;
     g_variant_builder_init(&uris, G_VARIANT_TYPE("as"));
     g_variant_builder_add(&uris, "s", FileUri(path).c_str());
@@ -141,11 +142,11 @@ public:
                          const std::string& parameters) override
     {
         std::error_code error;
-        if (!std::filesystem::exists(NativePath(file), error))
+        const auto path = std::filesystem::absolute(NativePath(file), error);
+        if (error || !std::filesystem::exists(path, error))
             return FileNotFound;
-        return Run(verb, PathText(std::filesystem::absolute(NativePath(file))), parameters)
-                   ? Worked
-                   : NoProgram;
+        const TOrdinaryPriority priority;
+        return Run(verb, PathText(path), parameters) ? Worked : NoProgram;
     }
 
     bool HasDisplayProperties() override { return FindPanel() != nullptr; }
@@ -164,12 +165,11 @@ private:
         if (verb == TShellVerb::Edit)
             if (const auto editor = FindEditor(file))
                 return OpenWith(editor.get(), file);
-        if (!parameters.empty() && IsProgram(file)) {
-            std::vector<std::string> command = SplitParameters(parameters);
-            command.insert(command.begin(), file);
-            return StartProgram(command);
-        }
-        return OpenWithDefault(FileUri(file));
+        if (parameters.empty())
+            return OpenWithDefault(FileUri(file));
+        std::vector<std::string> command = SplitParameters(parameters);
+        command.insert(command.begin(), file);
+        return IsProgram(file) && StartProgram(command);
     }
 };
 

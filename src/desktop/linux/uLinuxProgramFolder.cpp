@@ -1,6 +1,7 @@
 #include "uFolders.h"
 #include "uPath.h"
 #include "uProgramFolder.h"
+#include "uSafeFile.h"
 #include "uSettings.h"
 
 #include <fstream>
@@ -10,7 +11,8 @@ namespace murala
 
 std::string ProgramFile()
 {
-    return PathText(std::filesystem::read_symlink("/proc/self/exe"));
+    std::error_code error;
+    return PathText(std::filesystem::read_symlink("/proc/self/exe", error));
 }
 
 std::vector<std::string> ProgramArguments()
@@ -29,8 +31,12 @@ std::string ProgramFolder()
     std::string portable = FolderPart(ProgramFile());
     if (FileExists(JoinPath(portable, SettingsFileName)))
         return portable;
-    const std::filesystem::path folder = UserDataFolder() / "murala";
-    std::filesystem::create_directories(folder);
+    const std::filesystem::path folder = UserMuralaFolder();
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (error)
+        throw EFileError("The folder " + PathText(folder) +
+                         " could not be made: " + error.message());
     return WithTrailingDivider(PathText(folder));
 }
 

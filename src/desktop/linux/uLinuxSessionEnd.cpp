@@ -1,4 +1,5 @@
 #include "uSessionEnd.h"
+#include "uSessionManager.h"
 
 #include <glib-unix.h>
 
@@ -22,7 +23,8 @@ public:
     ~TLinuxSessionEnd() override
     {
         for (const guint source : m_sources)
-            g_source_remove(source);
+            if (source != 0)
+                g_source_remove(source);
     }
 
     void Listen(void* /*mainWindow*/, std::function<void()> onEnd) override
@@ -30,6 +32,7 @@ public:
         m_onEnd = std::move(onEnd);
         for (std::size_t i = 0; i < std::size(Signals); i++)
             m_sources[i] = g_unix_signal_add(Signals[i], OnSignal, this);
+        m_manager = JoinSession([this] { OnSignal(this); });
     }
 
 private:
@@ -42,6 +45,7 @@ private:
     }
 
     std::function<void()> m_onEnd;
+    std::unique_ptr<TSessionManager> m_manager;
     guint m_sources[std::size(Signals)] = {};
 };
 

@@ -1,3 +1,4 @@
+#include "uFolders.h"
 #include "uSiblings.h"
 #include "uText.h"
 #include "uWindowSocket.h"
@@ -11,13 +12,19 @@ namespace
 // The only window that has to be told from "none".
 constexpr TWindowId RovaneWindow = 1;
 
+// Where nothing can be, when the user has no such folder.
+std::filesystem::path SocketOf(const char* windowClass)
+{
+    return RuntimeFolder().value_or("/nonexistent") / windowClass;
+}
+
 class TLinuxSiblings : public TSiblings
 {
 public:
     int GetVeyraDesktop() override
     {
         const std::string tell = std::string(TellDesktopMessage) + ' ';
-        const auto answer = AskWindowSocket(VeyraWindowClass, GetDesktopMessage);
+        const auto answer = AskWindowSocket(SocketOf(VeyraWindowClass), GetDesktopMessage);
         if (!answer || !answer->starts_with(tell))
             return 0;
         return ParseInteger(std::string_view(*answer).substr(tell.size())).value_or(0);
@@ -25,17 +32,17 @@ public:
 
     void NotifyVeyraWallpaperChange() override
     {
-        PostToWindowSocket(VeyraWindowClass, WallpaperChangeMessage);
+        PostToWindowSocket(SocketOf(VeyraWindowClass), WallpaperChangeMessage);
     }
 
     TWindowId FindRovane() override
     {
-        return WindowSocketExists(RovaneWindowClass) ? RovaneWindow : 0;
+        return WindowSocketExists(SocketOf(RovaneWindowClass)) ? RovaneWindow : 0;
     }
     bool IsWindow(TWindowId /*window*/) override { return FindRovane() != 0; }
     void PostClose(TWindowId /*window*/) override
     {
-        PostToWindowSocket(RovaneWindowClass, "WM_CLOSE");
+        PostToWindowSocket(SocketOf(RovaneWindowClass), "WM_CLOSE");
     }
 };
 

@@ -7,6 +7,19 @@
 namespace murala
 {
 
+// While it lives this process has the priority of an ordinary one, for others to inherit.
+class TOrdinaryPriority
+{
+public:
+    TOrdinaryPriority();
+    TOrdinaryPriority(const TOrdinaryPriority&) = delete;
+    TOrdinaryPriority& operator=(const TOrdinaryPriority&) = delete;
+    ~TOrdinaryPriority();
+
+private:
+    int m_before;
+};
+
 // Runs a program (looked up in PATH) to its end, ten seconds at the most. Whether it ended with 0.
 bool RunProgram(std::vector<std::string> command);
 

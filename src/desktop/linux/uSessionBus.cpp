@@ -9,9 +9,8 @@ namespace murala
 namespace
 {
 constexpr int TimeLimitMs = 5000;
-constexpr int ShortTimeLimitMs = 500;
+}
 
-// Without this GLib would start a bus of its own, at every call, where nobody is to be found.
 bool HasSessionBus()
 {
     const char* runtime = std::getenv("XDG_RUNTIME_DIR");
@@ -21,8 +20,8 @@ bool HasSessionBus()
             std::filesystem::exists(std::filesystem::path(runtime) / "bus", error));
 }
 
-TVariant Call(const TBusObject& object, const char* method, GVariant* arguments,
-              const char* answerType, GDBusCallFlags flags, int timeLimitMs)
+TVariant CallSessionBus(const TBusObject& object, const char* method, GVariant* arguments,
+                        const char* answerType)
 {
     const TVariant owned(arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr);
     const TGObject<GDBusConnection> bus(
@@ -33,22 +32,8 @@ TVariant Call(const TBusObject& object, const char* method, GVariant* arguments,
     g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
     return TVariant(g_dbus_connection_call_sync(
         bus.get(), object.Name, object.Path, object.Interface, method, owned.get(),
-        answerType != nullptr ? G_VARIANT_TYPE(answerType) : nullptr, flags, timeLimitMs, nullptr,
-        nullptr));
-}
-
-} // namespace
-
-TVariant CallSessionBus(const TBusObject& object, const char* method, GVariant* arguments,
-                        const char* answerType)
-{
-    return Call(object, method, arguments, answerType, G_DBUS_CALL_FLAGS_NONE, TimeLimitMs);
-}
-
-TVariant AskRunningProgram(const TBusObject& object, const char* method, const char* answerType)
-{
-    return Call(object, method, nullptr, answerType, G_DBUS_CALL_FLAGS_NO_AUTO_START,
-                ShortTimeLimitMs);
+        answerType != nullptr ? G_VARIANT_TYPE(answerType) : nullptr, G_DBUS_CALL_FLAGS_NONE,
+        TimeLimitMs, nullptr, nullptr));
 }
 
 } // namespace murala

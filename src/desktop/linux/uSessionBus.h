@@ -12,12 +12,13 @@ struct TBusObject {
     const char* Interface;
 };
 
+// Whether the session has a bus. Without this GLib would start one of its own, at every call, where
+// nobody is to be found.
+bool HasSessionBus();
+
 // The answer, a tuple; null when there is no bus, no such program, or it answers with an error.
 // Takes over a floating `arguments` (a tuple or null). `answerType` is checked when it is given.
 TVariant CallSessionBus(const TBusObject& object, const char* method, GVariant* arguments,
                         const char* answerType = nullptr);
-
-// A short question without arguments to a program that is not started for it.
-TVariant AskRunningProgram(const TBusObject& object, const char* method, const char* answerType);
 
 } // namespace murala

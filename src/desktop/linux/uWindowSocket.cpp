@@ -1,12 +1,15 @@
 #include "uWindowSocket.h"
 
-#include "uFolders.h"
+#include "uPath.h"
+#include "uSafeFile.h"
 
+#include <fcntl.h>
 #include <glib-unix.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -16,36 +19,39 @@ namespace murala
 namespace
 {
 
-constexpr int TimeLimitMs = 2000;
+constexpr std::int64_t AnswerLimitUs = 500000;
+constexpr std::int64_t MessageLimitUs = 100000; // its sender waits for nothing, and writes at once
 constexpr std::size_t LongestMessage = 256;
 
+// By way of the open folder: a socket's own name must not be long.
 struct TAddress {
-    explicit TAddress(const std::string& windowClass)
+    explicit TAddress(const std::filesystem::path& place)
+        : Folder(open(place.parent_path().c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC))
     {
-        const std::string path = RuntimeFolder() / windowClass;
-        if (path.size() >= sizeof Name.sun_path)
-            throw std::filesystem::filesystem_error(
-                "too long for a socket", path, std::make_error_code(std::errc::filename_too_long));
+        const std::string path =
+            "/proc/self/fd/" + std::to_string(Folder.Get()) + '/' + place.filename().string();
         Name.sun_family = AF_UNIX;
-        std::memcpy(Name.sun_path, path.c_str(), path.size());
+        IsUsable = Folder && path.size() < sizeof Name.sun_path;
+        if (IsUsable)
+            std::memcpy(Name.sun_path, path.c_str(), path.size());
     }
     const sockaddr* Get() const { return reinterpret_cast<const sockaddr*>(&Name); }
 
+    TDescriptor Folder;
     sockaddr_un Name{};
+    bool IsUsable;
 };
 
-TDescriptor Connect(const std::string& windowClass)
-try {
-    const TAddress address(windowClass);
+TDescriptor Connect(const std::filesystem::path& place)
+{
+    const TAddress address(place);
     // A program that hangs must not make this one wait; with its queue full it is there all the
     // same.
     TDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    if (!socket ||
+    if (!socket || !address.IsUsable ||
         (connect(socket.Get(), address.Get(), sizeof address.Name) != 0 && errno != EAGAIN))
         return TDescriptor();
     return socket;
-} catch (const std::filesystem::filesystem_error&) {
-    return TDescriptor();
 }
 
 bool SendLine(const TDescriptor& socket, const std::string& message)
@@ -56,13 +62,15 @@ bool SendLine(const TDescriptor& socket, const std::string& message)
 }
 
 // Nothing when the other side is too slow, too wordy or gone.
-std::optional<std::string> ReceiveLine(const TDescriptor& socket)
+std::optional<std::string> ReceiveLine(const TDescriptor& socket, std::int64_t limitUs)
 {
+    const std::int64_t end = g_get_monotonic_time() + limitUs;
     std::string line;
     while (line.size() < LongestMessage) {
+        const auto leftMs = static_cast<int>((end - g_get_monotonic_time()) / 1000);
         pollfd waiting{socket.Get(), POLLIN, 0};
         char byte = 0;
-        if (poll(&waiting, 1, TimeLimitMs) != 1 || recv(socket.Get(), &byte, 1, 0) != 1)
+        if (poll(&waiting, 1, std::max(leftMs, 0)) != 1 || recv(socket.Get(), &byte, 1, 0) != 1)
             return std::nullopt;
         if (byte == '\n')
             return line;
@@ -73,39 +81,39 @@ std::optional<std::string> ReceiveLine(const TDescriptor& socket)
 
 } // namespace
 
-bool WindowSocketExists(const std::string& windowClass)
+bool WindowSocketExists(const std::filesystem::path& place)
 {
-    return static_cast<bool>(Connect(windowClass));
+    return static_cast<bool>(Connect(place));
 }
 
-bool PostToWindowSocket(const std::string& windowClass, const std::string& message)
+bool PostToWindowSocket(const std::filesystem::path& place, const std::string& message)
 {
-    const TDescriptor socket = Connect(windowClass);
+    const TDescriptor socket = Connect(place);
     if (socket)
         SendLine(socket, message);
     return static_cast<bool>(socket);
 }
 
-std::optional<std::string> AskWindowSocket(const std::string& windowClass,
+std::optional<std::string> AskWindowSocket(const std::filesystem::path& place,
                                            const std::string& message)
 {
-    const TDescriptor socket = Connect(windowClass);
+    const TDescriptor socket = Connect(place);
     if (!socket || !SendLine(socket, message))
         return std::nullopt;
-    return ReceiveLine(socket);
+    return ReceiveLine(socket, AnswerLimitUs);
 }
 
-TWindowSocket::TWindowSocket(const std::string& windowClass, TOnMessage onMessage)
-    : m_onMessage(std::move(onMessage))
+TWindowSocket::TWindowSocket(const std::filesystem::path& place, TOnMessage onMessage)
+    : m_place(place), m_onMessage(std::move(onMessage))
 {
-    const TAddress address(windowClass);
-    m_path = address.Name.sun_path;
-    unlink(m_path.c_str()); // of a program that was killed
+    const TAddress address(place);
+    unlink(place.c_str()); // of a program that was killed
     m_listener = TDescriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    if (!m_listener || bind(m_listener.Get(), address.Get(), sizeof address.Name) != 0 ||
+    if (!m_listener || !address.IsUsable ||
+        bind(m_listener.Get(), address.Get(), sizeof address.Name) != 0 ||
         listen(m_listener.Get(), SOMAXCONN) != 0)
-        throw std::filesystem::filesystem_error("cannot listen", m_path,
-                                                std::error_code(errno, std::generic_category()));
+        throw EFileError("No socket could be made as " + PathText(place) + ": " +
+                         std::generic_category().message(errno));
     m_source = g_unix_fd_add(
         m_listener.Get(), G_IO_IN,
         [](gint descriptor, GIOCondition condition, gpointer self) {
@@ -118,7 +126,7 @@ TWindowSocket::~TWindowSocket()
 {
     if (m_source != 0) {
         g_source_remove(m_source);
-        unlink(m_path.c_str());
+        unlink(m_place.c_str());
     }
 }
 
@@ -126,7 +134,7 @@ int TWindowSocket::OnConnection(int descriptor, int /*condition*/, void* self)
 {
     const TDescriptor connection(accept4(descriptor, nullptr, nullptr, SOCK_CLOEXEC));
     if (connection)
-        if (const auto message = ReceiveLine(connection))
+        if (const auto message = ReceiveLine(connection, MessageLimitUs))
             static_cast<TWindowSocket*>(self)->m_onMessage(*message);
     return G_SOURCE_CONTINUE;
 }

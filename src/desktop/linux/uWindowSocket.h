@@ -1,9 +1,10 @@
-// What stands for a window with a class name between programs on Linux (the protocol is described
-// in uSiblings.h).
+// What stands for a window between programs on Linux: a socket in the file system (the protocol is
+// described in uSiblings.h). All of it answers "no" where there can be no such socket.
 #pragma once
 
 #include "uDescriptor.h"
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -11,23 +12,24 @@
 namespace murala
 {
 
-bool WindowSocketExists(const std::string& windowClass);
+bool WindowSocketExists(const std::filesystem::path& place);
 
-// Sends one message. False when there is no such window.
-bool PostToWindowSocket(const std::string& windowClass, const std::string& message);
+// Sends one message. False when nobody listens.
+bool PostToWindowSocket(const std::filesystem::path& place, const std::string& message);
 
-// Sends one message and waits, not for long, for the line that answers it.
-std::optional<std::string> AskWindowSocket(const std::string& windowClass,
+// Sends one message and waits, half a second at the most, for the line that answers it.
+std::optional<std::string> AskWindowSocket(const std::filesystem::path& place,
                                            const std::string& message);
 
-// Listens as the window of a class. The handler is given each message's line and runs out of the
-// thread's main loop.
+// Listens as a window. The handler is given each message's line and runs out of the thread's main
+// loop.
 class TWindowSocket
 {
 public:
     using TOnMessage = std::function<void(const std::string&)>;
 
-    TWindowSocket(const std::string& windowClass, TOnMessage onMessage);
+    // Takes the place of a socket that was left behind. Throws EFileError.
+    TWindowSocket(const std::filesystem::path& place, TOnMessage onMessage);
     TWindowSocket(const TWindowSocket&) = delete;
     TWindowSocket& operator=(const TWindowSocket&) = delete;
     ~TWindowSocket();
@@ -35,7 +37,7 @@ public:
 private:
     static int OnConnection(int descriptor, int condition, void* self);
 
-    std::string m_path;
+    std::filesystem::path m_place;
     TDescriptor m_listener;
     TOnMessage m_onMessage;
     unsigned m_source = 0;

@@ -18,6 +18,15 @@ int RememberFailure(Display* /*display*/, XErrorEvent* /*error*/)
 
 } // namespace
 
+TSharedDisplay SharedDisplay()
+{
+    static std::weak_ptr<Display> shared;
+    TSharedDisplay display = shared.lock();
+    if (!display)
+        shared = display = OpenDisplay();
+    return display;
+}
+
 bool IsBelowWayland()
 {
     const char* compositor = std::getenv("WAYLAND_DISPLAY");

@@ -20,6 +20,11 @@ inline TDisplay OpenDisplay()
     return TDisplay(XOpenDisplay(nullptr));
 }
 
+// The connection that everybody in this process shares as long as somebody holds it. Null when
+// there is no X server.
+using TSharedDisplay = std::shared_ptr<Display>;
+TSharedDisplay SharedDisplay();
+
 // Whether the X server, if there is one, only serves old programs below a Wayland compositor: its
 // root window is never seen, its screen saver never runs, and it may come and go.
 bool IsBelowWayland();

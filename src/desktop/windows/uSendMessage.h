@@ -6,12 +6,12 @@
 namespace murala
 {
 
-// Waits for the answer, five seconds at the most and not for a window that is known to hang;
+// Waits for the answer, a second at the most and not for a window that is known to hang;
 // messages that are sent to this program meanwhile are handled. 0 without an answer.
 inline LRESULT SendToProgram(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
 {
     DWORD_PTR answer = 0;
-    SendMessageTimeoutA(window, message, wParam, lParam, SMTO_NORMAL | SMTO_ABORTIFHUNG, 5000,
+    SendMessageTimeoutA(window, message, wParam, lParam, SMTO_NORMAL | SMTO_ABORTIFHUNG, 1000,
                         &answer);
     return static_cast<LRESULT>(answer);
 }

@@ -3,32 +3,54 @@
 #include "uProgramEntry.h"
 #include "uProgramFolder.h"
 
+#include <cstdio>
+
 namespace murala
 {
 
 class TProgramApp : public TMuralaApp
 {
 public:
+    TProgramApp(std::vector<std::string> arguments, std::unique_ptr<TInstanceLink> link)
+        : m_arguments(std::move(arguments)), m_link(std::move(link))
+    {
+    }
+
     bool OnInit() override
     {
         SetAppName("Murala");
         SetClassName("murala");
-        const std::vector<std::string> arguments = ProgramArguments();
         m_services = std::make_unique<THomeServices>();
-        m_link = NewInstanceLink();
-        const TServices services = m_services->Services();
-        if (EnterProgram(arguments, services.FileMenu, services.FileQueue, *m_link) != TEntry::Run)
-            return false;
-        auto* fMain = new TfMain(services, *m_link);
-        fMain->Activate(arguments);
+        auto* fMain = new TfMain(m_services->Services(), *m_link);
+        fMain->Activate(m_arguments);
         return true;
     }
 
 private:
+    std::vector<std::string> m_arguments;
     std::unique_ptr<THomeServices> m_services;
     std::unique_ptr<TInstanceLink> m_link;
 };
 
+// The entry comes before the toolkit, which needs a display: what a package's script or a remote
+// shell asks for goes without one.
+int Run(int argc, char** argv)
+{
+    std::vector<std::string> arguments = ProgramArguments();
+    auto link = NewInstanceLink();
+    const TEntry entry = EnterProgram(arguments, *NewFileMenu(), *NewFileQueue(), *link);
+    if (entry != TEntry::Run)
+        return entry == TEntry::End ? 0 : 1;
+    wxApp::SetInstance(new TProgramApp(std::move(arguments), std::move(link)));
+    return wxEntry(argc, argv) == 0 ? 0 : 1;
+}
+
 } // namespace murala
 
-wxIMPLEMENT_APP(murala::TProgramApp);
+int main(int argc, char** argv)
+try {
+    return murala::Run(argc, argv);
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "Murala: %s\n", error.what());
+    return 1;
+}

@@ -134,8 +134,11 @@ TGObject<GDBusConnection> NewService(const char* name, const char* method, TAnsw
                 service->Method)
             return call;
         const TGObject<GDBusMessage> owned(call);
+        GVariant* answer = service->Answer(g_dbus_message_get_body(call));
+        if (answer == nullptr)
+            return static_cast<GDBusMessage*>(nullptr);
         const TGObject<GDBusMessage> reply(g_dbus_message_new_method_reply(call));
-        g_dbus_message_set_body(reply.get(), service->Answer(g_dbus_message_get_body(call)));
+        g_dbus_message_set_body(reply.get(), answer);
         g_dbus_connection_send_message(bus, reply.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
                                        nullptr);
         return static_cast<GDBusMessage*>(nullptr);

@@ -75,6 +75,7 @@ struct TTestBus {
 bool Installs(TDesktop& desktop, const std::string& picture, TColor color = 0);
 
 // A program on the session's bus that answers the calls of one method ("/path interface.method").
+// Null: it does not answer.
 using TAnswer = std::function<GVariant*(GVariant* arguments)>;
 TGObject<GDBusConnection> NewService(const char* name, const char* method, TAnswer answer);
 

@@ -1,0 +1,114 @@
+#include "uSessionManager.h"
+
+#include "uProgramFolder.h"
+
+#include <X11/SM/SMlib.h>
+#include <glib-unix.h>
+
+#include <cstdlib>
+#include <string>
+#include <unistd.h>
+
+namespace murala
+{
+
+namespace
+{
+
+// One property of a session's client, a list of texts or one byte.
+void SetProperty(SmcConn connection, const char* name, const char* type, std::string text)
+{
+    SmPropValue value{static_cast<int>(text.size()), text.data()};
+    SmProp property{const_cast<char*>(name), const_cast<char*>(type), 1, &value};
+    SmProp* properties[] = {&property};
+    SmcSetProperties(connection, 1, properties);
+}
+
+// What the protocol demands. The manager is not to start the program again: whether that starts
+// with the session is the user's choice.
+void Introduce(SmcConn connection)
+{
+    for (const char* name : {SmProgram, SmCloneCommand, SmRestartCommand})
+        SetProperty(connection, name, name == std::string(SmProgram) ? SmARRAY8 : SmLISTofARRAY8,
+                    ProgramFile());
+    SetProperty(connection, SmUserID, SmARRAY8, std::to_string(getuid()));
+    SetProperty(connection, SmRestartStyleHint, SmCARD8, std::string(1, SmRestartNever));
+}
+
+class TXsmpLink : public TSessionManager
+{
+public:
+    explicit TXsmpLink(std::function<void()> onDie) : m_onDie(std::move(onDie))
+    {
+        // The library's own handler ends the process.
+        IceSetIOErrorHandler([](IceConn) {});
+        SmcCallbacks callbacks{};
+        callbacks.save_yourself = {OnSaveYourself, this};
+        callbacks.die = {OnDie, this};
+        callbacks.save_complete = {[](SmcConn, SmPointer) {}, this};
+        callbacks.shutdown_cancelled = {[](SmcConn, SmPointer) {}, this};
+        constexpr unsigned long all = SmcSaveYourselfProcMask | SmcDieProcMask |
+                                      SmcSaveCompleteProcMask | SmcShutdownCancelledProcMask;
+        char* id = nullptr;
+        char error[256];
+        m_connection = SmcOpenConnection(nullptr, nullptr, SmProtoMajor, SmProtoMinor, all,
+                                         &callbacks, nullptr, &id, sizeof error, error);
+        std::free(id);
+        if (m_connection == nullptr)
+            return;
+        Introduce(m_connection);
+        const int descriptor = IceConnectionNumber(SmcGetIceConnection(m_connection));
+        m_source = g_unix_fd_add(
+            descriptor, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR), OnData, this);
+    }
+    TXsmpLink(const TXsmpLink&) = delete;
+    TXsmpLink& operator=(const TXsmpLink&) = delete;
+    ~TXsmpLink() override
+    {
+        if (m_source != 0)
+            g_source_remove(m_source);
+        if (m_connection != nullptr)
+            SmcCloseConnection(m_connection, 0, nullptr);
+    }
+
+    bool IsJoined() const { return m_connection != nullptr; }
+
+private:
+    // Every change is saved when it is made; what is left is for the end.
+    static void OnSaveYourself(SmcConn connection, SmPointer, int, Bool, int, Bool)
+    {
+        SmcSaveYourselfDone(connection, True);
+    }
+
+    static void OnDie(SmcConn, SmPointer self) { static_cast<TXsmpLink*>(self)->m_onDie(); }
+
+    static gboolean OnData(gint, GIOCondition, gpointer data)
+    {
+        auto* self = static_cast<TXsmpLink*>(data);
+        const IceConn ice = SmcGetIceConnection(self->m_connection);
+        if (IceProcessMessages(ice, nullptr, nullptr) == IceProcessMessagesSuccess)
+            return G_SOURCE_CONTINUE;
+        // The manager is gone; the library frees the connection with a word of goodbye.
+        IceSetShutdownNegotiation(ice, False);
+        SmcCloseConnection(self->m_connection, 0, nullptr);
+        self->m_connection = nullptr;
+        self->m_source = 0;
+        return G_SOURCE_REMOVE;
+    }
+
+    std::function<void()> m_onDie;
+    SmcConn m_connection = nullptr;
+    guint m_source = 0;
+};
+
+} // namespace
+
+std::unique_ptr<TSessionManager> JoinSession(std::function<void()> onDie)
+{
+    if (std::getenv("SESSION_MANAGER") == nullptr)
+        return nullptr;
+    auto link = std::make_unique<TXsmpLink>(std::move(onDie));
+    return link->IsJoined() ? std::move(link) : nullptr;
+}
+
+} // namespace murala

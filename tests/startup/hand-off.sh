@@ -65,7 +65,38 @@ files+=("$work/pictures/missing.bmp")
 start "${files[@]}"
 wait_for 60 has_lines 501 || fail "$(lines) of 501 files in the list"
 wait_for 10 one_is_left || fail "the second copy did not end"
+wait "${pids[-1]}" || fail "the second copy ended with $?"
 grep -q 'Grüße.bmp' "$list" || fail "the umlaut was lost"
 grep -q "it's.bmp" "$list" || fail "the quote was lost"
 grep -q missing "$list" && fail "a missing file was added"
 echo "500 names, one of them missing: 499 handed over"
+
+$runner "$program" /UNINSTALL >"$work/log" 2>&1 || fail "/UNINSTALL ended with $?"
+[ -n "$runner" ] && exit 0
+
+# Where neither a display nor the session's variables are: a remote shell, a package's script.
+bare=(env -u DISPLAY -u WAYLAND_DISPLAY -u XDG_RUNTIME_DIR)
+"${bare[@]}" "$program" /UNINSTALL || fail "/UNINSTALL without a display ended with $?"
+cp "$picture" "$work/pictures/bare.bmp"
+"${bare[@]}" "$program" "$work/pictures/bare.bmp" || fail "the bare hand-off ended with $?"
+wait_for 30 has_lines 502 || fail "$(lines) of 502 files in the list"
+echo "without a display: removed and handed over"
+
+mkdir "$work/many"
+for number in $(seq 10000); do ln "$picture" "$work/many/$number.bmp"; done
+begin=$(date +%s%N)
+"$program" "$work/many"/*.bmp || fail "handing 10000 names over ended with $?"
+handed=$(date +%s%N)
+wait_for 60 has_lines 10502 || fail "$(lines) of 10502 files in the list"
+taken=$(date +%s%N)
+echo "10000 names: handed over in $(((handed - begin) / 1000000)) ms, in the list after" \
+    "$(((taken - begin) / 1000000)) ms"
+[ $((taken - begin)) -lt 30000000000 ] || fail "that is too slow, even for a busy machine"
+
+survivor=
+for pid in "${pids[@]}"; do kill -0 "$pid" 2>/dev/null && survivor=$pid; done
+rm "$list"
+kill -TERM "$survivor"
+wait "$survivor" || fail "SIGTERM: ended with $?"
+has_lines 10502 || fail "SIGTERM: $(lines) of 10502 files were saved"
+echo "SIGTERM saves and ends"

@@ -3,6 +3,8 @@
 #include "uProgramEntry.h"
 #include "uProgramFolder.h"
 
+#include <wx/log.h>
+
 #include <cstdio>
 
 namespace murala
@@ -18,6 +20,7 @@ public:
 
     bool OnInit() override
     {
+        delete wxLog::SetActiveTarget(nullptr); // from now on there can be message boxes
         SetAppName("Murala");
         SetClassName("murala");
         m_services = std::make_unique<THomeServices>();
@@ -41,6 +44,7 @@ int Run(int argc, char** argv)
     const TEntry entry = EnterProgram(arguments, *NewFileMenu(), *NewFileQueue(), *link);
     if (entry != TEntry::Run)
         return entry == TEntry::End ? 0 : 1;
+    wxLog::SetActiveTarget(new wxLogStderr); // without a display a message box would crash
     wxApp::SetInstance(new TProgramApp(std::move(arguments), std::move(link)));
     return wxEntry(argc, argv) == 0 ? 0 : 1;
 }

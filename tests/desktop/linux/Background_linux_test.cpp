@@ -1,5 +1,6 @@
 #include "uBackground.h"
 #include "uDesktop.h"
+#include "uProcess.h"
 #include "uTestSession.h"
 #include "uText.h"
 
@@ -10,41 +11,96 @@ using namespace murala;
 namespace
 {
 
-std::string ReadSetting(const char* key)
+// The keys that these desktops have, in schemas of the tests' own. GLib reads the folder once in a
+// process.
+void UseOwnSchemas(TTestSession& session)
 {
-    const TGObject<GSettings> settings(g_settings_new("org.gnome.desktop.background"));
-    return TGText(g_settings_get_string(settings.get(), key)).get();
+    struct TSchema {
+        const char* Id;
+        TWords Texts;
+        const char* Boolean;
+    };
+    const TSchema schemas[] = {
+        {"org.gnome.desktop.background",
+         {"picture-uri", "picture-uri-dark", "picture-options", "primary-color",
+          "color-shading-type"},
+         "show-desktop-icons"},
+        {"org.cinnamon.desktop.background",
+         {"picture-uri", "picture-options", "primary-color", "color-shading-type"},
+         "show-desktop-icons"},
+        {"org.mate.background",
+         {"picture-filename", "picture-options", "primary-color", "color-shading-type"},
+         "draw-background"},
+    };
+    std::string text = "<schemalist>";
+    for (const TSchema& schema : schemas) {
+        text += FormatText("<schema id='%s' path='/%s/'>",
+                           {schema.Id, ReplaceAll(schema.Id, ".", "/")});
+        for (const std::string& key : schema.Texts)
+            text += FormatText("<key name='%s' type='s'><default>''</default></key>", {key});
+        text += FormatText("<key name='%s' type='b'><default>false</default></key></schema>",
+                           {schema.Boolean});
+    }
+    std::filesystem::create_directory(session.File("schemas"));
+    session.Write("schemas/test.gschema.xml", text + "</schemalist>");
+    EXPECT_TRUE(RunProgram({"glib-compile-schemas", session.File("schemas")}));
+    session.SetVariable("GSETTINGS_SCHEMA_DIR", session.File("schemas"));
+    session.SetVariable("GSETTINGS_BACKEND", "memory");
 }
 
-TEST(GnomeBackground, SettingsNameThePictureAndItsTwinInTurn)
+std::string ReadSetting(const char* schema, const char* key)
 {
-    TTestSession session("GNOME");
-    session.SetVariable("GSETTINGS_BACKEND", "keyfile");
-    const auto desktop = NewDesktop(session.Path());
-    const std::string picture = session.SavePicture();
-    ASSERT_TRUE(Installs(*desktop, picture));
-    EXPECT_EQ(UriFile(ReadSetting("picture-uri")), picture);
-    EXPECT_EQ(UriFile(ReadSetting("picture-uri-dark")), picture);
-    EXPECT_EQ(ReadSetting("picture-options"), "zoom");
+    const TGObject<GSettings> settings(g_settings_new(schema));
+    const TVariant value(g_settings_get_value(settings.get(), key));
+    return TGText(g_variant_print(value.get(), FALSE)).get();
+}
 
-    session.SavePicture(TestPicture(8, 8, 1));
-    ASSERT_TRUE(Installs(*desktop, picture));
-    const std::string twin = UriFile(ReadSetting("picture-uri"));
-    EXPECT_NE(twin, picture) << "a desktop that goes by names must see a new one";
-    EXPECT_EQ(ReadWholeFile(twin), ReadWholeFile(picture));
-    ASSERT_TRUE(Installs(*desktop, picture));
-    EXPECT_EQ(UriFile(ReadSetting("picture-uri")), picture);
+std::string Quoted(const std::string& text)
+{
+    return TGText(
+               g_variant_print(
+                   TVariant(g_variant_ref_sink(g_variant_new_string(text.c_str()))).get(), FALSE))
+        .get();
+}
 
-    desktop->ApplyDesktopColor(0x0A0B0C);
-    EXPECT_EQ(ReadSetting("primary-color"), "#0c0b0a");
-    EXPECT_EQ(desktop->DesktopColor(), 0x0A0B0CU);
-
-    for (const char* name : {"MATE", "X-Cinnamon"}) {
-        session.SetVariable("XDG_CURRENT_DESKTOP", name);
-        const auto other = NewDesktop(session.Path());
-        EXPECT_FALSE(Installs(*other, picture)) << name << " has no schema here";
-        other->ApplyDesktopColor(5);
-        EXPECT_EQ(other->DesktopColor(), 5U);
+TEST(SettingsBackground, EachDesktopHasThePictureUnderItsOwnKeysAndTheNextUnderAnotherName)
+{
+    struct TCase {
+        const char *Desktop, *Schema, *Key, *DarkKey;
+        bool IsUri;
+    };
+    const TCase cases[] = {
+        {"GNOME", "org.gnome.desktop.background", "picture-uri", "picture-uri-dark", true},
+        {"X-Cinnamon", "org.cinnamon.desktop.background", "picture-uri", nullptr, true},
+        {"MATE", "org.mate.background", "picture-filename", nullptr, false},
+    };
+    for (const TCase& each : cases) {
+        TTestSession session(each.Desktop);
+        UseOwnSchemas(session);
+        const auto desktop = NewDesktop(session.Path());
+        const std::string picture = session.SavePicture();
+        const auto shown = [&] {
+            const std::string text = ReadSetting(each.Schema, each.Key);
+            const TVariant value(g_variant_parse(nullptr, text.c_str(), nullptr, nullptr, nullptr));
+            return UriFile(g_variant_get_string(value.get(), nullptr));
+        };
+        std::string before;
+        for (const unsigned seed : {0U, 1U, 2U}) {
+            session.SavePicture(TestPicture(8, 8, seed));
+            ASSERT_TRUE(Installs(*desktop, picture, 0x0A0B0C)) << each.Desktop;
+            EXPECT_NE(shown(), before) << "a desktop that goes by names must see a new one";
+            before = shown();
+            EXPECT_EQ(ReadWholeFile(before), ReadWholeFile(picture)) << each.Desktop;
+            for (const char* key : {each.Key, each.DarkKey}) {
+                const std::string stored = each.IsUri ? FileUri(before) : before;
+                EXPECT_TRUE(key == nullptr || ReadSetting(each.Schema, key) == Quoted(stored));
+            }
+        }
+        EXPECT_EQ(ReadSetting(each.Schema, "picture-options"), "'zoom'");
+        EXPECT_EQ(ReadSetting(each.Schema, "primary-color"), "'#0c0b0a'");
+        desktop->ApplyDesktopColor(0xFF);
+        EXPECT_EQ(ReadSetting(each.Schema, "primary-color"), "'#ff0000'");
+        EXPECT_EQ(desktop->DesktopColor(), 0xFFU);
     }
 }
 

@@ -32,16 +32,22 @@ class TImageReader
 public:
     virtual ~TImageReader() = default;
     virtual TSize Size() const = 0;
+    // A short piece of what has to be done before the first row can be read; false when nothing is
+    // left to do. For a picture that was opened InPieces, whose pieces are done before any row is
+    // read. Throws EImageFormat.
+    virtual bool Prepare() { return false; }
     // `y` must be greater than that of the call before. `row` holds Size().Width pixels, whose
     // unused byte may be anything. A cut-off file gives what there is (the rest as the decoder
     // leaves it: black or grey).
     virtual void ReadRow(int y, TPixel* row) = 0;
 };
 
-// How a JPEG is decoded: at 1/1, 1/2, 1/4 or 1/8 of its size, and fast instead of exact.
+// How a JPEG is decoded: at 1/1, 1/2, 1/4 or 1/8 of its size, fast instead of exact, and one of
+// several scans by calls of Prepare instead of when it is opened.
 struct TDecoding {
     int Divisor = 1;
     bool Fast = false;
+    bool InPieces = false;
 };
 
 // Throws EInvalidImage when the file is missing, is no picture or promises more than any picture

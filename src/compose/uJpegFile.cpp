@@ -21,6 +21,9 @@ constexpr std::int64_t MaxCoefficientBytes = std::int64_t{512} << 20U;
 // ...and every scan walks over all of them, even one of a few bytes.
 constexpr std::int64_t MaxScanPixels = std::int64_t{1} << 31U;
 
+// A piece of preparing takes some milliseconds for a picture of 12 megapixels.
+constexpr int BlockRowsPerPiece = 32;
+
 // libjpeg's way to give up: nothing may be thrown through its frames, so it jumps out of them.
 struct TErrorManager : jpeg_error_mgr {
     TErrorManager()
@@ -160,6 +163,7 @@ public:
             m_info.do_fancy_upsampling = FALSE;
         }
         ChooseColors();
+        m_info.buffered_image = decoding.InPieces && jpeg_has_multiple_scans(&m_info);
         Do([this] { jpeg_start_decompress(&m_info); });
     }
 
@@ -168,6 +172,14 @@ public:
         if (m_info.output_width == 0)
             return {static_cast<int>(m_info.image_width), static_cast<int>(m_info.image_height)};
         return {static_cast<int>(m_info.output_width), static_cast<int>(m_info.output_height)};
+    }
+
+    bool Prepare() override
+    {
+        if (!m_info.buffered_image || m_isTakenIn)
+            return false;
+        Do([this] { TakeIn(); });
+        return !m_isTakenIn;
     }
 
     // After an error that libjpeg does not get over the rest is black.
@@ -228,6 +240,17 @@ private:
         }
     }
 
+    // Some rows of blocks of a scan; after the last one the picture is ready for reading.
+    void TakeIn()
+    {
+        for (int row = 0; row < BlockRowsPerPiece && !m_isTakenIn; ++row) {
+            m_isTakenIn = jpeg_consume_input(&m_info) == JPEG_REACHED_EOI;
+            m_scanLimit.progress_monitor(reinterpret_cast<j_common_ptr>(&m_info));
+        }
+        if (m_isTakenIn)
+            jpeg_start_output(&m_info, m_info.input_scan_number);
+    }
+
     // libjpeg 2.1 passes rows over correctly only from and to the borders of the groups in which it
     // scales the colours up.
     void Decode(int y, JSAMPLE* samples)
@@ -249,6 +272,7 @@ private:
     TScanLimit m_scanLimit{};
     TDecompressor m_info;
     std::vector<JSAMPLE> m_ink; // a row of CMYK, empty for other colours
+    bool m_isTakenIn = false;   // all scans of a picture that is decoded in pieces
     bool m_isBroken = false;
 };
 

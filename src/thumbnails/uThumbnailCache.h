@@ -62,8 +62,8 @@ public:
     // Throws EThumbnail.
     const TBitmap& GetThumbnail(TMuWallpaper& item);
 
-    // A short step towards the first of the items that is not in memory: loading a file, or an
-    // eighth of making one. The items are those on the screen, of which none is freed for want of
+    // A short step towards the first of the items that is not in memory: loading a file, or a
+    // part of making one. The items are those on the screen, of which none is freed for want of
     // room while the others are loaded. Never throws for a picture's sake.
     TThumbnailStep MakeNext(std::span<TMuWallpaper* const> shown);
 

@@ -27,9 +27,10 @@ int ThumbnailDivisor(TSize picture)
 }
 
 TThumbnailMaker::TThumbnailMaker(const std::string& fileName)
-    : m_picture(OpenImage(fileName,
-                          {.Divisor = ThumbnailDivisor(ImageFileSize(fileName)), .Fast = true})),
-      m_thumbnail(StoredThumbnailSize.Width, StoredThumbnailSize.Height)
+    : m_picture(OpenImage(
+          fileName,
+          {.Divisor = ThumbnailDivisor(ImageFileSize(fileName)), .Fast = true, .InPieces = true})),
+      m_fileName(fileName), m_thumbnail(StoredThumbnailSize.Width, StoredThumbnailSize.Height)
 {
     const TSize size = m_picture->Size();
     if (size.Width < 1 || size.Height < 1)
@@ -39,11 +40,15 @@ TThumbnailMaker::TThumbnailMaker(const std::string& fileName)
 }
 
 bool TThumbnailMaker::Step()
-{
+try {
+    if (m_picture->Prepare())
+        return false;
     const int end = std::min(m_next + RowsPerStep, StoredThumbnailSize.Height);
     for (; m_next < end; ++m_next)
         DrawRow(m_next);
     return m_next == StoredThumbnailSize.Height;
+} catch (const EImageFormat& error) {
+    throw EInvalidImage(m_fileName, error.what());
 }
 
 void TThumbnailMaker::DrawRow(int y)

@@ -21,7 +21,8 @@ public:
     // Opens the picture. Throws EInvalidImage.
     explicit TThumbnailMaker(const std::string& fileName);
 
-    // Does an eighth of the work; true when the thumbnail is whole.
+    // Some of the work, a few milliseconds for a photograph; true when the thumbnail is whole.
+    // Throws EInvalidImage.
     bool Step();
     TBitmap Take() { return std::move(m_thumbnail); }
 
@@ -29,6 +30,7 @@ private:
     void DrawRow(int y);
 
     std::unique_ptr<TImageReader> m_picture;
+    std::string m_fileName;
     TDrawMap m_map;
     TBitmap m_thumbnail;
     std::vector<TPixel> m_line; // the picture's row m_present

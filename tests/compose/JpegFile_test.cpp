@@ -136,3 +136,41 @@ TEST(JpegFile, RefusesWhatCannotBeDecodedInReason)
             EXPECT_EQ(error.Reason.substr(0, reason.size()), reason);
         }
 }
+
+TEST(JpegFile, ScansAreTakenInPieceByPiece)
+{
+    const TTempFolder folder;
+    for (const char* seed : {"progressive", "arithmetic-progressive", "color420", "grey"})
+        for (const int divisor : {1, 2, 8}) {
+            const std::string name = std::string(MURALA_SEEDS "/Jpeg/") + seed;
+            const auto whole = OpenImage(name, {.Divisor = divisor});
+            const auto pieces = OpenImage(name, {.Divisor = divisor, .InPieces = true});
+            ASSERT_EQ(whole->Size(), pieces->Size());
+            while (pieces->Prepare()) {
+            }
+            EXPECT_FALSE(pieces->Prepare());
+            const auto width = static_cast<std::size_t>(whole->Size().Width);
+            std::vector<TPixel> expected(width), row(width);
+            for (int y = 0; y < whole->Size().Height; y += 2) {
+                whole->ReadRow(y, expected.data());
+                pieces->ReadRow(y, row.data());
+                EXPECT_EQ(row, expected) << seed << divisor << ' ' << y;
+            }
+        }
+}
+
+TEST(JpegFile, PiecesEndWhereThereAreTooManyScansOrTooFewBytes)
+{
+    const TTempFolder folder;
+    const auto many = folder.Write("many", TinyScans(0xC2, 4000, 4000, 300));
+    const auto reader = OpenImage(many, {.Divisor = 8, .InPieces = true});
+    EXPECT_TRUE(reader->Prepare()); // far from all at once
+    EXPECT_THROW(while (reader->Prepare()){}, EImageFormat);
+    std::string content = ReadWholeFile(MURALA_SEEDS "/Jpeg/progressive");
+    const auto cut = folder.Write("cut", content.substr(0, content.size() * 2 / 3));
+    const auto rest = OpenImage(cut, {.InPieces = true});
+    while (rest->Prepare()) {
+    }
+    std::vector<TPixel> row(static_cast<std::size_t>(rest->Size().Width));
+    rest->ReadRow(rest->Size().Height - 1, row.data());
+}

@@ -91,19 +91,16 @@ public:
     }
 
 private:
-    // Rows that are read one after the other come in large blocks; where most are passed over, each
-    // by itself.
+    // Rows that follow each other come in large blocks; where some are passed over, each by itself.
     void ReadBlock(int y, int index)
     {
-        constexpr int smallGap = 2;
-        const int rows =
-            y - m_last <= smallGap ? std::min(m_blockRows, m_header.Size.Height - y) : 1;
+        const int rows = y == m_last + 1 ? std::min(m_blockRows, m_header.Size.Height - y) : 1;
         m_first = m_header.IsTopDown ? index : index - rows + 1;
         m_end = m_first + rows;
         std::fseek(m_file.get(), m_header.PixelOffset + m_first * m_stride, SEEK_SET);
         const std::size_t wanted = static_cast<std::size_t>(rows * m_stride);
         const std::size_t read = std::fread(m_block.data(), 1, wanted, m_file.get());
-        std::fill(m_block.begin() + static_cast<std::ptrdiff_t>(read), m_block.end(), 0);
+        std::fill_n(m_block.begin() + static_cast<std::ptrdiff_t>(read), wanted - read, 0);
     }
 
     TFile m_file;

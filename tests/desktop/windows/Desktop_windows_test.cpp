@@ -305,6 +305,8 @@ TEST(WindowsLocale, OrdersAndSpellsAsTheUserDoes)
         EXPECT_LT(locale->Compare(before, after), 0) << before;
     EXPECT_EQ(locale->Compare("a b", "a b"), 0);
     EXPECT_EQ(locale->UpperCase("größe é-1"), "GRÖßE É-1");
+    // These two have an upper-case letter of more bytes.
+    EXPECT_EQ(locale->UpperCase("C:\\ɐɫ\\"), "C:\\ⱯⱢ\\");
 }
 
 } // namespace

@@ -27,3 +27,32 @@ TEST(SafeFile, WaitsForAFileThatIsHeldForAMomentOnly)
     release.join();
     EXPECT_EQ(ReadWholeFile(path), "new");
 }
+
+TEST(SafeFile, WaitsForAFileThatNobodyElseMayOpenForAMoment)
+{
+    const TTempFolder folder;
+    const std::string path = folder.Write("list", "old");
+    for (const bool isRead : {false, true}) {
+        HANDLE file = CreateFileW(NativePath(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                  0, nullptr);
+        ASSERT_NE(file, INVALID_HANDLE_VALUE);
+        std::thread release([file] {
+            Sleep(50);
+            CloseHandle(file);
+        });
+        if (isRead)
+            EXPECT_EQ(ReadWholeFile(path), "new");
+        else
+            EXPECT_NO_THROW(folder.Write("list", "new"));
+        release.join();
+    }
+    SetFileAttributesW(NativePath(path).c_str(), FILE_ATTRIBUTE_READONLY);
+    const auto start = GetTickCount64();
+    EXPECT_THROW(ReadWholeFile(folder.Path()), EFileError);
+    try {
+        folder.Write("list", "newer"); // some may in spite of the mark
+    } catch (const EFileError&) {
+    }
+    EXPECT_LT(GetTickCount64() - start, 150U) << "waits for what no waiting brings";
+    SetFileAttributesW(NativePath(path).c_str(), FILE_ATTRIBUTE_NORMAL);
+}

@@ -191,7 +191,8 @@ TThumbnailStep TThumbnailCache::Hold(TMuWallpaper& item, TBitmap thumbnail)
 {
     item.Thumbnail = std::make_unique<TBitmap>(std::move(thumbnail));
     m_list.LoadedThumbnails.push_back(item.FileName());
-    m_secondTry.clear();
+    if (m_secondTry == item.FileName())
+        m_secondTry.clear();
     return {TThumbnailProgress::Made, &item, {}};
 }
 

@@ -258,6 +258,36 @@ TEST_F(ThumbnailCache, AnItemIsRemovedWhileItIsBeingMade)
     EXPECT_EQ(Color(List.Item(0)), 2);
 }
 
+TEST_F(ThumbnailCache, AnItemGetsAnotherPictureWhileItIsBeingMade)
+{
+    TMuWallpaper& item = Add("a.bmp", 1);
+    const std::string other = Add("b.bmp", 2).FileName();
+    Cache.MakeNext(Items());
+    Cache.MakeNext(Items());
+    List.Delete(1);
+    List.SetFileName(item, other);
+    EXPECT_EQ(MakeAll(Items()), "b");
+    EXPECT_EQ(Color(item), 2);
+}
+
+TEST_F(ThumbnailCache, TheSecondTryIsTheLastWhateverIsDrawnMeanwhile)
+{
+    AddMany(15);
+    TMuWallpaper& broken = AddItem(Folder.File("x.bmp"));
+    for (int i = 0; i < 15; ++i)
+        Cache.GetThumbnail(List.Item(i));
+    TMuWallpaper* const shown[] = {&List.Item(3), &broken};
+    EXPECT_EQ(Cache.MakeNext(shown).Progress, TThumbnailProgress::Working);
+    EXPECT_EQ(List.MaxThumbnails, 14);
+    EXPECT_TRUE(List.LoadedThumbnails.empty());
+    Cache.GetThumbnail(List.Item(7));
+    const TThumbnailStep second = Cache.MakeNext(shown);
+    EXPECT_EQ(second.Progress, TThumbnailProgress::Failed);
+    EXPECT_EQ(second.Item, &broken);
+    EXPECT_EQ(List.MaxThumbnails, 10);
+    EXPECT_EQ(MakeAll({shown[0], shown[1]}), "3");
+}
+
 TEST_F(ThumbnailCache, AScreenFullOfThumbnailsStaysWhateverTheLimit)
 {
     AddMany(25);

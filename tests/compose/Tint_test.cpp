@@ -56,16 +56,18 @@ TEST(Tint, StylesSpreadTheItemsOwnValuesTheirOwnWay)
     }
 }
 
-TEST(Tint, ARampIsCalculatedMoreExactlyThanSinglePrecision)
+TEST(Tint, ARampIsCalculatedMoreExactlyThanInSinglePrecision)
 {
-    // Rounded to even exactly half way between two values, on either side of it one step further.
-    constexpr int width = 65535;
+    // Black becomes the value itself. With this width none is half way between two whole ones, but
+    // some are so near that single precision is on the wrong side.
+    constexpr int width = 99991;
     TBitmap bitmap(width, 1);
     std::fill_n(bitmap.Row(0), width, TPixel{0});
-    TintHorizontal(bitmap, {0, 0, 0}, {255, 255, 255});
+    TintHorizontal(bitmap, {-256, -256, -256}, {255, 255, 255});
     for (int x = 0; x < width; ++x) {
-        // 255 x / 65535 = x / 257, which is never half way.
-        ASSERT_EQ(bitmap.Row(0)[x] & 255U, static_cast<TPixel>((2 * x + 257) / 514)) << x;
+        const int doubled = 2 * (511 * x - 256 * width) + width;
+        ASSERT_EQ(bitmap.Row(0)[x] & 255U, static_cast<TPixel>(std::max(doubled, 0) / (2 * width)))
+            << x;
     }
 }
 

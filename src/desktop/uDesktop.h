@@ -11,8 +11,12 @@
 namespace murala
 {
 
-// Whether the desktop took the wallpaper.
-using TOnInstalled = std::function<void(bool took)>;
+// Whether the desktop took the wallpaper. If not, what the user can do about it may be said.
+struct TInstalled {
+    bool Took;
+    std::string Advice;
+};
+using TOnInstalled = std::function<void(const TInstalled& installed)>;
 
 class TDesktop
 {

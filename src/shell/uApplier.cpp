@@ -92,10 +92,13 @@ void TApplier::ComposeItem(TMuWallpaper& item)
 void TApplier::Install(const std::string& path, TColor color)
 {
     // The answer may come when the program has long gone on, or is gone.
-    m_core.Services.Desktop.Install(path, color, [this, alive = std::weak_ptr(m_alive)](bool took) {
-        if (!took && !alive.expired())
-            m_core.Report(TReport::StatusLine, "The desktop did not take the wallpaper.");
-    });
+    m_core.Services.Desktop.Install(
+        path, color, [this, alive = std::weak_ptr(m_alive)](const TInstalled& installed) {
+            if (!installed.Took && !alive.expired())
+                m_core.Report(TReport::StatusLine,
+                              std::string(Trim("The desktop did not take the wallpaper. " +
+                                               installed.Advice)));
+        });
 }
 
 void TApplier::ApplyLabels(const TMuWallpaper& item)

@@ -42,7 +42,9 @@ struct TFakeDesktop : TDesktop {
     {
         Calls.push_back("install " + FileNamePart(path) + ' ' + std::to_string(color));
         Color = color;
-        Answer = [this, onInstalled = std::move(onInstalled)] { onInstalled(TakesWallpaper); };
+        Answer = [this, onInstalled = std::move(onInstalled)] {
+            onInstalled({TakesWallpaper, ""});
+        };
         if (!AnswersLater)
             std::exchange(Answer, nullptr)();
     }

@@ -1,5 +1,6 @@
 #include "uBackground.h"
 
+#include "uBitmap.h"
 #include "uGLib.h"
 
 #include <cstdio>
@@ -20,10 +21,13 @@ std::unique_ptr<TBackground> NewBackground(TSession session)
     case TSession::Xfce:
         return NewXfceBackground();
     case TSession::Lxde:
+        return NewLxdeBackground();
     case TSession::Lxqt:
-        return NewFileManagerBackground(session);
+        return NewLxqtBackground();
     case TSession::Sway:
         return NewSwayBackground();
+    case TSession::Wayland:
+        return NewSwaybgBackground();
     case TSession::Other:
         break;
     }

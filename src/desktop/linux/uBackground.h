@@ -1,9 +1,10 @@
 // The background of one kind of desktop.
 #pragma once
 
-#include "uBitmap.h"
+#include "uColor.h"
 #include "uSession.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,20 +12,31 @@
 namespace murala
 {
 
+enum class TTook {
+    Yes,
+    No,     // and it will not
+    NotYet, // the desktop is not there, or too busy: to be tried again
+};
+
+// With what the user can do about it, where there is something.
+using TOnTook = std::function<void(TTook took, const std::string& advice)>;
+
+// None of the calls waits for another program.
 class TBackground
 {
 public:
     virtual ~TBackground() = default;
 
-    // Whether the desktop is set to this file and would not read it again if it were set again,
-    // because it goes by names. Nothing when the desktop cannot be asked.
-    virtual std::optional<bool> IsStuckTo(const std::string& path) = 0;
-    // `color` shows where the picture does not reach.
-    virtual bool SetPicture(const std::string& path, TColor color) = 0;
+    // Whether the desktop takes a new picture under a known name for nothing new.
+    virtual bool GoesByNames() const { return true; }
+
+    // `color` shows where the picture does not reach. `onTook` is called once, before this returns
+    // or out of the main loop, perhaps when this object is gone.
+    virtual void SetPicture(const std::string& path, TColor color, TOnTook onTook) = 0;
 
     // Nothing when this desktop keeps no colour, or in a form of its own.
-    virtual std::optional<TColor> Color() = 0;
-    virtual void SetColor(TColor color) = 0;
+    virtual std::optional<TColor> Color() { return std::nullopt; }
+    virtual void SetColor(TColor /*color*/) {}
 };
 
 std::unique_ptr<TBackground> NewBackground(TSession session);
@@ -33,8 +45,10 @@ std::unique_ptr<TBackground> NewBackground(TSession session);
 std::unique_ptr<TBackground> NewSettingsBackground(TSession session);
 std::unique_ptr<TBackground> NewPlasmaBackground();
 std::unique_ptr<TBackground> NewXfceBackground();
-std::unique_ptr<TBackground> NewFileManagerBackground(TSession session);
+std::unique_ptr<TBackground> NewLxdeBackground();
+std::unique_ptr<TBackground> NewLxqtBackground();
 std::unique_ptr<TBackground> NewSwayBackground();
+std::unique_ptr<TBackground> NewSwaybgBackground();
 std::unique_ptr<TBackground> NewRootWindowBackground();
 
 // "#rrggbb"; the reader takes twelve digits, too.

@@ -3,12 +3,15 @@
 #include "uBackground.h"
 #include "uColorText.h"
 #include "uDesktop.h"
+#include "uGLib.h"
 #include "uIniFile.h"
 #include "uPath.h"
 #include "uSafeFile.h"
 #include "uScreens.h"
 
+#include <cstdio>
 #include <filesystem>
+#include <vector>
 
 namespace murala
 {
@@ -17,22 +20,84 @@ namespace
 {
 
 constexpr std::string_view StoreName = "Murala.desktop.ini";
-constexpr std::string_view DesktopSection = "Control Panel\\desktop";
 constexpr std::string_view ColorsSection = "colors";
 
-// The same file under a second name, for desktops that would take the first one for nothing new.
-// Empty when it cannot be made.
-std::string MakeTwin(const std::string& path)
+constexpr gint64 RetryLimitUs = 60 * G_USEC_PER_SEC;
+constexpr guint RetryPauseMs = 2000;
+
+// Names of the same picture for desktops that go by names: some keep what a name once showed, so
+// each has a name that was never used before, "MuralaWallpaper~5f1c0a9b3d2e4.bmp".
+class TFreshNames
 {
-    const std::string extension = ExtensionPart(path);
-    const std::string twin = path.substr(0, path.size() - extension.size()) + "~" + extension;
-    std::error_code error;
-    std::filesystem::remove(twin, error);
-    std::filesystem::create_hard_link(path, twin, error);
-    if (error)
-        std::filesystem::copy_file(path, twin, error);
-    return error ? "" : twin;
-}
+public:
+    explicit TFreshNames(const std::string& path)
+        : m_path(path), m_extension(ExtensionPart(path)),
+          m_start(path.substr(0, path.size() - m_extension.size()) + '~')
+    {
+    }
+
+    // A link to the file. Empty when neither that nor a copy can be made.
+    std::string Make() const
+    {
+        char number[32];
+        std::snprintf(number, sizeof number, "%llx",
+                      static_cast<unsigned long long>(g_get_real_time()));
+        const std::string name = m_start + number + m_extension;
+        std::error_code error;
+        std::filesystem::create_hard_link(m_path, name, error);
+        if (error)
+            std::filesystem::copy_file(m_path, name, error);
+        return error ? "" : name;
+    }
+
+    void RemoveOthers(const std::string& kept) const
+    {
+        std::error_code error;
+        std::vector<std::filesystem::path> others;
+        for (std::filesystem::directory_iterator entry(FolderPart(m_path), error), end;
+             !error && entry != end; entry.increment(error))
+            if (entry->path() != kept && IsOurs(entry->path()))
+                others.push_back(entry->path());
+        for (const auto& other : others)
+            std::filesystem::remove(other, error);
+    }
+
+private:
+    bool IsOurs(const std::string& name) const
+    {
+        if (!name.starts_with(m_start) || !name.ends_with(m_extension) ||
+            name.size() <= m_start.size() + m_extension.size())
+            return false;
+        const std::string_view number(name.data() + m_start.size(),
+                                      name.size() - m_start.size() - m_extension.size());
+        return number.find_first_not_of("0123456789abcdef") == std::string_view::npos;
+    }
+
+    std::string m_path, m_extension, m_start;
+};
+
+// A picture on its way to the desktop.
+struct TJob {
+    std::string Path;
+    std::string Name; // what the desktop is told
+    TColor Color;
+    TOnInstalled OnInstalled;
+    gint64 Begin = g_get_monotonic_time();
+    guint Retry = 0;
+
+    TJob(std::string path, std::string name, TColor color, TOnInstalled onInstalled)
+        : Path(std::move(path)), Name(std::move(name)), Color(color),
+          OnInstalled(std::move(onInstalled))
+    {
+    }
+    TJob(const TJob&) = delete;
+    TJob& operator=(const TJob&) = delete;
+    ~TJob()
+    {
+        if (Retry != 0)
+            g_source_remove(Retry);
+    }
+};
 
 class TLinuxDesktop : public TDesktop
 {
@@ -43,8 +108,8 @@ public:
     {
     }
 
-    TSize ScreenSize() override { return PrimaryScreenSize(); }
-    int ScreenBitsPerPixel() override { return ReadScreens().BitsPerPixel; }
+    TSize ScreenSize() override { return m_screens.PrimarySize(); }
+    int ScreenBitsPerPixel() override { return m_screens.BitsPerPixel(); }
 
     // The picture is as large as the screen: there is nothing to tile.
     void WriteTileWallpaper(int /*mode*/) override {}
@@ -52,7 +117,13 @@ public:
     void Install(const std::string& path, TColor color, TOnInstalled onInstalled) override
     {
         StoreColor(color);
-        onInstalled(SetWallpaperFile(path, color));
+        m_job.reset();
+        const bool isThere = FileExists(path);
+        std::string name = isThere && m_background->GoesByNames() ? TFreshNames(path).Make() : path;
+        if (!isThere || name.empty())
+            return onInstalled({false, ""});
+        m_job = std::make_shared<TJob>(path, std::move(name), color, std::move(onInstalled));
+        Try();
     }
 
     void ApplyDesktopColor(TColor color) override
@@ -68,48 +139,61 @@ public:
     }
 
 private:
-    bool SetWallpaperFile(const std::string& path, TColor color)
+    // A job outlives neither this object nor its successor, so that late answers find nobody.
+    void Try()
     {
-        if (!FileExists(path))
-            return false;
-        const bool stuck =
-            m_background->IsStuckTo(path).value_or(Read(DesktopSection, "Wallpaper") == path);
-        const std::string name = stuck ? MakeTwin(path) : path;
-        if (name.empty() || !m_background->SetPicture(name, color))
-            return false;
-        Store(DesktopSection, "Wallpaper", name);
-        return true;
+        m_job->Retry = 0;
+        m_background->SetPicture(
+            m_job->Name, m_job->Color,
+            [this, waiting = std::weak_ptr(m_job)](TTook took, const std::string& advice) {
+                if (!waiting.expired())
+                    Answered(took, advice);
+            });
     }
 
-    void StoreColor(TColor color) { Store(ColorsSection, "Background", ColorToIniText(color)); }
-
-    TColor StoredColor() const
-    try {
-        return IniTextToColor(Read(ColorsSection, "Background"));
-    } catch (const EConvertError&) {
-        return 0;
+    void Answered(TTook took, const std::string& advice)
+    {
+        if (took == TTook::NotYet && g_get_monotonic_time() - m_job->Begin < RetryLimitUs) {
+            m_job->Retry = g_timeout_add(
+                RetryPauseMs,
+                [](gpointer self) -> gboolean {
+                    static_cast<TLinuxDesktop*>(self)->Try();
+                    return G_SOURCE_REMOVE;
+                },
+                this);
+            return;
+        }
+        // Whoever is told may install the next one at once.
+        const auto job = std::move(m_job);
+        if (took == TTook::Yes)
+            TFreshNames(job->Path).RemoveOthers(job->Name);
+        job->OnInstalled({took == TTook::Yes, advice});
     }
 
-    std::string Read(std::string_view section, std::string_view key) const
-    try {
-        return TIniFile::Load(m_storeFile).ReadText(section, key, "");
-    } catch (const EFileError&) {
-        return "";
-    }
-
-    void Store(std::string_view section, std::string_view key, const std::string& text)
+    void StoreColor(TColor color)
     try {
         TIniFile file = TIniFile::Load(m_storeFile);
-        if (file.ReadText(section, key, "") == text)
+        const std::string text = ColorToIniText(color);
+        if (file.ReadText(ColorsSection, "Background", "") == text)
             return;
-        file.Write(section, key, text);
+        file.Write(ColorsSection, "Background", text);
         file.Save(m_storeFile);
     } catch (const EFileError&) {
         // A folder that cannot be written to costs the stored value, not the wallpaper.
     }
 
+    TColor StoredColor() const
+    try {
+        return IniTextToColor(
+            TIniFile::Load(m_storeFile).ReadText(ColorsSection, "Background", ""));
+    } catch (const std::runtime_error&) {
+        return 0; // none is stored, or it cannot be read
+    }
+
     std::string m_storeFile;
+    TScreenWatch m_screens;
     std::unique_ptr<TBackground> m_background;
+    std::shared_ptr<TJob> m_job;
 };
 
 } // namespace

@@ -11,7 +11,8 @@ namespace
 
 constexpr TBusObject PlasmaShell{"org.kde.plasmashell", "/PlasmaShell", "org.kde.PlasmaShell"};
 
-// What every script does on each screen's desktop. Kept to old JavaScript for older shells.
+// What every script does on each screen's desktop, and how many there are: none while the shell is
+// still starting. Kept to old JavaScript for older shells.
 constexpr std::string_view ForEachDesktop = "var all = desktops();"
                                             "for (var i = 0; i < all.length; i++) {"
                                             " var d = all[i];"
@@ -19,12 +20,12 @@ constexpr std::string_view ForEachDesktop = "var all = desktops();"
                                             " d.currentConfigGroup ="
                                             " ['Wallpaper', 'org.kde.image', 'General'];"
                                             " %s"
-                                            "}";
+                                            "}"
+                                            " print(all.length);";
 // FillMode 2 fills the screen and keeps the proportions.
 constexpr std::string_view WritePicture = "d.writeConfig('Image', '%s');"
                                           " d.writeConfig('FillMode', 2); %s";
 constexpr std::string_view WriteColor = "d.writeConfig('Color', '%s');";
-constexpr std::string_view PrintPicture = "if (i == 0) print(d.readConfig('Image'));";
 
 std::string ColorText(TColor color)
 {
@@ -32,38 +33,37 @@ std::string ColorText(TColor color)
     return FormatText(WriteColor, {part(0) + ',' + part(8) + ',' + part(16)});
 }
 
-std::optional<std::string> RunScript(std::string_view before, const std::string& action)
+// `onDone` is told on how many desktops it ran.
+void RunScript(std::string_view before, const std::string& action, std::function<void(int)> onDone)
 {
     const std::string script = FormatText(ForEachDesktop, {before, action});
-    const TVariant answer =
-        CallSessionBus(PlasmaShell, "evaluateScript", g_variant_new("(s)", script.c_str()), "(s)");
-    if (!answer)
-        return std::nullopt;
-    const char* printed = nullptr;
-    g_variant_get(answer.get(), "(&s)", &printed);
-    return std::string(Trim(printed));
+    CallSessionBusLater(PlasmaShell, "evaluateScript", g_variant_new("(s)", script.c_str()), "(s)",
+                        [onDone = std::move(onDone)](GVariant* answer) {
+                            const char* printed = "";
+                            if (answer != nullptr)
+                                g_variant_get(answer, "(&s)", &printed);
+                            onDone(ParseInteger(Trim(printed)).value_or(0));
+                        });
 }
 
 class TPlasmaBackground : public TBackground
 {
 public:
-    std::optional<bool> IsStuckTo(const std::string& path) override
-    {
-        const auto uri = RunScript("", std::string(PrintPicture));
-        return uri ? std::optional(UriFile(*uri) == path) : std::nullopt;
-    }
-
-    bool SetPicture(const std::string& path, TColor color) override
+    void SetPicture(const std::string& path, TColor color, TOnTook onTook) override
     {
         // An apostrophe is the only character of an address that could end the script's text.
         const std::string uri = ReplaceAll(FileUri(path), "'", "%27");
-        return RunScript("d.wallpaperPlugin = 'org.kde.image';",
-                         FormatText(WritePicture, {uri, ColorText(color)}))
-            .has_value();
+        RunScript("d.wallpaperPlugin = 'org.kde.image';",
+                  FormatText(WritePicture, {uri, ColorText(color)}),
+                  [onTook = std::move(onTook)](int desktops) {
+                      onTook(desktops > 0 ? TTook::Yes : TTook::NotYet, "");
+                  });
     }
 
-    std::optional<TColor> Color() override { return std::nullopt; }
-    void SetColor(TColor color) override { RunScript("", ColorText(color)); }
+    void SetColor(TColor color) override
+    {
+        RunScript("", ColorText(color), [](int) {});
+    }
 };
 
 } // namespace

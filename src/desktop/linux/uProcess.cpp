@@ -20,8 +20,6 @@ std::vector<char*> ArgumentPointers(const std::vector<std::string>& command)
     return pointers;
 }
 
-constexpr auto Silent = G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL;
-
 } // namespace
 
 TOrdinaryPriority::TOrdinaryPriority() : m_before(getpriority(PRIO_PROCESS, 0))
@@ -36,15 +34,52 @@ TOrdinaryPriority::~TOrdinaryPriority()
         setpriority(PRIO_PROCESS, 0, m_before);
 }
 
-bool RunProgram(std::vector<std::string> command)
+namespace
+{
+
+constexpr guint RunLimitS = 10;
+
+// A program that runs; it deletes itself.
+struct TRun {
+    TGObject<GSubprocess> Process;
+    std::function<void(bool)> OnEnd;
+    guint Limit = 0;
+};
+
+gboolean OnLimit(gpointer data)
+{
+    auto* run = static_cast<TRun*>(data);
+    g_subprocess_force_exit(run->Process.get());
+    run->Limit = 0;
+    return G_SOURCE_REMOVE;
+}
+
+void OnRunEnd(GObject* process, GAsyncResult* result, gpointer data)
+{
+    const std::unique_ptr<TRun> run(static_cast<TRun*>(data));
+    if (run->Limit != 0)
+        g_source_remove(run->Limit);
+    run->OnEnd(g_subprocess_wait_check_finish(G_SUBPROCESS(process), result, nullptr) != FALSE);
+}
+
+} // namespace
+
+void RunProgramLater(const std::vector<std::string>& command, std::function<void(bool)> onEnd)
 {
     const TOrdinaryPriority priority;
-    command.insert(command.begin(), {"timeout", "--kill-after=1", "10"});
-    int status = 0;
-    const auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | Silent);
-    return g_spawn_sync(nullptr, ArgumentPointers(command).data(), nullptr, flags, nullptr, nullptr,
-                        nullptr, nullptr, &status, nullptr) != FALSE &&
-           g_spawn_check_wait_status(status, nullptr) != FALSE;
+    constexpr auto silent = G_SUBPROCESS_FLAGS_STDOUT_SILENCE | G_SUBPROCESS_FLAGS_STDERR_SILENCE;
+    TGObject<GSubprocess> process(g_subprocess_newv(
+        ArgumentPointers(command).data(), static_cast<GSubprocessFlags>(silent), nullptr));
+    if (!process)
+        return onEnd(false);
+    auto* run = new TRun{std::move(process), std::move(onEnd)};
+    run->Limit = g_timeout_add_seconds(RunLimitS, OnLimit, run);
+    g_subprocess_wait_check_async(run->Process.get(), nullptr, OnRunEnd, run);
+}
+
+bool HasProgram(const std::string& name)
+{
+    return TGText(g_find_program_in_path(name.c_str())) != nullptr;
 }
 
 bool StartProgram(const std::vector<std::string>& command)

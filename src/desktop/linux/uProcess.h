@@ -1,6 +1,7 @@
 // Other programs, started without a shell.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,8 +21,12 @@ private:
     int m_before;
 };
 
-// Runs a program (looked up in PATH) to its end, ten seconds at the most. Whether it ended with 0.
-bool RunProgram(std::vector<std::string> command);
+// Runs a program (looked up in PATH) in the background; after ten seconds it is killed. `onEnd` is
+// told, out of the main loop, whether it ended with 0; at once and with false when it cannot be
+// started.
+void RunProgramLater(const std::vector<std::string>& command, std::function<void(bool)> onEnd);
+
+bool HasProgram(const std::string& name);
 
 // Starts a program (looked up in PATH) on its own. Whether it could be started.
 bool StartProgram(const std::vector<std::string>& command);

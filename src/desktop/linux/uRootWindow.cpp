@@ -2,15 +2,17 @@
 // pixmap outlives this process and is named in two properties, so that other programs find it there
 // and whoever sets the next one can free it.
 #include "uBackground.h"
-#include "uCompose.h"
+#include "uBitmap.h"
 #include "uImageFile.h"
-#include "uSafeFile.h"
+#include "uMonitorWatch.h"
 #include "uScreens.h"
 #include "uX11.h"
 
 #include <X11/Xatom.h>
 
 #include <bit>
+#include <utility>
+#include <vector>
 
 namespace murala
 {
@@ -62,8 +64,8 @@ public:
         XClearWindow(m_display, m_root);
     }
 
-    // A pixmap of the whole root window with the picture on every monitor.
-    Pixmap Paint(const TBitmap& picture, const std::vector<TMonitor>& monitors, TColor color)
+    // A pixmap of the whole root window; outside of the picture it has the colour.
+    Pixmap Paint(TBitmap& picture, TColor color)
     {
         const auto width = static_cast<unsigned>(DisplayWidth(m_display, m_screen));
         const auto height = static_cast<unsigned>(DisplayHeight(m_display, m_screen));
@@ -72,8 +74,12 @@ public:
         GC context = XCreateGC(m_display, pixmap, 0, nullptr);
         XSetForeground(m_display, context, ServerPixel(m_visual, ColorToPixel(color)));
         XFillRectangle(m_display, pixmap, context, 0, 0, width, height);
-        for (const TMonitor& monitor : monitors)
-            PaintMonitor(pixmap, context, picture, monitor.Place);
+        std::vector<char> converted;
+        const TImage image = MakeImage(picture, converted);
+        if (image)
+            XPutImage(m_display, pixmap, context, image.get(), 0, 0, 0, 0,
+                      static_cast<unsigned>(picture.Width()),
+                      static_cast<unsigned>(picture.Height()));
         XFreeGC(m_display, context);
         return pixmap;
     }
@@ -101,18 +107,6 @@ private:
         const Pixmap before = Stored(PixmapProperties[0]);
         if (before != None && before == Stored(PixmapProperties[1]))
             XKillClient(m_display, before);
-    }
-
-    void PaintMonitor(Pixmap pixmap, GC context, const TBitmap& picture, const TRect& place)
-    {
-        TBitmap fitted = picture.Copy();
-        if (fitted.Width() != place.Width() || fitted.Height() != place.Height())
-            ResizeBitmap(fitted, place.Width(), place.Height());
-        std::vector<char> converted;
-        const TImage image = MakeImage(fitted, converted);
-        if (image)
-            XPutImage(m_display, pixmap, context, image.get(), 0, 0, place.Left, place.Top,
-                      static_cast<unsigned>(place.Width()), static_cast<unsigned>(place.Height()));
     }
 
     // An image of the bitmap's own pixels where the server's have the same form, else of
@@ -147,38 +141,42 @@ private:
     Visual* m_visual;
 };
 
+bool ShowOnRoot(const std::string& path, TColor color)
+try {
+    const TScreens screens = ReadScreens();
+    const TDisplay display = OpenDisplay(); // its own, because it leaves the pixmap behind
+    if (!display || screens.Monitors.empty())
+        return false;
+    TBitmap picture = PictureOnMonitors(LoadImageFile(path), screens, color);
+    TXErrorGuard guard(display.get());
+    TRootWindow root(display.get());
+    const Pixmap pixmap = root.Paint(picture, color);
+    if (guard.HasFailed())
+        return false;
+    root.Show(pixmap);
+    XSetCloseDownMode(display.get(), RetainPermanent);
+    return true;
+} catch (const EInvalidImage&) {
+    return false;
+}
+
 class TRootWindowBackground : public TBackground
 {
 public:
-    std::optional<bool> IsStuckTo(const std::string& /*path*/) override { return false; }
+    bool GoesByNames() const override { return false; }
 
-    bool SetPicture(const std::string& path, TColor color) override
-    try {
-        if (IsBelowWayland())
-            return false;
-        const TBitmap picture = LoadImageFile(path);
-        const auto monitors = ReadScreens().Monitors;
-        const TDisplay display = OpenDisplay();
-        if (!display)
-            return false;
-        TXErrorGuard guard(display.get());
-        TRootWindow root(display.get());
-        const Pixmap pixmap = root.Paint(picture, monitors, color);
-        if (guard.HasFailed())
-            return false;
-        root.Show(pixmap);
-        XSetCloseDownMode(display.get(), RetainPermanent);
-        return true;
-    } catch (const EInvalidImage&) {
-        return false;
+    void SetPicture(const std::string& path, TColor color, TOnTook onTook) override
+    {
+        const bool shown = !IsBelowWayland() && ShowOnRoot(path, color);
+        if (shown)
+            Follow(path, color);
+        onTook(shown ? TTook::Yes : TTook::No, "");
     }
-
-    std::optional<TColor> Color() override { return std::nullopt; }
 
     // A picture covers all of the root window.
     void SetColor(TColor color) override
     {
-        const TDisplay display = OpenDisplay();
+        const TSharedDisplay display = SharedDisplay();
         if (!display)
             return;
         TXErrorGuard guard(display.get());
@@ -186,6 +184,19 @@ public:
         if (!root.HasPicture())
             root.FillWithColor(color);
     }
+
+private:
+    // From now on a monitor that is plugged in, or has another resolution, has the picture, too.
+    void Follow(const std::string& path, TColor color)
+    {
+        m_shown = {path, color};
+        if (!m_watch)
+            m_watch = std::make_unique<TMonitorWatch>(
+                [this] { ShowOnRoot(m_shown.first, m_shown.second); });
+    }
+
+    std::pair<std::string, TColor> m_shown;
+    std::unique_ptr<TMonitorWatch> m_watch;
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "uScreens.h"
 
+#include "uCompose.h"
 #include "uX11.h"
 
 #include <X11/Xatom.h>
@@ -81,27 +82,92 @@ std::optional<TSize> FirstConnectedScreen()
 TScreens ReadScreens()
 {
     TScreens screens;
-    const TDisplay display = OpenDisplay();
+    const TSharedDisplay display = SharedDisplay();
     if (!display)
         return screens;
     TXErrorGuard guard(display.get());
+    const Window root = DefaultRootWindow(display.get());
     screens.Monitors = ReadMonitors(display.get());
-    const auto workspaces = ReadProperty32(display.get(), DefaultRootWindow(display.get()),
-                                           "_NET_NUMBER_OF_DESKTOPS", XA_CARDINAL);
+    const auto workspaces =
+        ReadProperty32(display.get(), root, "_NET_NUMBER_OF_DESKTOPS", XA_CARDINAL);
     screens.Workspaces = static_cast<int>(std::clamp(workspaces, 1UL, 64UL));
     const int depth = DefaultDepth(display.get(), DefaultScreen(display.get()));
     screens.BitsPerPixel = depth > 16 ? 32 : depth;
+    for (const TMonitor& monitor : screens.Monitors) {
+        screens.Whole.Width = std::max(screens.Whole.Width, monitor.Place.Right);
+        screens.Whole.Height = std::max(screens.Whole.Height, monitor.Place.Bottom);
+    }
     return screens;
 }
 
-TSize PrimaryScreenSize()
+namespace
 {
+
+// The middle of the picture in the proportions of `size`, then in that size.
+TBitmap Covering(const TBitmap& picture, TSize size)
+{
+    const std::int64_t width = picture.Width();
+    const std::int64_t height = picture.Height();
+    const auto cutWidth = static_cast<int>(std::min(width, height * size.Width / size.Height));
+    const auto cutHeight = static_cast<int>(std::min(height, width * size.Height / size.Width));
+    TBitmap cut(std::max(cutWidth, 1), std::max(cutHeight, 1));
+    const int left = (picture.Width() - cut.Width()) / 2;
+    const int top = (picture.Height() - cut.Height()) / 2;
+    for (int y = 0; y < cut.Height(); y++)
+        std::copy_n(picture.Row(top + y) + left, cut.Width(), cut.Row(y));
+    if (cut.Size() != size)
+        ResizeBitmap(cut, size.Width, size.Height);
+    return cut;
+}
+
+} // namespace
+
+TBitmap PictureOnMonitors(const TBitmap& picture, const TScreens& screens, TColor color)
+{
+    TBitmap all(screens.Whole.Width, screens.Whole.Height);
+    std::fill_n(all.Row(0), static_cast<std::size_t>(all.Width()) * all.Height(),
+                ColorToPixel(color));
+    for (const TMonitor& monitor : screens.Monitors) {
+        const TRect& place = monitor.Place;
+        if (place.Width() <= 0 || place.Height() <= 0 || place.Left < 0 || place.Top < 0)
+            continue;
+        const TBitmap fitted = Covering(picture, {place.Width(), place.Height()});
+        for (int y = 0; y < fitted.Height(); y++)
+            std::copy_n(fitted.Row(y), fitted.Width(), all.Row(place.Top + y) + place.Left);
+    }
+    return all;
+}
+
+// A server below a compositor may come and go; its connection is not kept.
+void TScreenWatch::Connect()
+{
+    if (IsBelowWayland()) {
+        if (!m_wayland)
+            m_wayland = ConnectToWayland();
+    } else if (!m_display) {
+        m_display = SharedDisplay();
+    }
+}
+
+TSize TScreenWatch::PrimarySize()
+{
+    Connect();
+    if (m_wayland)
+        if (const auto size = m_wayland->PrimarySize())
+            return *size;
     const auto monitors = ReadScreens().Monitors;
     if (monitors.empty())
         return FirstConnectedScreen().value_or(UsualSize);
     const auto primary = std::ranges::find_if(monitors, &TMonitor::Primary);
     const TRect& place = primary == monitors.end() ? monitors[0].Place : primary->Place;
     return {place.Width(), place.Height()};
+}
+
+// Compositors draw with all colours.
+int TScreenWatch::BitsPerPixel()
+{
+    Connect();
+    return IsBelowWayland() ? 32 : ReadScreens().BitsPerPixel;
 }
 
 } // namespace murala

@@ -1,10 +1,14 @@
 // The monitors of the user's session.
 #pragma once
 
-#include "uGeometry.h"
+#include "uBitmap.h"
+#include "uWaylandOutputs.h"
 
+#include <memory>
 #include <string>
 #include <vector>
+
+struct _XDisplay; // of Xlib, whose macros are not for everybody
 
 namespace murala
 {
@@ -19,12 +23,29 @@ struct TScreens {
     std::vector<TMonitor> Monitors; // empty without an X server
     int Workspaces = 1;
     int BitsPerPixel = 32;
+    TSize Whole; // what all monitors lie in
 };
 
 TScreens ReadScreens();
 
-// The primary monitor's size; without an X server that of the first connected screen, and where not
-// even that is known a usual one.
-TSize PrimaryScreenSize();
+// The picture on each monitor, scaled so that it covers it, and cropped; `color` between them.
+// Takes the rectangle around all monitors.
+TBitmap PictureOnMonitors(const TBitmap& picture, const TScreens& screens, TColor color);
+
+// What is asked again and again, over connections that stay open.
+class TScreenWatch
+{
+public:
+    // The primary monitor's size in its own pixels; without a display that of the first connected
+    // screen, and where not even that is known a usual one.
+    TSize PrimarySize();
+    int BitsPerPixel();
+
+private:
+    void Connect();
+
+    std::unique_ptr<TWaylandOutputs> m_wayland;
+    std::shared_ptr<_XDisplay> m_display;
+};
 
 } // namespace murala

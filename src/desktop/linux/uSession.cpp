@@ -44,6 +44,12 @@ constexpr TSessionName Names[] = {
     {"LXDE-pi", TSession::Lxde},
     {"LXQt", TSession::Lxqt},
     {"sway", TSession::Sway},
+    {"Hyprland", TSession::Wayland},
+    {"river", TSession::Wayland},
+    {"Wayfire", TSession::Wayland},
+    {"labwc", TSession::Wayland},
+    {"niri", TSession::Wayland},
+    {"wlroots", TSession::Wayland},
 };
 
 // What tells a session that has no name.
@@ -52,6 +58,7 @@ constexpr TSessionName Variables[] = {
     {"KDE_FULL_SESSION", TSession::Plasma},
     {"MATE_DESKTOP_SESSION_ID", TSession::Mate},
     {"GNOME_DESKTOP_SESSION_ID", TSession::Gnome},
+    {"WAYLAND_DISPLAY", TSession::Wayland},
 };
 
 std::string Variable(std::string_view name)

@@ -4,7 +4,18 @@
 namespace murala
 {
 
-enum class TSession { Gnome, Cinnamon, Mate, Plasma, Xfce, Lxde, Lxqt, Sway, Other };
+enum class TSession {
+    Gnome,
+    Cinnamon,
+    Mate,
+    Plasma,
+    Xfce,
+    Lxde,
+    Lxqt,
+    Sway,
+    Wayland, // a compositor that leaves the background to a program
+    Other,
+};
 
 TSession RunningSession();
 

@@ -36,4 +36,49 @@ TVariant CallSessionBus(const TBusObject& object, const char* method, GVariant* 
         TimeLimitMs, nullptr, nullptr));
 }
 
+namespace
+{
+
+struct TCall {
+    TBusObject Object;
+    const char* Method;
+    TVariant Arguments;
+    const char* AnswerType;
+    TOnBusAnswer OnAnswer;
+};
+
+void OnCallDone(GObject* bus, GAsyncResult* result, gpointer data)
+{
+    const std::unique_ptr<TCall> call(static_cast<TCall*>(data));
+    const TVariant answer(g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, nullptr));
+    call->OnAnswer(answer.get());
+}
+
+void OnBus(GObject* /*source*/, GAsyncResult* result, gpointer data)
+{
+    std::unique_ptr<TCall> call(static_cast<TCall*>(data));
+    const TGObject<GDBusConnection> bus(g_bus_get_finish(result, nullptr));
+    if (!bus)
+        return call->OnAnswer(nullptr);
+    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+    const TBusObject& object = call->Object;
+    g_dbus_connection_call(bus.get(), object.Name, object.Path, object.Interface, call->Method,
+                           call->Arguments.get(),
+                           call->AnswerType != nullptr ? G_VARIANT_TYPE(call->AnswerType) : nullptr,
+                           G_DBUS_CALL_FLAGS_NONE, TimeLimitMs, nullptr, OnCallDone, call.get());
+    call.release();
+}
+
+} // namespace
+
+void CallSessionBusLater(const TBusObject& object, const char* method, GVariant* arguments,
+                         const char* answerType, TOnBusAnswer onAnswer)
+{
+    TVariant owned(arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr);
+    if (!HasSessionBus())
+        return onAnswer(nullptr);
+    g_bus_get(G_BUS_TYPE_SESSION, nullptr, OnBus,
+              new TCall{object, method, std::move(owned), answerType, std::move(onAnswer)});
+}
+
 } // namespace murala

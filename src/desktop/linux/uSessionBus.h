@@ -3,6 +3,8 @@
 
 #include "uGLib.h"
 
+#include <functional>
+
 namespace murala
 {
 
@@ -20,5 +22,11 @@ bool HasSessionBus();
 // Takes over a floating `arguments` (a tuple or null). `answerType` is checked when it is given.
 TVariant CallSessionBus(const TBusObject& object, const char* method, GVariant* arguments,
                         const char* answerType = nullptr);
+
+// The same without waiting: `onAnswer` runs out of the main loop, null where CallSessionBus gives
+// null.
+using TOnBusAnswer = std::function<void(GVariant* answer)>;
+void CallSessionBusLater(const TBusObject& object, const char* method, GVariant* arguments,
+                         const char* answerType, TOnBusAnswer onAnswer);
 
 } // namespace murala

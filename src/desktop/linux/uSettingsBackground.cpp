@@ -62,23 +62,28 @@ public:
         if (m_schema)
             m_settings.reset(g_settings_new_full(m_schema.get(), nullptr, nullptr));
     }
+    TSettingsBackground(const TSettingsBackground&) = delete;
+    TSettingsBackground& operator=(const TSettingsBackground&) = delete;
 
-    std::optional<bool> IsStuckTo(const std::string& path) override
+    ~TSettingsBackground() override
     {
-        return UriFile(Read(m_keys.Picture)) == path;
+        if (m_isWritten) // what is on its way would be lost with the process
+            g_settings_sync();
     }
 
-    bool SetPicture(const std::string& path, TColor color) override
+    void SetPicture(const std::string& path, TColor color, TOnTook onTook) override
     {
         const std::string stored = m_keys.PictureIsUri ? FileUri(path) : path;
         if (!MaySetPicture() || !IsText(stored))
-            return false;
+            return onTook(TTook::No, "");
+        m_isWritten = true;
         Write("picture-options", "zoom");
+        if (Has("draw-background")) // MATE's; off, the picture is not shown
+            g_settings_set_boolean(m_settings.get(), "draw-background", TRUE);
+        SetColor(color);
         Write(m_keys.DarkPicture, stored);
         Write(m_keys.Picture, stored);
-        SetColor(color);
-        g_settings_sync();
-        return Read(m_keys.Picture) == stored;
+        onTook(Read(m_keys.Picture) == stored ? TTook::Yes : TTook::No, "");
     }
 
     std::optional<TColor> Color() override { return HexTextToColor(Read("primary-color")); }
@@ -118,6 +123,7 @@ private:
     const TKeys& m_keys;
     TSchema m_schema;
     TGObject<GSettings> m_settings;
+    bool m_isWritten = false;
 };
 
 } // namespace

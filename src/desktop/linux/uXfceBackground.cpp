@@ -4,8 +4,8 @@
 #include "uScreens.h"
 #include "uSessionBus.h"
 
-#include <algorithm>
-#include <map>
+#include <memory>
+#include <set>
 
 namespace murala
 {
@@ -19,49 +19,55 @@ constexpr std::string_view PictureProperty = "/last-image";
 constexpr int StyleZoomed = 5;
 constexpr int ColorSolid = 0;
 
-bool WriteProperty(const std::string& property, GVariant* value)
+void WriteProperty(const std::string& property, GVariant* value, TOnBusAnswer onAnswer)
 {
-    return CallSessionBus(Xfconf, "SetProperty",
-                          g_variant_new("(ssv)", Channel, property.c_str(), value)) != nullptr;
+    CallSessionBusLater(Xfconf, "SetProperty",
+                        g_variant_new("(ssv)", Channel, property.c_str(), value), nullptr,
+                        std::move(onAnswer));
 }
 
-// "/backdrop/screen0/monitorX/workspace0" and the like, and the picture that is set there.
-using TBackdrops = std::map<std::string, std::string>;
+void WriteProperty(const std::string& property, GVariant* value)
+{
+    WriteProperty(property, value, [](GVariant*) {});
+}
 
-TBackdrops KnownBackdrops()
+// "/backdrop/screen0/monitorX/workspace0" and the like.
+using TBackdrops = std::set<std::string>;
+
+TBackdrops KnownBackdrops(GVariant* answer)
 {
     TBackdrops backdrops;
-    const TVariant answer = CallSessionBus(Xfconf, "GetAllProperties",
-                                           g_variant_new("(ss)", Channel, "/backdrop"), "(a{sv})");
-    if (!answer)
-        return backdrops;
-    const TVariant properties(g_variant_get_child_value(answer.get(), 0));
+    const TVariant properties(g_variant_get_child_value(answer, 0));
     for (gsize i = 0; i < g_variant_n_children(properties.get()); i++) {
         const TVariant entry(g_variant_get_child_value(properties.get(), i));
         const char* name = nullptr;
-        GVariant* value = nullptr;
-        g_variant_get(entry.get(), "{&sv}", &name, &value);
-        const TVariant owner(value);
+        g_variant_get(entry.get(), "{&sv}", &name, nullptr);
         const std::string_view property = name;
-        if (property.ends_with(PictureProperty) &&
-            g_variant_is_of_type(value, G_VARIANT_TYPE_STRING) != FALSE)
-            backdrops.emplace(property.substr(0, property.size() - PictureProperty.size()),
-                              g_variant_get_string(value, nullptr));
+        if (property.ends_with(PictureProperty))
+            backdrops.emplace(property.substr(0, property.size() - PictureProperty.size()));
     }
     return backdrops;
 }
 
 // A desktop whose background nobody has changed yet has no settings: they are made.
-TBackdrops AllBackdrops()
+TBackdrops AllBackdrops(GVariant* answer)
 {
-    TBackdrops backdrops = KnownBackdrops();
+    TBackdrops backdrops = KnownBackdrops(answer);
     const TScreens screens = ReadScreens();
     for (const TMonitor& monitor : screens.Monitors)
         for (int workspace = 0; workspace < screens.Workspaces; workspace++)
-            backdrops.emplace("/backdrop/screen0/monitor" + monitor.Name + "/workspace" +
-                                  std::to_string(workspace),
-                              "");
+            backdrops.insert("/backdrop/screen0/monitor" + monitor.Name + "/workspace" +
+                             std::to_string(workspace));
     return backdrops;
+}
+
+// `onFound` is given none when the settings cannot be read.
+void FindBackdrops(std::function<void(const TBackdrops&)> onFound)
+{
+    CallSessionBusLater(Xfconf, "GetAllProperties", g_variant_new("(ss)", Channel, "/backdrop"),
+                        "(a{sv})", [onFound = std::move(onFound)](GVariant* answer) {
+                            onFound(answer != nullptr ? AllBackdrops(answer) : TBackdrops());
+                        });
 }
 
 GVariant* RgbaValue(TColor color)
@@ -75,43 +81,62 @@ GVariant* RgbaValue(TColor color)
     return g_variant_builder_end(&channels);
 }
 
+void WriteColor(const std::string& backdrop, TColor color)
+{
+    WriteProperty(backdrop + "/color-style", g_variant_new_int32(ColorSolid));
+    WriteProperty(backdrop + "/rgba1", RgbaValue(color));
+}
+
+// What the answers to several calls come to.
+struct TAnswers {
+    std::size_t Missing;
+    bool Worked = true;
+    TOnTook OnTook;
+
+    void Add(bool worked)
+    {
+        Worked &= worked;
+        if (--Missing == 0)
+            OnTook(Worked ? TTook::Yes : TTook::No, "");
+    }
+};
+
+void WritePicture(const TBackdrops& backdrops, const std::string& path, TColor color,
+                  TOnTook onTook)
+{
+    const auto answers =
+        std::make_shared<TAnswers>(TAnswers{backdrops.size(), true, std::move(onTook)});
+    for (const std::string& backdrop : backdrops) {
+        WriteColor(backdrop, color);
+        // A slideshow of the folder would replace the picture.
+        WriteProperty(backdrop + "/backdrop-cycle-enable", g_variant_new_boolean(FALSE));
+        WriteProperty(backdrop + "/image-style", g_variant_new_int32(StyleZoomed));
+        WriteProperty(backdrop + std::string(PictureProperty), g_variant_new_string(path.c_str()),
+                      [answers](GVariant* answer) { answers->Add(answer != nullptr); });
+    }
+}
+
 class TXfceBackground : public TBackground
 {
 public:
-    std::optional<bool> IsStuckTo(const std::string& path) override
-    {
-        return std::ranges::any_of(KnownBackdrops(),
-                                   [&](const auto& backdrop) { return backdrop.second == path; });
-    }
-
-    bool SetPicture(const std::string& path, TColor color) override
+    void SetPicture(const std::string& path, TColor color, TOnTook onTook) override
     {
         if (!IsText(path))
-            return false;
-        const auto backdrops = AllBackdrops();
-        bool worked = !backdrops.empty();
-        for (const auto& [backdrop, picture] : backdrops) {
-            WriteColor(backdrop, color);
-            WriteProperty(backdrop + "/image-style", g_variant_new_int32(StyleZoomed));
-            worked &= WriteProperty(backdrop + std::string(PictureProperty),
-                                    g_variant_new_string(path.c_str()));
-        }
-        return worked;
+            return onTook(TTook::No, "");
+        FindBackdrops([path, color, onTook = std::move(onTook)](const TBackdrops& backdrops) {
+            if (backdrops.empty())
+                onTook(TTook::NotYet, "");
+            else
+                WritePicture(backdrops, path, color, onTook);
+        });
     }
-
-    std::optional<TColor> Color() override { return std::nullopt; }
 
     void SetColor(TColor color) override
     {
-        for (const auto& [backdrop, picture] : AllBackdrops())
-            WriteColor(backdrop, color);
-    }
-
-private:
-    static void WriteColor(const std::string& backdrop, TColor color)
-    {
-        WriteProperty(backdrop + "/color-style", g_variant_new_int32(ColorSolid));
-        WriteProperty(backdrop + "/rgba1", RgbaValue(color));
+        FindBackdrops([color](const TBackdrops& backdrops) {
+            for (const std::string& backdrop : backdrops)
+                WriteColor(backdrop, color);
+        });
     }
 };
 

@@ -67,7 +67,7 @@ public:
     {
         const bool took = SetWallpaperFile(path);
         ApplyDesktopColor(color);
-        onInstalled(took);
+        onInstalled({took, ""});
     }
 
     void ApplyDesktopColor(TColor color) override

@@ -1,10 +1,16 @@
 #include "uBackground.h"
+#include "uDescriptor.h"
 #include "uDesktop.h"
-#include "uProcess.h"
 #include "uTestSession.h"
 #include "uText.h"
 
+#include <X11/Xatom.h>
+
 #include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/socket.h>
+#include <sys/un.h>
 
 using namespace murala;
 
@@ -104,60 +110,197 @@ TEST(SettingsBackground, EachDesktopHasThePictureUnderItsOwnKeysAndTheNextUnderA
     }
 }
 
-TEST(PlasmaBackground, ScriptNamesThePictureWithoutWaysOut)
+TEST(PlasmaBackground, ShellThatStartsLateIsGivenTheScriptWithoutWaysOut)
 {
     TTestSession session("KDE");
     const TTestBus bus(session);
     const std::string picture = session.SavePicture();
     const auto desktop = NewDesktop(session.Path());
-    EXPECT_FALSE(Installs(*desktop, picture)) << "no shell runs";
+    std::optional<bool> took;
+    desktop->Install(picture, 0x0A0B0C,
+                     [&](const TInstalled& installed) { took = installed.Took; });
+    EXPECT_FALSE(took.has_value()) << "nothing is waited for";
 
-    std::string script, printed;
+    std::string script;
+    int desktops = 0; // as long as the shell starts
     const auto plasma =
         NewService("org.kde.plasmashell", "/PlasmaShell org.kde.PlasmaShell.evaluateScript",
                    [&](GVariant* arguments) {
                        const char* text = nullptr;
                        g_variant_get(arguments, "(&s)", &text);
                        script = text;
-                       return g_variant_new("(s)", printed.c_str());
+                       return g_variant_new("(s)", std::to_string(desktops++).c_str());
                    });
-    ASSERT_TRUE(Installs(*desktop, picture, 0x0A0B0C));
-    for (const char* part :
-         {"d.wallpaperPlugin = 'org.kde.image'", "/a%20b%27%C3%BC%2520%22$(x).bmp')",
-          "d.writeConfig('Color', '12,11,10')"})
+    EXPECT_TRUE(Eventually([&] { return took.has_value(); }));
+    EXPECT_TRUE(took.value_or(false));
+    EXPECT_EQ(desktops, 2);
+    for (const char* part : {"d.wallpaperPlugin = 'org.kde.image'", "/a%20b%27%C3%BC%2520%22$(x)~",
+                             "d.writeConfig('Color', '12,11,10')"})
         EXPECT_NE(script.find(part), std::string::npos) << part << " in " << script;
-    printed = FileUri(picture) + "\n";
-    ASSERT_TRUE(Installs(*desktop, picture));
-    EXPECT_NE(script.find("(x)~.bmp')"), std::string::npos) << "its twin";
 }
 
-TEST(CommandBackground, ProgramsAreGivenThePicture)
+TEST(Installing, NextPictureTakesThePlaceOfOneThatWaits)
 {
-    struct TCase {
-        const char* Desktop;
-        TWords Command;
+    TTestSession session("KDE");
+    const TTestBus bus(session);
+    const auto desktop = NewDesktop(session.Path());
+    bool isToldOfTheFirst = false;
+    desktop->Install(session.SavePicture(), 0, [&](const TInstalled&) { isToldOfTheFirst = true; });
+    desktop->Install(session.SavePicture(), 0, [](const TInstalled&) {});
+    desktop->Install(session.File("missing.bmp"), 0,
+                     [](const TInstalled& installed) { EXPECT_FALSE(installed.Took); });
+    const auto plasma =
+        NewService("org.kde.plasmashell", "/PlasmaShell org.kde.PlasmaShell.evaluateScript",
+                   [](GVariant*) { return g_variant_new("(s)", "1"); });
+    EXPECT_TRUE(Installs(*desktop, session.SavePicture()));
+    EXPECT_FALSE(isToldOfTheFirst);
+    session.SavePicture(TestPicture(8, 8), "MuralaWallpaper.bmp");
+    session.Write("MuralaWallpaper~mine.bmp", "x");
+    const auto count = session.Count();
+    for (int i = 0; i < 3; i++)
+        EXPECT_TRUE(Installs(*desktop, session.File("MuralaWallpaper.bmp")));
+    EXPECT_EQ(session.Count(), count + 1) << "older names go, files of the user's stay";
+}
+
+// The window that a file manager draws the desktop in.
+void MakeDesktopWindow(Display* display, const char* program)
+{
+    const Window window =
+        XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 10, 10, 0, 0, 0);
+    XClassHint hint{const_cast<char*>(program), const_cast<char*>(program)};
+    XSetClassHint(display, window, &hint);
+    const Atom type = XInternAtom(display, "_NET_WM_WINDOW_TYPE_DESKTOP", False);
+    XChangeProperty(display, window, XInternAtom(display, "_NET_WM_WINDOW_TYPE", False), XA_ATOM,
+                    32, PropModeReplace, reinterpret_cast<const unsigned char*>(&type), 1);
+    XSync(display, False);
+}
+
+TEST(FileManagerBackground, CommandWaitsForTheDesktop)
+{
+    const std::pair<const char*, TWords> cases[] = {
+        {"LXDE", {"pcmanfm", "--wallpaper-mode=crop"}},
+        {"LXQt", {"pcmanfm-qt", "--wallpaper-mode=stretch"}},
     };
-    const TCase cases[] = {
-        {"LXDE", {"pcmanfm", "--set-wallpaper=%s", "--wallpaper-mode=crop"}},
-        {"LXQt", {"pcmanfm-qt", "--set-wallpaper=%s", "--wallpaper-mode=zoom"}},
-        // It would expand a name with special characters.
-        {"sway", {"swaymsg", "output", "*", "bg", "%l", "fill", "#0c0b0a"}},
-    };
-    for (TCase each : cases) {
-        TTestSession session(each.Desktop);
-        const std::string picture = session.SavePicture();
-        const std::string link = session.File("murala-wallpaper.bmp");
+    for (const auto& [name, words] : cases) {
+        TTestSession session(name);
+        const TTestScreen screen(session, "64x48x24");
+        session.AddRecorder(words[0]);
         const auto desktop = NewDesktop(session.Path());
-        EXPECT_FALSE(Installs(*desktop, picture)) << "no such program";
-        session.AddRecorder(each.Command[0], 1);
-        EXPECT_FALSE(Installs(*desktop, picture)) << each.Desktop << ": it failed";
-        session.AddRecorder(each.Command[0]);
-        EXPECT_TRUE(Installs(*desktop, picture, 0x0A0B0C)) << each.Desktop;
-        for (std::string& word : each.Command)
-            word = ReplaceAll(ReplaceAll(word, "%s", picture), "%l", link);
-        EXPECT_EQ(session.Recorded(), each.Command);
-        EXPECT_TRUE(!FileExists(link) || ReadWholeFile(link) == ReadWholeFile(picture));
+        std::optional<bool> took;
+        desktop->Install(session.SavePicture(), 0,
+                         [&](const TInstalled& installed) { took = installed.Took; });
+        g_usleep(300000);
+        EXPECT_FALSE(FileExists(session.File("recorded"))) << name << " has no desktop yet";
+        MakeDesktopWindow(screen.Get(), words[0].c_str());
+        EXPECT_TRUE(Eventually([&] { return took.has_value(); }));
+        EXPECT_TRUE(took.value_or(false));
+        const TWords told = session.Recorded();
+        ASSERT_EQ(told.size(), 3U);
+        EXPECT_EQ((TWords{told[0], told[2]}), words);
+        EXPECT_EQ(ReadWholeFile(told[1].substr(told[1].find('/'))),
+                  ReadWholeFile(session.File(AwkwardName)));
     }
+}
+
+// Answers as sway does: one connection, every message with success.
+class TTestSway
+{
+public:
+    explicit TTestSway(TTestSession& session)
+    {
+        const std::string path = session.File("sway");
+        session.SetVariable("SWAYSOCK", path);
+        sockaddr_un address{AF_UNIX, {}};
+        path.copy(address.sun_path, sizeof address.sun_path - 1);
+        bind(m_listener.Get(), reinterpret_cast<sockaddr*>(&address), sizeof address);
+        listen(m_listener.Get(), 1);
+    }
+
+    // Without a connection yet it waits for one.
+    std::string Receive()
+    {
+        if (!m_connection)
+            m_connection = TDescriptor(accept(m_listener.Get(), nullptr, nullptr));
+        std::uint32_t header[2];
+        char magic[6];
+        recv(m_connection.Get(), magic, sizeof magic, MSG_WAITALL);
+        recv(m_connection.Get(), header, sizeof header, MSG_WAITALL);
+        std::string payload(header[0], '\0');
+        recv(m_connection.Get(), payload.data(), payload.size(), MSG_WAITALL);
+        return std::to_string(header[1]) + ' ' + payload;
+    }
+
+    void Send(std::uint32_t type, const std::string& payload)
+    {
+        const std::uint32_t header[] = {static_cast<std::uint32_t>(payload.size()), type};
+        std::string message = "i3-ipc";
+        message.append(reinterpret_cast<const char*>(header), sizeof header);
+        message += payload;
+        for (const char byte : message) // in pieces, as a stream may come
+            send(m_connection.Get(), &byte, 1, 0);
+    }
+
+private:
+    TDescriptor m_listener{socket(AF_UNIX, SOCK_STREAM, 0)};
+    TDescriptor m_connection;
+};
+
+TEST(SwayBackground, PictureIsSetAgainWhenTheConfigurationIsReloaded)
+{
+    TTestSession session("sway");
+    TTestSway sway(session);
+    const auto desktop = NewDesktop(session.Path());
+    std::optional<bool> took;
+    const std::string picture = session.SavePicture();
+    desktop->Install(picture, 0x0A0B0C,
+                     [&](const TInstalled& installed) { took = installed.Took; });
+    EXPECT_EQ(sway.Receive(), "2 [\"workspace\"]");
+    const std::string link = session.File("murala-wallpaper.bmp");
+    const std::string command = "0 output * bg " + link + " fill #0c0b0a";
+    EXPECT_EQ(sway.Receive(), command) << "it would expand the name itself";
+    EXPECT_EQ(ReadWholeFile(link), ReadWholeFile(picture));
+    EXPECT_FALSE(took.has_value());
+    sway.Send(2, R"({"success": true})");
+    sway.Send(0, R"([{"success": true}])");
+    EXPECT_TRUE(Eventually([&] { return took.has_value(); }));
+    EXPECT_TRUE(took.value_or(false));
+    sway.Send(0x80000000U, R"({"change": "focus"})");
+    sway.Send(0x80000000U, R"({"change": "reload"})");
+    Eventually([] { return g_main_context_pending(nullptr) == FALSE; });
+    EXPECT_EQ(sway.Receive(), command);
+}
+
+TEST(SwaybgBackground, OneOfOursShowsThePicture)
+{
+    TTestSession session("Hyprland");
+    session.SetVariable("PATH", session.File("bin"));
+    const auto desktop = NewDesktop(session.Path());
+    std::string advice;
+    const std::string picture = session.SavePicture();
+    desktop->Install(picture, 0, [&](const TInstalled& installed) { advice = installed.Advice; });
+    EXPECT_NE(advice.find("swaybg"), std::string::npos);
+
+    session.SetVariable("PATH", session.File("bin") + ":/usr/bin:/bin");
+    std::filesystem::permissions(session.Write("bin/swaybg", "#!/bin/sh\necho $$ \"$@\" >>~/shown\n"
+                                                             "while :; do sleep 0.1; done\n"),
+                                 std::filesystem::perms::owner_all);
+    std::vector<pid_t> processes;
+    for (std::size_t i = 1; i <= 2; i++) {
+        EXPECT_TRUE(Installs(*desktop, picture, 0x0A0B0C));
+        TWords shown;
+        EXPECT_TRUE(Eventually([&] {
+            const std::string text =
+                FileExists(session.File("shown")) ? ReadWholeFile(session.File("shown")) : "";
+            const auto lines = SplitLines(text);
+            shown.assign(lines.begin(), lines.end());
+            return shown.size() == i;
+        }));
+        processes.push_back(std::stoi(shown.back()));
+        EXPECT_NE(shown.back().find(" -i " + picture + " -m fill -c #0c0b0a"), std::string::npos);
+    }
+    EXPECT_TRUE(Eventually([&] { return kill(processes[0], 0) != 0; }));
+    EXPECT_EQ(kill(processes[1], 0), 0);
+    kill(processes[1], SIGKILL);
 }
 
 TEST(XfceBackground, DesktopShowsThePictureAndTheNextOneOfTheSameName)

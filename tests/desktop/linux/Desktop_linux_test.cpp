@@ -117,8 +117,49 @@ TEST(RootWindow, EveryMonitorHasThePicture)
     const TBitmap picture = TestPicture(120, 100);
     ASSERT_TRUE(Installs(*desktop, session.SavePicture(picture)));
     const TBitmap shown = screen.Picture();
-    EXPECT_EQ(shown.Row(0)[0], picture.Row(0)[0]) << "the left one, with the picture made narrower";
+    EXPECT_TRUE(std::equal(picture.Row(50) + 20, picture.Row(50) + 100, shown.Row(50)))
+        << "the left one has its middle, undistorted";
     EXPECT_TRUE(std::equal(picture.Row(50), picture.Row(50) + 120, shown.Row(50) + 80));
+}
+
+TEST(Screens, PictureCoversEachMonitorAndTheColourTheRest)
+{
+    TBitmap picture(40, 20);
+    for (int y = 0; y < 20; y++)
+        for (int x = 0; x < 40; x++)
+            picture.Row(y)[x] =
+                static_cast<TPixel>(x < 20 ? 0xFF0000 : 0x0000FF) + (y < 10 ? 0 : 0x100U);
+    TScreens screens;
+    screens.Monitors = {{"tall", {0, 0, 10, 20}, false}, {"wide", {10, 10, 90, 20}, true}};
+    screens.Whole = {90, 20};
+    const TBitmap all = PictureOnMonitors(picture, screens, 0x030201);
+    const auto at = [&](int x, int y) { return all.Row(y)[x]; };
+    EXPECT_EQ(all.Size(), screens.Whole);
+    EXPECT_EQ(at(50, 5), 0x010203U) << "above the wide one";
+    for (const auto& [x, left] :
+         {std::pair(4, true), std::pair(5, false), std::pair(49, true), std::pair(50, false)}) {
+        EXPECT_EQ(at(x, 12) & 0xFF00FFU, left ? 0xFF0000U : 0x0000FFU) << x;
+        EXPECT_EQ(at(x, 19) & 0x100U, 0x100U) << x;
+    }
+}
+
+TEST(RootWindow, FollowsAChangedMonitor)
+{
+    TTestSession session;
+    const TTestScreen screen(session, "200x100x24");
+    Display* display = screen.Get();
+    const Window root = DefaultRootWindow(display);
+    const auto shown = [&] { return ReadProperty32(display, root, "_XROOTPMAP_ID", XA_PIXMAP); };
+    const auto desktop = NewDesktop(session.Path());
+    ASSERT_TRUE(Installs(*desktop, session.SavePicture(TestPicture(200, 100))));
+    const auto before = shown();
+    XRRScreenResources* resources = XRRGetScreenResources(display, root);
+    ASSERT_GT(resources->ncrtc, 0);
+    EXPECT_EQ(XRRSetCrtcConfig(display, resources, resources->crtcs[0], CurrentTime, 0, 0, None,
+                               RR_Rotate_0, nullptr, 0),
+              RRSetConfigSuccess);
+    XRRFreeScreenResources(resources);
+    EXPECT_TRUE(Eventually([&] { return shown() != before; })) << "it is painted again";
 }
 
 TEST(RootWindow, ShowsColourWithoutAPictureInOtherPixelFormatsToo)

@@ -3,7 +3,6 @@
 #include "uDesktopEntry.h"
 #include "uFileMenu.h"
 #include "uFileQueue.h"
-#include "uProcess.h"
 #include "uTestSession.h"
 
 #include <gio/gdesktopappinfo.h>

@@ -1,6 +1,7 @@
 #include "uTestSession.h"
 
 #include "uImageFile.h"
+#include "uProcess.h"
 #include "uText.h"
 
 #include <signal.h>
@@ -20,10 +21,21 @@ bool Eventually(const std::function<bool()>& condition)
     return condition();
 }
 
+bool RunProgram(const TWords& command)
+{
+    bool worked = false;
+    bool ended = false;
+    RunProgramLater(command, [&](bool answer) {
+        worked = answer;
+        ended = true;
+    });
+    return Eventually([&] { return ended; }) && worked;
+}
+
 bool Installs(TDesktop& desktop, const std::string& picture, TColor color)
 {
     std::optional<bool> took;
-    desktop.Install(picture, color, [&](bool answer) { took = answer; });
+    desktop.Install(picture, color, [&](const TInstalled& answer) { took = answer.Took; });
     EXPECT_TRUE(Eventually([&] { return took.has_value(); })) << "no answer";
     return took.value_or(false);
 }

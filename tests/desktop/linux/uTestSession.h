@@ -71,6 +71,9 @@ struct TTestBus {
     TTestProgram m_daemon{{"dbus-daemon", "--session", "--nofork", "--print-address"}};
 };
 
+// Whether the program, looked up in PATH, ends with 0.
+bool RunProgram(const TWords& command);
+
 // Whether the desktop takes the picture; its answer is waited for.
 bool Installs(TDesktop& desktop, const std::string& picture, TColor color = 0);
 

@@ -102,7 +102,9 @@ void SetWallpapers(int count, char** pictures)
 {
     const auto desktop = murala::NewDesktop("");
     for (int i = 0; i < count; i++) {
-        desktop->Install(pictures[i], 0, [](bool took) { Log(took ? "set" : "failed"); });
+        desktop->Install(pictures[i], 0, [](const murala::TInstalled& installed) {
+            Log(installed.Took ? "set" : "failed");
+        });
         while (GetFileAttributesA(logFile.c_str()) != INVALID_FILE_ATTRIBUTES)
             Sleep(50);
     }

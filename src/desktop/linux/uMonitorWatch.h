@@ -1,0 +1,30 @@
+// Tells when the X server's monitors change.
+#pragma once
+
+#include "uX11.h"
+
+#include <functional>
+
+namespace murala
+{
+
+class TMonitorWatch
+{
+public:
+    // `onChange` runs out of the main loop, once the monitors have settled.
+    explicit TMonitorWatch(std::function<void()> onChange);
+    TMonitorWatch(const TMonitorWatch&) = delete;
+    TMonitorWatch& operator=(const TMonitorWatch&) = delete;
+    ~TMonitorWatch();
+
+private:
+    static int OnData(int descriptor, int condition, void* self);
+    static int OnSettled(void* self);
+
+    TDisplay m_display; // its own, whose events nobody else reads
+    std::function<void()> m_onChange;
+    unsigned m_source = 0;
+    unsigned m_settling = 0;
+};
+
+} // namespace murala

@@ -1,0 +1,180 @@
+// sway, over its own socket: a message is "i3-ipc", the payload's length, the message's type, and
+// the payload; numbers are 32 bits in the machine's order. Reloading its configuration loses what
+// was set, so that it is set again.
+#include "uBackground.h"
+#include "uDescriptor.h"
+#include "uGLib.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <glib-unix.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+namespace murala
+{
+
+namespace
+{
+
+constexpr std::string_view Magic = "i3-ipc";
+constexpr std::size_t HeaderSize = 6 + 2 * sizeof(std::uint32_t);
+constexpr std::uint32_t RunCommandType = 0;
+constexpr std::uint32_t SubscribeType = 2;
+constexpr std::uint32_t WorkspaceEvent = 0x80000000U;
+constexpr std::size_t LongestMessage = 1U << 20U;
+
+// A connection that is written to and read from without waiting.
+class TSwaySocket
+{
+public:
+    using TOnMessage = std::function<void(std::uint32_t type, std::string_view payload)>;
+
+    explicit TSwaySocket(TOnMessage onMessage) : m_onMessage(std::move(onMessage))
+    {
+        const char* path = std::getenv("SWAYSOCK");
+        sockaddr_un address{AF_UNIX, {}};
+        if (path == nullptr || std::strlen(path) >= sizeof address.sun_path)
+            return;
+        std::strcpy(address.sun_path, path);
+        m_socket = TDescriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+        if (!m_socket || connect(m_socket.Get(), reinterpret_cast<const sockaddr*>(&address),
+                                 sizeof address) != 0) {
+            m_socket = TDescriptor();
+            return;
+        }
+        m_source = g_unix_fd_add(m_socket.Get(), static_cast<GIOCondition>(G_IO_IN | G_IO_HUP),
+                                 OnData, this);
+    }
+    TSwaySocket(const TSwaySocket&) = delete;
+    TSwaySocket& operator=(const TSwaySocket&) = delete;
+    ~TSwaySocket()
+    {
+        if (m_source != 0)
+            g_source_remove(m_source);
+    }
+
+    bool Send(std::uint32_t type, const std::string& payload)
+    {
+        std::string message(Magic);
+        for (const std::uint32_t number : {static_cast<std::uint32_t>(payload.size()), type})
+            message.append(reinterpret_cast<const char*>(&number), sizeof number);
+        message += payload;
+        return m_socket && send(m_socket.Get(), message.data(), message.size(), MSG_NOSIGNAL) ==
+                               static_cast<ssize_t>(message.size());
+    }
+
+private:
+    static gboolean OnData(gint descriptor, GIOCondition, gpointer data)
+    {
+        auto* self = static_cast<TSwaySocket*>(data);
+        char bytes[4096];
+        const ssize_t count = recv(descriptor, bytes, sizeof bytes, 0);
+        if (count <= 0 && errno != EAGAIN) {
+            self->m_source = 0;
+            self->m_socket = TDescriptor();
+            return G_SOURCE_REMOVE;
+        }
+        self->m_received.append(bytes, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        self->TakeMessages();
+        return G_SOURCE_CONTINUE;
+    }
+
+    void TakeMessages()
+    {
+        while (m_received.size() >= HeaderSize) {
+            std::uint32_t size = 0;
+            std::uint32_t type = 0;
+            std::memcpy(&size, m_received.data() + Magic.size(), sizeof size);
+            std::memcpy(&type, m_received.data() + Magic.size() + sizeof size, sizeof type);
+            if (size > LongestMessage)
+                return m_received.clear();
+            if (m_received.size() < HeaderSize + size)
+                return;
+            const std::string payload = m_received.substr(HeaderSize, size);
+            m_received.erase(0, HeaderSize + size);
+            m_onMessage(type, payload);
+        }
+    }
+
+    TOnMessage m_onMessage;
+    TDescriptor m_socket;
+    guint m_source = 0;
+    std::string m_received;
+};
+
+// sway expands a file name as a shell would. A name with anything but plain characters is therefore
+// given as a link with a plain one. The link need not outlive the session.
+std::string PlainName(const std::string& path)
+{
+    constexpr const char* plain =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789/._-~";
+    const char* folder = std::getenv("XDG_RUNTIME_DIR");
+    if (path.find_first_not_of(plain) == std::string::npos || folder == nullptr)
+        return path;
+    const std::filesystem::path link = std::filesystem::path(folder) / "murala-wallpaper.bmp";
+    std::error_code error;
+    std::filesystem::remove(link, error);
+    std::filesystem::create_symlink(path, link, error);
+    return error ? path : link.string();
+}
+
+class TSwayBackground : public TBackground
+{
+public:
+    bool GoesByNames() const override { return false; }
+
+    // The colour is part of the command that sets the picture, and hidden by the picture.
+    void SetPicture(const std::string& path, TColor color, TOnTook onTook) override
+    {
+        m_command = "output * bg " + PlainName(path) + " fill " + ColorToHexText(color);
+        m_onTook = std::move(onTook);
+        Connect();
+        if (!m_socket->Send(RunCommandType, m_command)) {
+            m_socket.reset();
+            Answer(TTook::NotYet);
+        }
+    }
+
+private:
+    void Connect()
+    {
+        if (m_socket)
+            return;
+        m_socket = std::make_unique<TSwaySocket>(
+            [this](std::uint32_t type, std::string_view payload) { OnMessage(type, payload); });
+        m_socket->Send(SubscribeType, R"(["workspace"])");
+    }
+
+    void OnMessage(std::uint32_t type, std::string_view payload)
+    {
+        const auto says = [&](std::string_view text) {
+            return payload.find(text) != std::string_view::npos;
+        };
+        if (type == RunCommandType)
+            Answer(says("\"success\": true") || says("\"success\":true") ? TTook::Yes : TTook::No);
+        else if (type == WorkspaceEvent &&
+                 (says("\"change\": \"reload\"") || says("\"change\":\"reload\"")))
+            m_socket->Send(RunCommandType, m_command);
+    }
+
+    void Answer(TTook took)
+    {
+        if (const auto onTook = std::exchange(m_onTook, nullptr))
+            onTook(took, "");
+    }
+
+    std::string m_command;
+    TOnTook m_onTook;
+    std::unique_ptr<TSwaySocket> m_socket;
+};
+
+} // namespace
+
+std::unique_ptr<TBackground> NewSwayBackground()
+{
+    return std::make_unique<TSwayBackground>();
+}
+
+} // namespace murala

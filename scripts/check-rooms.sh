@@ -23,8 +23,10 @@ outside '#\s*include\s*<wx/' 'src/shell/(forms|controls|program)/|src/addons/edi
     complain 'wxWidgets is for forms, controls and the calendar editor'
 outside '#\s*include\s*<(windows|shlobj|commctrl|shellapi|winreg|winuser|objbase)\.h>' \
     'src/desktop/windows/' | complain 'Win32 headers are for desktop/windows'
-outside '#\s*include\s*<(X11|gio|glib|gdk|gtk|pango|cairo)/' 'src/desktop/linux/' |
+outside '#\s*include\s*<(X11|gio|glib|pango|cairo)/' 'src/desktop/linux/' |
     complain 'X11, GIO and Pango are for desktop/linux'
+outside '#\s*include\s*<(gdk|gtk)/' 'src/shell/controls/linux/' |
+    complain 'GTK is for controls/linux'
 outside '#\s*include\s*<(jpeglib|jerror)\.h>' 'src/compose/uJpegFile\.cpp' |
     complain 'libjpeg is for one file'
 outside '#\s*(if|ifdef|ifndef|elif)\b.*(WIN32|_WIN64|__WX|__linux__|__unix__|__MINGW)' \

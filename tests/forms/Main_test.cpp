@@ -1,6 +1,8 @@
 #include "uMain.h"
 
 #include "FakeServices.h"
+#include "uCallLater.h"
+#include "uMuralaApp.h"
 #include "uPath.h"
 #include "uTempFolder.h"
 #include "uWallpaperSchedule.h"
@@ -13,6 +15,8 @@
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 #include <wx/spinctrl.h>
+#include <wx/uiaction.h>
+#include <wx/weakref.h>
 
 using namespace murala;
 
@@ -24,12 +28,15 @@ class TMessages : public wxModalDialogHook
 {
 public:
     std::vector<std::string> Texts;
+    bool AreShown = false; // dialogs come up for real
     TMessages() { Register(); }
     ~TMessages() override { Unregister(); }
 
 private:
     int Enter(wxDialog* dialog) override
     {
+        if (AreShown)
+            return wxID_NONE;
         const auto* box = dynamic_cast<wxMessageDialogBase*>(dialog);
         Texts.push_back(box != nullptr ? box->GetMessage().utf8_string() : "another dialog");
         return wxID_OK;
@@ -110,7 +117,7 @@ protected:
     void AddTwo()
     {
         m_main->Murala().Desk.AddFiles({Picture("Rot.bmp", 40, 30, 0x0000FF),
-                                   Picture("Gr\xC3\xBCn, 'quoted'.bmp", 40, 30, 0x00FF00)});
+                                        Picture("Gr\xC3\xBCn, 'quoted'.bmp", 40, 30, 0x00FF00)});
     }
 
     void Select(int row)
@@ -161,7 +168,8 @@ TEST_F(MainWindow, AppliesTheSelectedRowByItsAction)
 TEST_F(MainWindow, SettingsPagesFollowTheSelectionAndChangeTheItem)
 {
     Start();
-    m_main->Murala().Desk.AddFiles({Picture("A.bmp", 40, 30, 0), Picture("B.bmp", 40, 30, 0xFFFFFF)});
+    m_main->Murala().Desk.AddFiles(
+        {Picture("A.bmp", 40, 30, 0), Picture("B.bmp", 40, 30, 0xFFFFFF)});
     Select(0);
     auto& style = Control<wxChoice>("cbGammaStyle");
     style.SetSelection(gsVertical);
@@ -262,6 +270,105 @@ TEST_F(MainWindow, AStartWithApplyAppliesAndAnotherCopyWakesIt)
     Close();
     Start();
     EXPECT_EQ(m_main->Murala().Core.Selection.CurrentIndex(), 1);
+}
+
+TEST_F(MainWindow, ASliderMovedByKeysIsSavedAsItStands)
+{
+    Start();
+    AddTwo();
+    Select(0);
+    m_main->Murala().Editor.SetGammaStyle(m_main->Murala().Core.Selection.Items(), gsSolid);
+    Control<wxNotebook>("pcEffect").SetSelection(1);
+    auto& bar = Control<wxSlider>("tbGammaRedStart");
+    m_main->Raise();
+    Pump(200);
+    bar.SetFocus();
+    ASSERT_TRUE(PumpUntil([&] { return bar.HasFocus(); }));
+    wxUIActionSimulator keyboard;
+    const int before = bar.GetValue();
+    keyboard.Char(WXK_LEFT);
+    keyboard.Char(WXK_LEFT);
+    EXPECT_TRUE(PumpUntil([&] { return bar.GetValue() == before - 2; })) << bar.GetValue();
+    TMuWallpaperList saved;
+    EXPECT_TRUE(PumpUntil([&] {
+        saved.Clear();
+        saved.LoadFromFile(m_folder.File(ListFileName));
+        return saved.Item(0).GammaStartRed == before - 2;
+    }));
+    EXPECT_TRUE(bar.GetToolTipText().EndsWith(std::to_string(before - 2)));
+}
+
+TEST_F(MainWindow, WhatComesInDuringADialogWaitsForItsEnd)
+{
+    Start();
+    AddTwo();
+    m_messages.AreShown = true;
+    m_main->Murala().Core.Settings.UseSchedule = true;
+    m_main->Murala().Core.Settings.LastChangeDate = 0;
+    m_services.FileQueue.QueueFiles({Picture("C.bmp", 4, 4, 0)});
+    wxTimer inDialog;
+    inDialog.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+        m_link.Wake();
+        EXPECT_FALSE(m_main->Close());
+        EXPECT_EQ(m_main->Murala().Core.List.Count(), 2);
+        m_main->Murala().Ticker.ScheduleTick();
+        EXPECT_TRUE(m_services.Desktop.Calls.empty());
+        for (wxWindow* window : wxTopLevelWindows)
+            if (auto* dialog = dynamic_cast<wxDialog*>(window); dialog && dialog->IsModal())
+                dialog->EndModal(wxID_CANCEL);
+    });
+    inDialog.StartOnce(200);
+    const wxWeakRef<TfMain> main(m_main);
+    m_main->Actions().Execute(aSchedule);
+    EXPECT_TRUE(PumpUntil([&] { return !main; })) << "it was asked to close";
+    m_main = nullptr;
+    m_messages.AreShown = false;
+    Start();
+    EXPECT_EQ(m_main->Murala().Core.List.Count(), 3) << "nothing that was queued is lost";
+}
+
+TEST_F(MainWindow, TheEndOfTheSessionSavesAndCloses)
+{
+    Start();
+    AddTwo();
+    m_main->Murala().Core.Settings.LastChangeDate = 41000.5;
+    const wxWeakRef<TfMain> main(m_main);
+    m_services.SessionEnd.OnEnd();
+    EXPECT_TRUE(PumpUntil([&] { return !main; }));
+    m_main = nullptr;
+    Start();
+    EXPECT_EQ(m_main->Murala().Core.Settings.LastChangeDate, 41000.5);
+}
+
+TEST_F(MainWindow, AFailingActionIsToldAndTheProgramGoesOn)
+{
+    Start();
+    m_main->Actions()[aAbout].OnExecute = [] { throw std::bad_alloc(); };
+    m_main->Actions().Execute(aAbout);
+    EXPECT_EQ(m_messages.Texts, std::vector<std::string>{"There is not enough memory for this."});
+    CallLater(*m_main, [] { throw std::runtime_error("the sky fell"); });
+    EXPECT_TRUE(PumpUntil(
+        [&] { return Control<wxStaticText>("pStatusText").GetLabel() == "the sky fell"; }));
+    AddTwo();
+    EXPECT_EQ(m_main->Murala().Core.List.Count(), 2);
+}
+
+TEST_F(MainWindow, AHiddenStartStaysHiddenAndLoadsNothing)
+{
+    Start();
+    AddTwo();
+    m_main->Iconize();
+    ASSERT_TRUE(PumpUntil([&] { return m_main->IsIconized(); }));
+    Close();
+    m_main = new TfMain(m_services.Services(), m_link);
+    m_main->Activate({"/apply"});
+    EXPECT_TRUE(PumpUntil([&] { return m_main->IsIconized(); }));
+    Pump(800);
+    EXPECT_TRUE(m_main->IsIconized());
+    EXPECT_FALSE(m_services.Desktop.Calls.empty());
+    EXPECT_EQ(m_main->Murala().Preview.Picture(20).Width(), 0);
+    m_link.Wake();
+    EXPECT_TRUE(PumpUntil([&] { return Control<TPreviewPanel>("iPreview").Picture().IsOk(); }));
 }
 
 TEST_F(MainWindow, TakesDroppedPicturesAndNothingElse)

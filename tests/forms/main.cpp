@@ -1,5 +1,7 @@
 // Runs the tests inside a program with windows.
 
+#include "uMuralaApp.h"
+
 #include <gtest/gtest.h>
 #include <wx/app.h>
 #include <wx/init.h>
@@ -7,7 +9,7 @@
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    wxApp::SetInstance(new wxApp);
+    wxApp::SetInstance(new murala::TMuralaApp);
     if (!wxEntryStart(argc, argv))
         return 1;
     wxTheApp->SetExitOnFrameDelete(false);

@@ -1,5 +1,6 @@
 #include "uListView.h"
 
+#include "uCallLater.h"
 #include "uListColumn.h"
 #include "uScopes.h"
 #include "uWxText.h"
@@ -46,7 +47,7 @@ void TMuListView::SelectionEvent()
 {
     if (m_isSelecting || std::exchange(m_isSelectionPending, true))
         return;
-    CallAfter([this] { TellSelection(); });
+    CallLater(*this, [this] { TellSelection(); });
 }
 
 void TMuListView::TellSelection()

@@ -1,5 +1,6 @@
 #include "uMain.h"
 
+#include "uCallLater.h"
 #include "uDesktopPage.h"
 #include "uEffectPage.h"
 #include "uPreviewSizes.h"
@@ -7,6 +8,7 @@
 #include "uProgress.h"
 #include "uShellIntegration.h"
 #include "uTintPage.h"
+#include "uWindowSystem.h"
 
 #include "../resources/murala.xpm"
 
@@ -196,7 +198,7 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
 {
     m_link.Unlock();
     m_murala.LoadSettings(DefaultPlacement(DesignSize()));
-    const bool isVisible = m_murala.Core.Settings.WindowState;
+    m_isStartHidden = !m_murala.Core.Settings.WindowState;
     Place(m_murala.Core.Settings.Placement);
     m_murala.Core.Selection.Select(m_murala.Core.Selection.Current());
     if (IsApplyStart(arguments)) {
@@ -205,14 +207,15 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
         else
             m_murala.Applier.ComposeWallpaper(true, TReport::StatusLine);
     }
-    if (!isVisible)
+    if (m_isStartHidden)
         Iconize();
+    PrepareFirstShow(*this);
     Show();
     SetPreviewSize(m_murala.Core.Settings.PreviewSize);
     tPlacement.StartOnce(SettlingTime);
     m_isStarting = false;
     m_murala.Core.Updating = false;
-    Later(&TfMain::FocusList);
+    CallLater(*this, [this] { m_wallpapers->View().Window().SetFocus(); });
     SelectionChanged();
     if (IsApplyStart(arguments))
         m_murala.Storage.SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
@@ -221,11 +224,6 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
     tScheduleTimer();
     QueueFilesFromCommandLine(m_services.FileQueue, arguments);
     m_murala.Session.ImportQueuedFiles();
-}
-
-void TfMain::FocusList()
-{
-    m_wallpapers->View().Window().SetFocus();
 }
 
 // Another copy was started: it has left its files and wants this one to be seen.
@@ -237,6 +235,7 @@ void TfMain::WakeUp()
     if (m_isWakePending)
         return;
     m_murala.Session.ImportQueuedFiles();
+    m_isStartHidden = false;
     if (IsIconized())
         Iconize(false);
     Show();
@@ -267,12 +266,10 @@ void TfMain::TrackPlacement()
 // Some window managers put a new window where they like, or show one that was to be hidden.
 void TfMain::tPlacementTimer()
 {
-    if (m_murala.Core.Settings.WindowState) {
-        if (!IsIconized() && !IsMaximized())
-            SetSize(m_placement.Left, m_placement.Top, m_placement.Width, m_placement.Height);
-    } else if (!IsIconized()) {
+    if (std::exchange(m_isStartHidden, false))
         Iconize();
-    }
+    else if (!IsIconized() && !IsMaximized())
+        SetSize(m_placement.Left, m_placement.Top, m_placement.Width, m_placement.Height);
 }
 
 void TfMain::FormClose(wxCloseEvent& event)
@@ -295,7 +292,7 @@ void TfMain::EndSession()
     m_murala.Close();
     m_isClosePending = true;
     if (!m_murala.Core.Pauses.IsPaused())
-        return Later(&TfMain::CloseWhenAsked);
+        return CallLater(*this, [this] { CloseWhenAsked(); });
     for (wxWindow* window : wxTopLevelWindows)
         if (auto* dialog = dynamic_cast<wxDialog*>(window); dialog != nullptr && dialog->IsModal())
             dialog->EndModal(wxID_CANCEL);

@@ -67,15 +67,11 @@ private:
     void FormDropFiles(wxDropFilesEvent& event);
     void FormCharHook(wxKeyEvent& event);
     void FormClose(wxCloseEvent& event);
-    void FocusList();
     void WakeUp();
     void EndSession();
     void CloseWhenAsked();
     void TrackPlacement();
     void tPlacementTimer();
-    // Once messages are answered; never after the window has gone.
-    void Later(void (TfMain::*what)());
-    void Guard(void (TfMain::*what)());
 
     wxSize DesignSize() const;
     void PlaceSplitters();
@@ -123,6 +119,7 @@ private:
     wxWeakRef<wxWindow> m_focusBefore; // of being disabled
     bool m_wasEnabled = true;
     bool m_isStarting = true;
+    bool m_isStartHidden = false; // until the window manager has taken it in
     bool m_isWakePending = false, m_isClosePending = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "uMain.h"
 
+#include "uCallLater.h"
 #include "uPath.h"
 #include "uText.h"
 
@@ -60,7 +61,7 @@ void TfMain::BindEvents()
 void TfMain::BindTimers()
 {
     const auto bind = [this](wxTimer& timer, void (TfMain::*tick)()) {
-        timer.Bind(wxEVT_TIMER, [this, tick](wxTimerEvent&) { Guard(tick); });
+        timer.Bind(wxEVT_TIMER, [this, tick](wxTimerEvent&) { (this->*tick)(); });
     };
     bind(tSelectItem, &TfMain::tSelectItemTimer);
     bind(tPreviewUpdate, &TfMain::tPreviewUpdateTimer);
@@ -69,21 +70,6 @@ void TfMain::BindTimers()
     bind(tRefreshIcons, &TfMain::tRefreshIconsTimer);
     // Everything is saved; a message that nobody answers must not hold up the end of the session.
     tEnd.Bind(wxEVT_TIMER, [](wxTimerEvent&) { std::_Exit(0); });
-}
-
-// One net for everything that happens by itself; what the user starts has the action list's.
-void TfMain::Guard(void (TfMain::*what)())
-{
-    try {
-        (this->*what)();
-    } catch (const std::exception& error) {
-        ReportError(error, TReport::StatusLine);
-    }
-}
-
-void TfMain::Later(void (TfMain::*what)())
-{
-    CallAfter([this, what] { Guard(what); });
 }
 
 void TfMain::ReportError(const std::exception& error, TReport report)
@@ -111,7 +97,7 @@ void TfMain::BindSplitters()
     for (wxSplitterWindow* splitter : {spVertical, spHorizontal})
         splitter->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
             event.Skip();
-            CallAfter(&TfMain::PlaceSplitters);
+            CallLater(*this, [this] { PlaceSplitters(); });
         });
 }
 
@@ -252,7 +238,7 @@ bool TfMain::IsWindowVisible()
 {
     if (m_isStarting)
         return m_murala.Core.Settings.WindowState;
-    return IsShown() && !IsIconized();
+    return !m_isStartHidden && IsShown() && !IsIconized();
 }
 
 void TfMain::UpdateHints()
@@ -310,9 +296,9 @@ void TfMain::PauseChanged()
     if (m_murala.Core.Pauses.IsPaused())
         return;
     if (m_isClosePending)
-        Later(&TfMain::CloseWhenAsked);
+        CallLater(*this, [this] { CloseWhenAsked(); });
     else if (m_isWakePending)
-        Later(&TfMain::WakeUp);
+        CallLater(*this, [this] { WakeUp(); });
 }
 
 } // namespace murala

@@ -1,0 +1,21 @@
+#include "uWindowSystem.h"
+
+#include <gtk/gtk.h>
+#include <wx/toplevel.h>
+
+namespace murala
+{
+
+// GTK 3 makes the window of the X server tiny, whatever size was set, lays everything out in it when it
+// is first shown, and complains about every widget that needs more.
+void PrepareFirstShow(wxTopLevelWindow& window)
+{
+    const auto resize = +[](GtkWidget* widget, gpointer) {
+        int width = 0, height = 0;
+        gtk_window_get_size(GTK_WINDOW(widget), &width, &height);
+        gdk_window_resize(gtk_widget_get_window(widget), width, height);
+    };
+    g_signal_connect_after(window.GetHandle(), "realize", G_CALLBACK(resize), nullptr);
+}
+
+} // namespace murala

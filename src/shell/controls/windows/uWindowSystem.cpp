@@ -1,0 +1,8 @@
+#include "uWindowSystem.h"
+
+namespace murala
+{
+
+void PrepareFirstShow(wxTopLevelWindow& /*window*/) {}
+
+} // namespace murala

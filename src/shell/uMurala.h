@@ -9,6 +9,7 @@
 #include "uPreview.h"
 #include "uSessionEntry.h"
 #include "uStorage.h"
+#include "uThumbnailCache.h"
 #include "uTicker.h"
 
 namespace murala
@@ -19,6 +20,7 @@ class TMurala
 public:
     TCore Core;
     TStorage Storage{Core};
+    TThumbnailCache Thumbnails{Core.List};
     TPreview Preview{Core};
     TLibraryDesk Desk{Core, Storage};
     TApplier Applier{Core, Storage, Preview};

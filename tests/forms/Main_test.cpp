@@ -104,6 +104,8 @@ protected:
         return *control;
     }
 
+    TMuListView& List() { return dynamic_cast<TMuListView&>(Control<wxWindow>("lvWallpaper")); }
+
     std::string Picture(const std::string& name, int width, int height, TColor color)
     {
         TBitmap bitmap(width, height);
@@ -139,14 +141,14 @@ TEST_F(MainWindow, ShowsAddedPicturesAndComesBackWithThem)
 {
     Start();
     AddTwo();
-    auto& list = Control<TMuListView>("lvWallpaper");
-    EXPECT_EQ(list.GetItemCount(), 2);
-    EXPECT_EQ(list.GetItemText(1, 1), wxString::FromUTF8("Gr\xC3\xBCn, 'quoted'.bmp"));
+    TMuListView& list = List();
+    EXPECT_EQ(list.ShownRows(), 2);
+    EXPECT_EQ(list.ShownText(1, lcFileName), wxString::FromUTF8("Gr\xC3\xBCn, 'quoted'.bmp"));
     EXPECT_TRUE(PumpUntil(
         [&] { return Control<wxStaticText>("pStatusText").GetLabel().EndsWith("(40x30)"); }));
     Close();
     Start();
-    EXPECT_EQ(Control<TMuListView>("lvWallpaper").GetItemCount(), 2);
+    EXPECT_EQ(List().ShownRows(), 2);
     EXPECT_TRUE(m_messages.Texts.empty());
 }
 
@@ -162,7 +164,7 @@ TEST_F(MainWindow, AppliesTheSelectedRowByItsAction)
     EXPECT_EQ(picture.Row(199)[319] & 0xFFFFFF, ColorToPixel(0xFF0000));
     m_main->Actions().Execute(aNext);
     EXPECT_EQ(m_main->Murala().Core.Selection.CurrentIndex(), 0);
-    EXPECT_EQ(Control<TMuListView>("lvWallpaper").FocusedRow(), 0);
+    EXPECT_EQ(List().FocusedRow(), 0);
 }
 
 TEST_F(MainWindow, SettingsPagesFollowTheSelectionAndChangeTheItem)
@@ -217,22 +219,19 @@ TEST_F(MainWindow, RemovesSortsAndRenamesRows)
     for (const char* name : {"C.bmp", "A.bmp", "D.bmp", "B.bmp"})
         files.push_back(Picture(name, 4, 4, 0));
     m_main->Murala().Desk.AddFiles(files);
-    auto& list = Control<TMuListView>("lvWallpaper");
-    wxListEvent click(wxEVT_LIST_COL_CLICK, list.GetId());
-    click.m_col = 0;
-    list.ProcessWindowEvent(click);
-    EXPECT_EQ(list.GetItemText(0), "A");
-    Select(1);
-    list.Select(2);
+    TMuListView& list = List();
+    m_main->Murala().Desk.SortByColumn(lcTitle);
+    EXPECT_EQ(list.ShownText(0, lcTitle), "A");
+    m_main->Murala().Core.Selection.SelectRows({1, 2}, 2);
     m_main->Actions().Execute(aRemove);
-    EXPECT_EQ(list.GetItemCount(), 2);
+    EXPECT_EQ(list.ShownRows(), 2);
     EXPECT_EQ(list.FocusedRow(), 1);
     m_main->Murala().Desk.Rename(m_main->Murala().Core.List.Item(1), "Other");
-    EXPECT_EQ(list.GetItemText(1), "Other");
+    EXPECT_EQ(list.ShownText(1, lcTitle), "Other");
     m_main->Actions().Execute(aSelectAll);
-    EXPECT_EQ(list.SelectedRows().size(), 2U);
+    EXPECT_EQ(list.ShownSelection().size(), 2U);
     m_main->Actions().Execute(aRemove);
-    EXPECT_EQ(list.GetItemCount(), 0);
+    EXPECT_EQ(list.ShownRows(), 0);
     EXPECT_FALSE(m_main->Actions()[aApply].Enabled());
 }
 

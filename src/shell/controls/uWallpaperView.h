@@ -26,6 +26,7 @@ public:
     virtual void UserActivates() = 0;
     virtual void UserRenames(int row, const std::string& title) = 0;
     virtual void UserClicksHeader(TListColumn column) = 0;
+    virtual void UserWantsMenu() = 0;
 };
 
 class TWallpaperView
@@ -43,6 +44,8 @@ public:
     // What the user has selected is told a moment later, many rows together; this tells it now.
     virtual void TellSelection() = 0;
     virtual void EditTitle(int row) = 0;
+    // Keys are then the editor's.
+    virtual bool IsEditing() const = 0;
 };
 
 } // namespace murala

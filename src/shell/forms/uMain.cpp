@@ -212,6 +212,8 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
     PrepareFirstShow(*this);
     Show();
     SetPreviewSize(m_murala.Core.Settings.PreviewSize);
+    SetViewMode(m_murala.Core.Settings.ViewMode);
+    SetThumbnailSize(m_murala.Core.Settings.ThumbnailSize);
     tPlacement.StartOnce(SettlingTime);
     m_isStarting = false;
     m_murala.Core.Updating = false;

@@ -57,6 +57,8 @@ private:
     void aAboutExecute();
     void aScheduleExecute();
     void SetPreviewSize(TPreviewSize size);
+    void SetViewMode(TViewMode mode);
+    void SetThumbnailSize(TThumbnailSize size);
 
     // Events.
     void tSelectItemTimer();

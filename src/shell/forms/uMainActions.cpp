@@ -71,6 +71,7 @@ void TfMain::BindWallpaperActions()
         aNext, [this] { m_murala.Applier.Next(); }, has(2));
     bind(
         aPrevious, [this] { m_murala.Applier.Previous(); }, has(1));
+    bindItem(aRefreshThumbnail, [this](TMuWallpaper&) { m_wallpapers->RefreshThumbnails(); });
     bindItem(aShellOpen, [this](TMuWallpaper& i) { m_murala.Session.Open(i, TShellVerb::Open); });
     bindItem(aShellEdit, [this](TMuWallpaper& i) { m_murala.Session.Open(i, TShellVerb::Edit); });
     bindItem(aDesktopColor, [this](TMuWallpaper&) { aDesktopColorExecute(); });
@@ -122,6 +123,25 @@ void TfMain::BindWindowActions()
         alMain[sizes[i]].OnExecute = [this, size] { SetPreviewSize(size); };
         alMain[sizes[i]].OnChecked = [this, size] {
             return m_murala.Core.Settings.PreviewSize == size;
+        };
+    }
+    static constexpr TActionId views[] = {aViewList, aViewThumbnails};
+    for (std::size_t i = 0; i < std::size(views); ++i) {
+        const auto mode = static_cast<TViewMode>(i);
+        alMain[views[i]].OnExecute = [this, mode] { SetViewMode(mode); };
+        alMain[views[i]].OnChecked = [this, mode] {
+            return m_murala.Core.Settings.ViewMode == mode;
+        };
+    }
+    alMain[aNextView].OnExecute = [this] {
+        SetViewMode(m_murala.Core.Settings.ViewMode == vmList ? vmThumbnails : vmList);
+    };
+    static constexpr TActionId thumbnails[] = {aThumbSmall, aThumbNormal, aThumbLarge};
+    for (std::size_t i = 0; i < std::size(thumbnails); ++i) {
+        const auto size = static_cast<TThumbnailSize>(i);
+        alMain[thumbnails[i]].OnExecute = [this, size] { SetThumbnailSize(size); };
+        alMain[thumbnails[i]].OnChecked = [this, size] {
+            return m_murala.Core.Settings.ThumbnailSize == size;
         };
     }
     alMain[aExit].OnExecute = [this] { Close(); };
@@ -230,6 +250,21 @@ void TfMain::SetPreviewSize(TPreviewSize size)
     }
     PreviewChanged(false);
     m_murala.Storage.SaveSettings(TSaveFlags().set(sfPreviewSize));
+}
+
+void TfMain::SetViewMode(TViewMode mode)
+{
+    m_murala.Core.Settings.ViewMode = mode == vmThumbnails ? vmThumbnails : vmList;
+    m_wallpapers->ShowViewMode();
+    UpdateHints();
+    m_murala.Storage.SaveSettings(TSaveFlags().set(sfViewMode));
+}
+
+void TfMain::SetThumbnailSize(TThumbnailSize size)
+{
+    m_murala.Core.Settings.ThumbnailSize = size >= tsSmall && size <= tsLarge ? size : tsNormal;
+    m_wallpapers->ShowThumbnailSize();
+    m_murala.Storage.SaveSettings(TSaveFlags().set(sfThumbnailSize));
 }
 
 } // namespace murala

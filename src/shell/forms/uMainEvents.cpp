@@ -248,6 +248,8 @@ void TfMain::UpdateHints()
         item != nullptr && item->DisplayMode < std::size(DisplayModeNames)
             ? FormatText("Display (%s)", {DisplayModeNames[item->DisplayMode]})
             : "Display";
+    alMain[aNextView].Hint =
+        m_murala.Core.Settings.ViewMode == vmThumbnails ? "View (Thumbnails)" : "View (List)";
     alMain[aTransparentIcons].Hint = m_services.IconView.CanBeAsked()
                                          ? "Transparent Icons"
                                          : "This desktop has no icon list that can be asked for it";

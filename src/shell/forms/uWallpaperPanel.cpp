@@ -7,38 +7,102 @@ namespace murala
 
 TWallpaperPanel::TWallpaperPanel(wxWindow* parent, TMurala& murala, TActionList& actions,
                                  TActionBinder& binder)
-    : wxPanel(parent), m_murala(murala), m_actions(actions)
+    : wxPanel(parent), m_murala(murala), m_actions(actions), m_binder(binder)
 {
-    BuildToolBar(binder);
-    lvWallpaper = new TMuListView(this, *this, "lvWallpaper");
-    lvWallpaper->Bind(wxEVT_LIST_KEY_DOWN, [this](wxListEvent& event) {
-        if (event.GetKeyCode() == WXK_DELETE || event.GetKeyCode() == WXK_NUMPAD_DELETE)
-            m_actions.Execute(aRemove);
-        else if (event.GetKeyCode() == 'A' && wxGetKeyState(WXK_CONTROL))
-            m_actions.Execute(aSelectAll);
-        else
-            event.Skip();
-    });
-    lvWallpaper->Bind(wxEVT_CONTEXT_MENU, [this, &binder](wxContextMenuEvent&) {
-        const std::unique_ptr<wxMenu> pmWallpaper(binder.NewMenu(
-            {aSelectAll, "-", aChangeCategory, "-", aAdd, aRemove, aRename, "-", aRefreshThumbnail,
-             "-", "&Shell>", aShellOpen, aShellEdit, "<", "-", aApply}));
-        const TPauseScope pause(m_murala.Core.Pauses);
-        PopupMenu(pmWallpaper.get());
-    });
+    BuildToolBar();
+    lvWallpaper = NewListView(this, *this, "lvWallpaper");
+    lvThumbnails = new TMuThumbnailView(this, *this, *this, "lvThumbnails");
+    lvThumbnails->Hide();
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(tbMain, wxSizerFlags().Expand());
-    rows->Add(lvWallpaper, wxSizerFlags(1).Expand());
+    rows->Add(&lvWallpaper->Window(), wxSizerFlags(1).Expand());
+    rows->Add(lvThumbnails, wxSizerFlags(1).Expand());
     SetSizer(rows);
+    Bind(wxEVT_CHAR_HOOK, &TWallpaperPanel::OnKey, this);
     m_murala.Core.Listeners.Add(*this);
 }
 
-void TWallpaperPanel::BuildToolBar(TActionBinder& binder)
+void TWallpaperPanel::BuildToolBar()
 {
     tbMain = new wxToolBar(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                            wxTB_FLAT | wxTB_HORIZONTAL | wxTB_NODIVIDER, "tbMain");
-    binder.FillToolBar(*tbMain, {aAdd, aRemove, "-", aApply, aPrevious, aNext, "-", aDisplayNext,
-                                 aTransparentIcons, aNextView});
+    m_binder.FillToolBar(*tbMain, {aAdd, aRemove, "-", aApply, aPrevious, aNext, "-", aDisplayNext,
+                                   aTransparentIcons, aNextView});
+}
+
+TWallpaperView& TWallpaperPanel::View()
+{
+    if (m_murala.Core.Settings.ViewMode == vmThumbnails)
+        return *lvThumbnails;
+    return *lvWallpaper;
+}
+
+void TWallpaperPanel::ShowViewMode()
+{
+    const bool isThumbnails = m_murala.Core.Settings.ViewMode == vmThumbnails;
+    const bool hadFocus = lvWallpaper->Window().HasFocus() || lvThumbnails->HasFocus();
+    lvWallpaper->Window().Show(!isThumbnails);
+    lvThumbnails->Show(isThumbnails);
+    Layout();
+    RowsChanged();
+    SelectionChanged();
+    if (hadFocus)
+        View().Window().SetFocus();
+}
+
+void TWallpaperPanel::ShowThumbnailSize()
+{
+    lvThumbnails->SetSize(m_murala.Core.Settings.ThumbnailSize);
+}
+
+void TWallpaperPanel::RefreshThumbnails()
+{
+    for (TMuWallpaper* item : m_murala.Core.Selection.Items())
+        m_murala.Thumbnails.Refresh(*item);
+    View().ShowTexts();
+}
+
+// Keys of the list, whichever view shows it.
+void TWallpaperPanel::OnKey(wxKeyEvent& event)
+{
+    const bool isOfList = FindFocus() == &View().Window() && !View().IsEditing();
+    const int key = event.GetKeyCode(), modifiers = event.GetModifiers();
+    if (isOfList && modifiers == wxMOD_NONE && (key == WXK_DELETE || key == WXK_NUMPAD_DELETE))
+        m_actions.Execute(aRemove);
+    else if (isOfList && modifiers == wxMOD_CONTROL && key == 'A')
+        m_actions.Execute(aSelectAll);
+    else
+        event.Skip();
+}
+
+void TWallpaperPanel::UserWantsMenu()
+{
+    const std::unique_ptr<wxMenu> pmWallpaper(m_binder.NewMenu(
+        {aSelectAll, "-", aChangeCategory, "-", aAdd, aRemove, aRename, "-", aRefreshThumbnail, "-",
+         "&Shell>", aShellOpen, aShellEdit, "<", "-", aApply}));
+    View().TellSelection();
+    const TPauseScope pause(m_murala.Core.Pauses);
+    PopupMenu(pmWallpaper.get());
+}
+
+const TBitmap* TWallpaperPanel::Thumbnail(int row)
+{
+    return m_murala.Thumbnails.Held(m_murala.Core.List.Item(row));
+}
+
+bool TWallpaperPanel::MakeNext(const std::vector<int>& rows)
+{
+    TItems items;
+    for (const int row : rows)
+        items.push_back(&m_murala.Core.List.Item(row));
+    const TThumbnailStep step = m_murala.Thumbnails.MakeNext(items);
+    if (step.Progress == TThumbnailProgress::Made)
+        lvThumbnails->Refresh();
+    if (const std::string notice = m_murala.Thumbnails.TakeNotice(); !notice.empty())
+        m_murala.Core.Report(TReport::StatusLine, notice);
+    if (step.Progress == TThumbnailProgress::Failed)
+        m_murala.Core.View.SetStatus(step.Error);
+    return step.Progress != TThumbnailProgress::Nothing;
 }
 
 void TWallpaperPanel::EditTitle()

@@ -1,27 +1,35 @@
-// The wallpapers: the list view with its tool bar, and what the user does in it.
+// The wallpapers: list view and thumbnail view with their tool bar, and what the user does in them.
 #pragma once
 
 #include "uActionBinder.h"
 #include "uListView.h"
 #include "uMurala.h"
+#include "uThumbnailView.h"
 
 #include <wx/panel.h>
 
 namespace murala
 {
 
-class TWallpaperPanel : public wxPanel, private TListener, private TRows
+class TWallpaperPanel : public wxPanel, private TListener, private TRows, private TThumbnails
 {
 public:
     TWallpaperPanel(wxWindow* parent, TMurala& murala, TActionList& actions, TActionBinder& binder);
     ~TWallpaperPanel() override { m_murala.Core.Listeners.Remove(*this); }
 
-    TWallpaperView& View() { return *lvWallpaper; }
+    // The one that is shown.
+    TWallpaperView& View();
     void EditTitle();
+    // As the settings say.
+    void ShowViewMode();
+    void ShowThumbnailSize();
+    // Their files, too; they are made again as they are drawn.
+    void RefreshThumbnails();
 
 private:
-    void BuildToolBar(TActionBinder& binder);
+    void BuildToolBar();
     void UpdateHint();
+    void OnKey(wxKeyEvent& event);
 
     // TListener.
     void RowsChanged() override;
@@ -37,11 +45,18 @@ private:
     void UserActivates() override;
     void UserRenames(int row, const std::string& title) override;
     void UserClicksHeader(TListColumn column) override;
+    void UserWantsMenu() override;
+
+    // TThumbnails.
+    const TBitmap* Thumbnail(int row) override;
+    bool MakeNext(const std::vector<int>& rows) override;
 
     TMurala& m_murala;
     TActionList& m_actions;
+    TActionBinder& m_binder;
     wxToolBar* tbMain = nullptr;
     TMuListView* lvWallpaper = nullptr;
+    TMuThumbnailView* lvThumbnails = nullptr;
 };
 
 } // namespace murala

@@ -6,8 +6,8 @@
 namespace murala
 {
 
-// GTK 3 makes the window of the X server tiny, whatever size was set, lays everything out in it when it
-// is first shown, and complains about every widget that needs more.
+// GTK 3 makes the window of the X server tiny, whatever size was set, lays everything out in it
+// when it is first shown, and complains about every widget that needs more.
 void PrepareFirstShow(wxTopLevelWindow& window)
 {
     const auto resize = +[](GtkWidget* widget, gpointer) {
@@ -16,6 +16,21 @@ void PrepareFirstShow(wxTopLevelWindow& window)
         gdk_window_resize(gtk_widget_get_window(widget), width, height);
     };
     g_signal_connect_after(window.GetHandle(), "realize", G_CALLBACK(resize), nullptr);
+}
+
+void SetAccessibleText(wxWindow& window, const wxString& name, const wxString& description)
+{
+    if (AtkObject* object = gtk_widget_get_accessible(window.GetHandle())) {
+        atk_object_set_role(object, ATK_ROLE_LIST_BOX);
+        atk_object_set_name(object, name.utf8_str());
+        atk_object_set_description(object, description.utf8_str());
+    }
+}
+
+void SetAccessibleName(wxWindow& window, const wxString& name)
+{
+    if (AtkObject* object = gtk_widget_get_accessible(window.GetHandle()))
+        atk_object_set_name(object, name.utf8_str());
 }
 
 } // namespace murala

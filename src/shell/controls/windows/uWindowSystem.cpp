@@ -1,8 +1,73 @@
 #include "uWindowSystem.h"
 
+#include <wx/access.h>
+#include <wx/window.h>
+
 namespace murala
 {
 
-void PrepareFirstShow(wxTopLevelWindow& /*window*/) {}
+namespace
+{
+
+// What is not said here the control says itself.
+class TText : public wxAccessible
+{
+public:
+    explicit TText(wxWindow* window) : wxAccessible(window) {}
+    wxString Name, Description;
+    bool IsList = false;
+
+private:
+    wxAccStatus GetName(int child, wxString* name) override
+    {
+        if (child != wxACC_SELF)
+            return wxACC_NOT_IMPLEMENTED;
+        *name = Name;
+        return wxACC_OK;
+    }
+    wxAccStatus GetDescription(int child, wxString* description) override
+    {
+        if (child != wxACC_SELF)
+            return wxACC_NOT_IMPLEMENTED;
+        *description = Description;
+        return wxACC_OK;
+    }
+    wxAccStatus GetRole(int child, wxAccRole* role) override
+    {
+        if (child != wxACC_SELF || !IsList)
+            return wxACC_NOT_IMPLEMENTED;
+        *role = wxROLE_SYSTEM_LIST;
+        return wxACC_OK;
+    }
+};
+
+} // namespace
+
+void PrepareFirstShow(wxTopLevelWindow& /*window*/)
+{
+}
+
+static TText& TextOf(wxWindow& window)
+{
+    if (auto* text = dynamic_cast<TText*>(window.GetAccessible()))
+        return *text;
+    auto* text = new TText(&window);
+    window.SetAccessible(text); // which owns it now
+    return *text;
+}
+
+void SetAccessibleName(wxWindow& window, const wxString& name)
+{
+    TextOf(window).Name = name;
+}
+
+void SetAccessibleText(wxWindow& window, const wxString& name, const wxString& description)
+{
+    TText& text = TextOf(window);
+    text.IsList = true;
+    text.Name = name;
+    text.Description = description;
+    wxAccessible::NotifyEvent(wxACC_EVENT_OBJECT_NAMECHANGE, &window, wxOBJID_CLIENT, wxACC_SELF);
+}
 
 } // namespace murala

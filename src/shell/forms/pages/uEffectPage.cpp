@@ -1,6 +1,7 @@
 #include "uEffectPage.h"
 
 #include "uActionBinder.h"
+#include "uWindowSystem.h"
 
 #include <algorithm>
 
@@ -12,6 +13,7 @@ TEffectPage::TEffectPage(wxWindow* parent, TMurala& murala)
 {
     m_effect = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, {}, 0,
                             wxDefaultValidator, "cbEffect");
+    SetAccessibleName(*m_effect, "Effect");
     IndexOf(std::string(NoEffect));
     for (const std::string& effect : murala.Applier.ListEffects())
         IndexOf(effect);

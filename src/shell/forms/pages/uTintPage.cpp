@@ -1,6 +1,7 @@
 #include "uTintPage.h"
 
 #include "uActionBinder.h"
+#include "uWindowSystem.h"
 
 namespace murala
 {
@@ -12,6 +13,7 @@ TTintPage::TTintPage(wxWindow* parent, TMurala& murala) : TSettingsPage(parent, 
         styles.Add(ToWx(style));
     m_style = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, styles, 0,
                            wxDefaultValidator, "cbGammaStyle");
+    SetAccessibleName(*m_style, "Tint style");
     m_style->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
         m_murala.Editor.SetGammaStyle(Items(), static_cast<TGammaStyle>(event.GetSelection()));
     });

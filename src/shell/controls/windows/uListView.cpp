@@ -8,12 +8,54 @@
 #include <algorithm>
 #include <utility>
 
+#include <wx/listctrl.h>
 #include <wx/wupdlock.h>
 
 namespace murala
 {
 
-TMuListView::TMuListView(wxWindow* parent, TRows& rows, const wxString& name)
+namespace
+{
+
+class TNativeListView : public wxListView, public TMuListView
+{
+public:
+    TNativeListView(wxWindow* parent, TRows& rows, const wxString& name);
+
+    void ShowOrder(TListColumn column, bool ascending) override
+    {
+        ShowSortIndicator(column, ascending);
+    }
+
+    wxWindow& Window() override { return *this; }
+    void ShowRows() override;
+    void ShowTexts() override { Refresh(); }
+    void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
+    void TellSelection() override;
+    void EditTitle(int row) override { EditLabel(row); }
+    bool IsEditing() const override { return GetEditControl() != nullptr; }
+
+    int ShownRows() const override { return GetItemCount(); }
+    wxString ShownText(int row, TListColumn column) const override
+    {
+        return GetItemText(row, column);
+    }
+    std::vector<int> ShownSelection() const override;
+    int FocusedRow() const override;
+
+private:
+    wxString OnGetItemText(long row, long column) const override;
+    wxItemAttr* OnGetItemAttr(long row) const override;
+    void BindEvents();
+    void SelectionEvent();
+
+    TRows& m_rows;
+    bool m_isSelecting = false;        // the program, not the user
+    bool m_isSelectionPending = false; // of the user
+    mutable wxItemAttr m_currentAttr;
+};
+
+TNativeListView::TNativeListView(wxWindow* parent, TRows& rows, const wxString& name)
     : wxListView(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                  wxLC_REPORT | wxLC_VIRTUAL | wxLC_EDIT_LABELS, wxDefaultValidator, name),
       m_rows(rows)
@@ -23,7 +65,7 @@ TMuListView::TMuListView(wxWindow* parent, TRows& rows, const wxString& name)
     BindEvents();
 }
 
-void TMuListView::BindEvents()
+void TNativeListView::BindEvents()
 {
     const auto selected = [this](wxListEvent&) { SelectionEvent(); };
     Bind(wxEVT_LIST_ITEM_SELECTED, selected);
@@ -34,6 +76,7 @@ void TMuListView::BindEvents()
         if (event.GetColumn() >= 0)
             m_rows.UserClicksHeader(static_cast<TListColumn>(event.GetColumn()));
     });
+    Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { m_rows.UserWantsMenu(); });
     Bind(wxEVT_LIST_END_LABEL_EDIT, [this](wxListEvent& event) {
         event.Veto(); // the row's text comes from the list
         const wxString title = wxString(event.GetLabel()).Trim().Trim(false);
@@ -43,25 +86,25 @@ void TMuListView::BindEvents()
 }
 
 // Selecting ten thousand rows makes as many events; they are answered together.
-void TMuListView::SelectionEvent()
+void TNativeListView::SelectionEvent()
 {
     if (m_isSelecting || std::exchange(m_isSelectionPending, true))
         return;
     CallLater(*this, [this] { TellSelection(); });
 }
 
-void TMuListView::TellSelection()
+void TNativeListView::TellSelection()
 {
     if (std::exchange(m_isSelectionPending, false))
-        m_rows.UserSelects(SelectedRows(), FocusedRow());
+        m_rows.UserSelects(ShownSelection(), FocusedRow());
 }
 
-int TMuListView::FocusedRow() const
+int TNativeListView::FocusedRow() const
 {
     return static_cast<int>(GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED));
 }
 
-std::vector<int> TMuListView::SelectedRows() const
+std::vector<int> TNativeListView::ShownSelection() const
 {
     std::vector<int> rows;
     rows.reserve(static_cast<std::size_t>(GetSelectedItemCount()));
@@ -70,7 +113,7 @@ std::vector<int> TMuListView::SelectedRows() const
     return rows;
 }
 
-void TMuListView::ShowRows()
+void TNativeListView::ShowRows()
 {
     const TValueScope selecting(m_isSelecting, true);
     m_isSelectionPending = false;
@@ -78,11 +121,11 @@ void TMuListView::ShowRows()
     Refresh();
 }
 
-void TMuListView::ShowSelection(const std::vector<int>& rows, int focusedRow)
+void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow)
 {
     const TValueScope selecting(m_isSelecting, true);
     m_isSelectionPending = false;
-    const std::vector<int> shown = SelectedRows();
+    const std::vector<int> shown = ShownSelection();
     const wxWindowUpdateLocker lock(this);
     for (const int row : shown)
         if (!std::ranges::binary_search(rows, row))
@@ -96,7 +139,7 @@ void TMuListView::ShowSelection(const std::vector<int>& rows, int focusedRow)
         EnsureVisible(rows.front());
 }
 
-wxString TMuListView::OnGetItemText(long row, long column) const
+wxString TNativeListView::OnGetItemText(long row, long column) const
 {
     // Painting may come between a change of the rows and the news of it.
     if (row >= m_rows.Count())
@@ -104,12 +147,19 @@ wxString TMuListView::OnGetItemText(long row, long column) const
     return ToWx(m_rows.Text(static_cast<int>(row), static_cast<TListColumn>(column)));
 }
 
-wxItemAttr* TMuListView::OnGetItemAttr(long row) const
+wxItemAttr* TNativeListView::OnGetItemAttr(long row) const
 {
     if (row >= m_rows.Count() || !m_rows.IsCurrent(static_cast<int>(row)))
         return nullptr;
     m_currentAttr.SetFont(GetFont().Bold());
     return &m_currentAttr;
+}
+
+} // namespace
+
+TMuListView* NewListView(wxWindow* parent, TRows& rows, const wxString& name)
+{
+    return new TNativeListView(parent, rows, name);
 }
 
 } // namespace murala

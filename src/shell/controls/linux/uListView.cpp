@@ -1,0 +1,203 @@
+#include "uListView.h"
+
+#include "uCallLater.h"
+#include "uListColumn.h"
+#include "uScopes.h"
+#include "uWxText.h"
+
+#include <utility>
+
+#include <wx/dataview.h>
+
+namespace murala
+{
+
+namespace
+{
+
+class TRowsModel : public wxDataViewVirtualListModel
+{
+public:
+    explicit TRowsModel(TRows& rows)
+        : wxDataViewVirtualListModel(static_cast<unsigned>(rows.Count())), m_rows(rows)
+    {
+    }
+
+    unsigned GetColumnCount() const override { return ListColumnCount; }
+    wxString GetColumnType(unsigned /*column*/) const override { return "string"; }
+    void GetValueByRow(wxVariant& value, unsigned row, unsigned column) const override
+    {
+        // Painting may come between a change of the rows and the news of it.
+        const bool isThere = static_cast<int>(row) < m_rows.Count();
+        value = isThere ? ToWx(m_rows.Text(static_cast<int>(row), static_cast<TListColumn>(column)))
+                        : wxString();
+    }
+    bool SetValueByRow(const wxVariant& value, unsigned row, unsigned /*column*/) override
+    {
+        const wxString title = wxString(value.GetString()).Trim().Trim(false);
+        if (!title.empty())
+            m_rows.UserRenames(static_cast<int>(row), title.utf8_string());
+        return true;
+    }
+    bool GetAttrByRow(unsigned row, unsigned /*column*/, wxDataViewItemAttr& attr) const override
+    {
+        const bool isCurrent =
+            static_cast<int>(row) < m_rows.Count() && m_rows.IsCurrent(static_cast<int>(row));
+        attr.SetBold(isCurrent);
+        return isCurrent;
+    }
+
+private:
+    TRows& m_rows;
+};
+
+class TNativeListView : public wxDataViewCtrl, public TMuListView
+{
+public:
+    TNativeListView(wxWindow* parent, TRows& rows, const wxString& name)
+        : wxDataViewCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxDV_MULTIPLE,
+                         wxDefaultValidator, name),
+          m_rows(rows), m_model(new TRowsModel(rows))
+    {
+        AssociateModel(m_model.get());
+        for (int i = 0; i < ListColumnCount; ++i)
+            AppendTextColumn(ToWx(ListColumns[i].Caption), static_cast<unsigned>(i),
+                             wxDATAVIEW_CELL_INERT, FromDIP(ListColumns[i].Width), wxALIGN_LEFT,
+                             wxDATAVIEW_COL_RESIZABLE);
+        BindEvents();
+    }
+
+    void ShowOrder(TListColumn column, bool ascending) override;
+
+    wxWindow& Window() override { return *this; }
+    void ShowRows() override;
+    void ShowTexts() override { Refresh(); }
+    void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
+    void TellSelection() override;
+    void EditTitle(int row) override;
+    bool IsEditing() const override { return m_isEditing; }
+
+    int ShownRows() const override { return static_cast<int>(m_model->GetCount()); }
+    wxString ShownText(int row, TListColumn column) const override;
+    std::vector<int> ShownSelection() const override;
+    int FocusedRow() const override;
+
+private:
+    void BindEvents();
+    void SelectionEvent();
+    int RowOf(const wxDataViewItem& item) const
+    {
+        return item.IsOk() ? static_cast<int>(m_model->GetRow(item)) : -1;
+    }
+
+    TRows& m_rows;
+    wxObjectDataPtr<TRowsModel> m_model;
+    bool m_isSelecting = false;        // the program, not the user
+    bool m_isSelectionPending = false; // of the user
+    bool m_isEditing = false;
+};
+
+void TNativeListView::BindEvents()
+{
+    Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { SelectionEvent(); });
+    Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) { m_rows.UserActivates(); });
+    Bind(wxEVT_DATAVIEW_COLUMN_HEADER_CLICK, [this](wxDataViewEvent& event) {
+        if (event.GetColumn() >= 0)
+            m_rows.UserClicksHeader(static_cast<TListColumn>(event.GetColumn()));
+    });
+    Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [this](wxDataViewEvent&) { m_rows.UserWantsMenu(); });
+    Bind(wxEVT_DATAVIEW_ITEM_EDITING_DONE, [this](wxDataViewEvent&) {
+        m_isEditing = false;
+        GetColumn(lcTitle)->GetRenderer()->SetMode(wxDATAVIEW_CELL_INERT);
+    });
+}
+
+// Selecting ten thousand rows makes as many events; they are answered together.
+void TNativeListView::SelectionEvent()
+{
+    if (m_isSelecting || std::exchange(m_isSelectionPending, true))
+        return;
+    CallLater(*this, [this] { TellSelection(); });
+}
+
+void TNativeListView::TellSelection()
+{
+    if (std::exchange(m_isSelectionPending, false))
+        m_rows.UserSelects(ShownSelection(), FocusedRow());
+}
+
+int TNativeListView::FocusedRow() const
+{
+    return RowOf(GetCurrentItem());
+}
+
+std::vector<int> TNativeListView::ShownSelection() const
+{
+    wxDataViewItemArray items;
+    GetSelections(items);
+    std::vector<int> rows;
+    rows.reserve(items.size());
+    for (const wxDataViewItem& item : items)
+        rows.push_back(RowOf(item));
+    return rows;
+}
+
+wxString TNativeListView::ShownText(int row, TListColumn column) const
+{
+    wxVariant value;
+    m_model->GetValueByRow(value, static_cast<unsigned>(row), column);
+    return value.GetString();
+}
+
+void TNativeListView::ShowRows()
+{
+    const TValueScope selecting(m_isSelecting, true);
+    m_isSelectionPending = false;
+    m_model->Reset(static_cast<unsigned>(m_rows.Count()));
+}
+
+void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow)
+{
+    const TValueScope selecting(m_isSelecting, true);
+    m_isSelectionPending = false;
+    if (focusedRow >= 0 && focusedRow != FocusedRow())
+        SetCurrentItem(m_model->GetItem(static_cast<unsigned>(focusedRow)));
+    if (rows != ShownSelection()) {
+        if (static_cast<int>(rows.size()) == m_rows.Count()) {
+            SelectAll();
+        } else {
+            wxDataViewItemArray items;
+            for (const int row : rows)
+                items.push_back(m_model->GetItem(static_cast<unsigned>(row)));
+            SetSelections(items);
+        }
+    }
+    if (rows.size() == 1)
+        EnsureVisible(m_model->GetItem(static_cast<unsigned>(rows.front())));
+}
+
+void TNativeListView::ShowOrder(TListColumn column, bool ascending)
+{
+    for (unsigned i = 0; i < GetColumnCount(); ++i)
+        if (static_cast<int>(i) != column)
+            GetColumn(i)->UnsetAsSortKey();
+    GetColumn(column)->SetSortOrder(ascending);
+}
+
+// A click into a cell that could be edited would edit it instead of selecting the row, and a double
+// click, too: only while it is wanted it can be.
+void TNativeListView::EditTitle(int row)
+{
+    m_isEditing = true;
+    GetColumn(lcTitle)->GetRenderer()->SetMode(wxDATAVIEW_CELL_EDITABLE);
+    EditItem(m_model->GetItem(static_cast<unsigned>(row)), GetColumn(lcTitle));
+}
+
+} // namespace
+
+TMuListView* NewListView(wxWindow* parent, TRows& rows, const wxString& name)
+{
+    return new TNativeListView(parent, rows, name);
+}
+
+} // namespace murala

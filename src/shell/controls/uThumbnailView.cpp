@@ -1,0 +1,352 @@
+#include "uThumbnailView.h"
+
+#include "uThumbnailCache.h"
+#include "uWindowSystem.h"
+#include "uWxBitmap.h"
+#include "uWxText.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <wx/app.h>
+#include <wx/dcbuffer.h>
+#include <wx/renderer.h>
+#include <wx/settings.h>
+#include <wx/stopwatch.h>
+#include <wx/textctrl.h>
+
+namespace murala
+{
+
+namespace
+{
+
+// DIPs.
+constexpr int CaptionWidth = 96, Margin = 6;
+// Milliseconds between two letters of one word.
+constexpr int TypingPause = 1000;
+
+} // namespace
+
+TMuThumbnailView::TMuThumbnailView(wxWindow* parent, TRows& rows, TThumbnails& thumbnails,
+                                   const wxString& name)
+    : wxScrolledCanvas(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                       wxVSCROLL | wxWANTS_CHARS | wxBORDER_THEME, name),
+      m_rows(rows), m_thumbnails(thumbnails)
+{
+    SetBackgroundStyle(wxBG_STYLE_PAINT);
+    SetSize(tsNormal);
+    BindEvents();
+}
+
+void TMuThumbnailView::BindEvents()
+{
+    Bind(wxEVT_PAINT, &TMuThumbnailView::OnPaint, this);
+    Bind(wxEVT_IDLE, &TMuThumbnailView::OnIdle, this);
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        Measure();
+    });
+    Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
+        event.Skip();
+        CallAfter(&TMuThumbnailView::Measure);
+    });
+    Bind(wxEVT_LEFT_DOWN, &TMuThumbnailView::OnClick, this);
+    Bind(wxEVT_RIGHT_DOWN, &TMuThumbnailView::OnRightClick, this);
+    Bind(wxEVT_LEFT_DCLICK, [this](wxMouseEvent& event) {
+        if (RowAt(event.GetPosition()) >= 0)
+            m_rows.UserActivates();
+    });
+    Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { m_rows.UserWantsMenu(); });
+    Bind(wxEVT_KEY_DOWN, &TMuThumbnailView::OnKey, this);
+    Bind(wxEVT_CHAR, &TMuThumbnailView::OnCharacter, this);
+    const auto refresh = [this](wxFocusEvent& event) {
+        event.Skip();
+        Refresh();
+    };
+    Bind(wxEVT_SET_FOCUS, refresh);
+    Bind(wxEVT_KILL_FOCUS, refresh);
+}
+
+void TMuThumbnailView::SetSize(TThumbnailSize size)
+{
+    const TSize pixels = ThumbnailDisplaySizes[std::clamp<int>(size, tsSmall, tsLarge)];
+    m_picture = FromDIP(wxSize(pixels.Width, pixels.Height));
+    Measure();
+    if (m_selection.Focused() >= 0)
+        BringIntoView(m_selection.Focused());
+}
+
+void TMuThumbnailView::Measure()
+{
+    const int margin = FromDIP(Margin);
+    m_cell = wxSize(std::max(m_picture.x, FromDIP(CaptionWidth)) + 2 * margin,
+                    m_picture.y + GetCharHeight() + 3 * margin);
+    const int lines = (m_rows.Count() + Columns() - 1) / Columns();
+    SetScrollRate(0, std::max(1, m_cell.y / 4));
+    SetVirtualSize(Columns() * m_cell.x, lines * m_cell.y);
+    Refresh();
+}
+
+int TMuThumbnailView::Columns() const
+{
+    return std::max(1, GetClientSize().x / std::max(1, m_cell.x));
+}
+
+wxRect TMuThumbnailView::CellRect(int row) const
+{
+    const wxPoint place(row % Columns() * m_cell.x, row / Columns() * m_cell.y);
+    return {CalcScrolledPosition(place), m_cell};
+}
+
+int TMuThumbnailView::RowAt(const wxPoint& point) const
+{
+    const wxPoint place = CalcUnscrolledPosition(point);
+    const int column = place.x / m_cell.x;
+    const int row = place.y / m_cell.y * Columns() + column;
+    return place.x >= 0 && place.y >= 0 && column < Columns() && row < m_rows.Count() ? row : -1;
+}
+
+std::vector<int> TMuThumbnailView::VisibleRows() const
+{
+    const int top = CalcUnscrolledPosition(wxPoint(0, 0)).y;
+    const int first = top / m_cell.y * Columns();
+    const int last = ((top + GetClientSize().y - 1) / m_cell.y + 1) * Columns();
+    std::vector<int> rows;
+    for (int row = first; row < std::min(last, m_rows.Count()); ++row)
+        rows.push_back(row);
+    return rows;
+}
+
+void TMuThumbnailView::ShowRows()
+{
+    EndEdit(false);
+    m_selection.Resize(m_rows.Count());
+    Measure();
+}
+
+void TMuThumbnailView::ShowSelection(const std::vector<int>& rows, int focusedRow)
+{
+    if (m_selection.Count() != m_rows.Count())
+        ShowRows();
+    m_selection.Set(rows, focusedRow);
+    if (rows.size() == 1)
+        BringIntoView(rows.front());
+    Refresh();
+    TellAccessibility();
+}
+
+void TMuThumbnailView::BringIntoView(int row)
+{
+    const wxRect cell = CellRect(row);
+    int unit = 1;
+    GetScrollPixelsPerUnit(nullptr, &unit);
+    const int height = GetClientSize().y;
+    const int beyond = cell.y < 0 ? cell.y : std::max(0, cell.GetBottom() + 1 - height);
+    if (beyond == 0)
+        return;
+    const int top = GetViewStart().y * unit + beyond;
+    Scroll(-1, beyond > 0 ? (top + unit - 1) / unit : top / unit);
+}
+
+void TMuThumbnailView::OnPaint(wxPaintEvent&)
+{
+    wxAutoBufferedPaintDC dc(this);
+    dc.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX));
+    dc.Clear();
+    if (m_selection.Count() != m_rows.Count())
+        return; // the rows are just changing
+    for (const int row : VisibleRows())
+        DrawCell(dc, row);
+}
+
+void TMuThumbnailView::DrawCell(wxDC& dc, int row)
+{
+    const wxRect cell = CellRect(row).Deflate(1);
+    const bool isSelected = m_selection.IsSelected(row);
+    if (isSelected) {
+        const auto colour = HasFocus() ? wxSYS_COLOUR_HIGHLIGHT : wxSYS_COLOUR_BTNSHADOW;
+        dc.SetPen(*wxTRANSPARENT_PEN);
+        dc.SetBrush(wxSystemSettings::GetColour(colour));
+        dc.DrawRectangle(cell);
+    }
+    const int margin = FromDIP(Margin);
+    const wxPoint corner(cell.x + (cell.width - m_picture.x) / 2, cell.y + margin);
+    DrawPicture(dc, wxRect(corner, m_picture), m_thumbnails.Thumbnail(row));
+    dc.SetFont(m_rows.IsCurrent(row) ? GetFont().Bold() : GetFont());
+    dc.SetTextForeground(wxSystemSettings::GetColour(isSelected ? wxSYS_COLOUR_HIGHLIGHTTEXT
+                                                                : wxSYS_COLOUR_LISTBOXTEXT));
+    const wxRect caption(cell.x + margin / 2, corner.y + m_picture.y + margin, cell.width - margin,
+                         GetCharHeight());
+    dc.DrawLabel(wxControl::Ellipsize(ToWx(m_rows.Text(row, lcTitle)), dc, wxELLIPSIZE_END,
+                                      caption.width, wxELLIPSIZE_FLAGS_NONE),
+                 caption, wxALIGN_CENTER);
+    if (row == m_selection.Focused() && HasFocus())
+        wxRendererNative::Get().DrawFocusRect(this, dc, cell);
+}
+
+void TMuThumbnailView::DrawPicture(wxDC& dc, const wxRect& frame, const TBitmap* picture)
+{
+    if (picture == nullptr) {
+        dc.SetPen(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNSHADOW));
+        dc.SetBrush(*wxTRANSPARENT_BRUSH);
+        dc.DrawRectangle(frame);
+        return;
+    }
+    const double scale = GetContentScaleFactor();
+    const wxSize pixels = frame.GetSize() * scale;
+    dc.DrawBitmap(wxBitmap(ToWxImage(*picture).Scale(pixels.x, pixels.y, wxIMAGE_QUALITY_BILINEAR),
+                           wxBITMAP_SCREEN_DEPTH, scale),
+                  frame.GetPosition());
+}
+
+void TMuThumbnailView::OnIdle(wxIdleEvent& event)
+{
+    event.Skip();
+    if (IsShownOnScreen() && m_rows.Count() > 0 && m_thumbnails.MakeNext(VisibleRows()))
+        event.RequestMore();
+}
+
+void TMuThumbnailView::Select(int row, TSelecting how)
+{
+    m_selection.Select(row, how);
+    BringIntoView(row);
+    Refresh();
+    TellAccessibility();
+    m_rows.UserSelects(m_selection.Rows(), row);
+}
+
+void TMuThumbnailView::OnClick(wxMouseEvent& event)
+{
+    SetFocus();
+    if (const int row = RowAt(event.GetPosition()); row >= 0)
+        return Select(row, event.ShiftDown() ? TSelecting::Range
+                           : event.CmdDown() ? TSelecting::Toggle
+                                             : TSelecting::Only);
+    m_selection.SelectNone();
+    Refresh();
+    m_rows.UserSelects({}, m_selection.Focused());
+}
+
+// The menu is for what lies under the pointer.
+void TMuThumbnailView::OnRightClick(wxMouseEvent& event)
+{
+    event.Skip();
+    SetFocus();
+    if (const int row = RowAt(event.GetPosition()); row >= 0 && !m_selection.IsSelected(row))
+        Select(row, TSelecting::Only);
+}
+
+int TMuThumbnailView::RowAfterKey(int key) const
+{
+    const int from = std::max(m_selection.Focused(), 0), last = m_rows.Count() - 1;
+    const int page = std::max(1, GetClientSize().y / m_cell.y) * Columns();
+    const std::pair<int, int> moves[] = {
+        {WXK_LEFT, from - 1},
+        {WXK_RIGHT, from + 1},
+        {WXK_UP, from - Columns()},
+        {WXK_DOWN, from + Columns()},
+        {WXK_PAGEUP, from - page},
+        {WXK_PAGEDOWN, from + page},
+        {WXK_HOME, 0},
+        {WXK_END, last},
+    };
+    for (const auto& [moving, row] : moves) {
+        if (key != moving)
+            continue;
+        // Up from the first line and down from the last go nowhere; pages and ends stop there.
+        const bool isStep = key == WXK_UP || key == WXK_DOWN;
+        return isStep && (row < 0 || row > last) ? from : std::clamp(row, 0, last);
+    }
+    return -1;
+}
+
+void TMuThumbnailView::OnKey(wxKeyEvent& event)
+{
+    const int row = m_rows.Count() > 0 && !event.AltDown() ? RowAfterKey(event.GetKeyCode()) : -1;
+    if (row >= 0)
+        Select(row, event.ShiftDown() ? TSelecting::Range
+                    : event.CmdDown() ? TSelecting::Focus
+                                      : TSelecting::Only);
+    else if (event.GetKeyCode() == WXK_SPACE && event.CmdDown() && m_selection.Focused() >= 0)
+        Select(m_selection.Focused(), TSelecting::Toggle);
+    else if (event.GetKeyCode() == WXK_TAB && !event.CmdDown())
+        Navigate(event.ShiftDown() ? 0 : wxNavigationKeyEvent::IsForward);
+    else if (event.GetKeyCode() == WXK_RETURN && event.GetModifiers() == wxMOD_NONE)
+        m_rows.UserActivates();
+    else
+        event.Skip();
+}
+
+// Typing finds the next title that begins so.
+void TMuThumbnailView::OnCharacter(wxKeyEvent& event)
+{
+    const wxChar letter = event.GetUnicodeKey();
+    const wxLongLong now = wxGetUTCTimeMillis();
+    if (letter < ' ' || letter == WXK_DELETE || event.AltDown() || event.CmdDown())
+        return event.Skip();
+    if (now - m_typedAt > TypingPause)
+        m_typed.clear();
+    m_typedAt = now;
+    m_typed += wxTolower(letter);
+    const int count = m_rows.Count(), from = std::max(m_selection.Focused(), 0);
+    // A first letter goes on from the focused one; more of them may still mean that one.
+    for (int i = m_typed.length() == 1 ? 1 : 0; i <= count && count > 0; ++i) {
+        const int row = (from + i) % count;
+        if (ToWx(m_rows.Text(row, lcTitle)).Lower().StartsWith(m_typed))
+            return Select(row, TSelecting::Only);
+    }
+}
+
+void TMuThumbnailView::EditTitle(int row)
+{
+    EndEdit(true);
+    BringIntoView(row);
+    const wxRect cell = CellRect(row);
+    m_editedRow = row;
+    m_editor = new wxTextCtrl(this, wxID_ANY, ToWx(m_rows.Text(row, lcTitle)), wxDefaultPosition,
+                              wxDefaultSize, wxTE_PROCESS_ENTER);
+    const int height = m_editor->GetBestSize().y;
+    m_editor->wxWindow::SetSize(cell.x, cell.GetBottom() - height, cell.width, height);
+    m_editor->SelectAll();
+    m_editor->SetFocus();
+    m_editor->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { EndEdit(true); });
+    m_editor->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+        event.Skip();
+        EndEdit(true);
+    });
+    m_editor->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+        if (event.GetKeyCode() == WXK_ESCAPE)
+            EndEdit(false);
+        else
+            event.Skip();
+    });
+}
+
+void TMuThumbnailView::EndEdit(bool isAccepted)
+{
+    wxTextCtrl* editor = std::exchange(m_editor, nullptr);
+    if (editor == nullptr)
+        return;
+    const wxString title = wxString(editor->GetValue()).Trim().Trim(false);
+    const bool hadFocus = editor->HasFocus();
+    editor->Hide();
+    wxTheApp->ScheduleForDestruction(editor); // it may be the one that called
+    if (hadFocus)
+        SetFocus();
+    if (isAccepted && !title.empty())
+        m_rows.UserRenames(m_editedRow, title.utf8_string());
+}
+
+void TMuThumbnailView::TellAccessibility()
+{
+    const int row = m_selection.Focused();
+    if (row < 0 || row >= m_rows.Count())
+        return;
+    const wxString state = m_selection.IsSelected(row) ? "selected" : "not selected";
+    const wxString current = m_rows.IsCurrent(row) ? ", on the desktop" : "";
+    SetAccessibleText(*this, ToWx(m_rows.Text(row, lcTitle)),
+                      wxString::Format("%s%s, %d of %d", state, current, row + 1, m_rows.Count()));
+}
+
+} // namespace murala

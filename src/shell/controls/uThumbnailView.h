@@ -1,0 +1,80 @@
+// The wallpapers as pictures with their titles below, in rows from the left to the right. Pictures
+// are made while nothing else is to be done, those on the screen and no others.
+#pragma once
+
+#include "uRowSelection.h"
+#include "uSettings.h"
+#include "uWallpaperView.h"
+
+#include "uBitmap.h"
+
+#include <wx/scrolwin.h>
+#include <wx/timer.h>
+
+class wxTextCtrl;
+
+namespace murala
+{
+
+// Where the pictures come from.
+class TThumbnails
+{
+public:
+    virtual ~TThumbnails() = default;
+    // Null while there is none.
+    virtual const TBitmap* Thumbnail(int row) = 0;
+    // One short step towards the pictures of these rows. Whether there is more to do.
+    virtual bool MakeNext(const std::vector<int>& rows) = 0;
+};
+
+class TMuThumbnailView : public wxScrolledCanvas, public TWallpaperView
+{
+public:
+    TMuThumbnailView(wxWindow* parent, TRows& rows, TThumbnails& thumbnails, const wxString& name);
+
+    void SetSize(TThumbnailSize size);
+
+    wxWindow& Window() override { return *this; }
+    void ShowRows() override;
+    void ShowTexts() override { Refresh(); }
+    void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
+    void TellSelection() override {}
+    void EditTitle(int row) override;
+    bool IsEditing() const override { return m_editor != nullptr; }
+
+    // Of the whole cell, in the window.
+    wxRect CellRect(int row) const;
+    int RowAt(const wxPoint& point) const; // -1: none
+    std::vector<int> VisibleRows() const;
+
+private:
+    using wxScrolledCanvas::SetSize;
+
+    void BindEvents();
+    void Measure();
+    int Columns() const;
+    void OnPaint(wxPaintEvent& event);
+    void DrawCell(wxDC& dc, int row);
+    void DrawPicture(wxDC& dc, const wxRect& frame, const TBitmap* picture);
+    void OnIdle(wxIdleEvent& event);
+    void OnClick(wxMouseEvent& event);
+    void OnRightClick(wxMouseEvent& event);
+    void OnKey(wxKeyEvent& event);
+    void OnCharacter(wxKeyEvent& event);
+    int RowAfterKey(int key) const; // -1: not a key that moves
+    void Select(int row, TSelecting how);
+    void BringIntoView(int row);
+    void EndEdit(bool isAccepted);
+    void TellAccessibility();
+
+    TRows& m_rows;
+    TThumbnails& m_thumbnails;
+    TRowSelection m_selection;
+    wxSize m_picture, m_cell;
+    wxTextCtrl* m_editor = nullptr;
+    int m_editedRow = -1;
+    wxString m_typed; // to find a title by its beginning
+    wxLongLong m_typedAt;
+};
+
+} // namespace murala

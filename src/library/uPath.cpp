@@ -109,6 +109,8 @@ bool FileExists(std::string_view path)
     const bool exists = HasFile(NativePath(path), error);
     if (error)
         throw EFileError("Cannot look for " + std::string(path) + ": " + error.message());
+    if (!exists && fs::is_directory(NativePath(path), error))
+        throw EFileError(std::string(path) + " is a folder");
     return exists;
 }
 

@@ -70,3 +70,45 @@ TEST_F(Storage, AnUnreadableListIsKeptBesideTheNewOne)
     EXPECT_EQ(m_murala->Core.List.Count(), 1);
     EXPECT_TRUE(m_view.Messages.empty());
 }
+
+TEST_F(Storage, SettingsThatCannotBeReadForAWhileAreNotReplacedByDefaults)
+{
+    m_murala->Core.Settings.ScheduleFrequency = 7;
+    AddPictures(2);
+    const std::string content = ReadWholeFile(m_folder.File(SettingsFileName));
+    Block(SettingsFileName);
+    Restart();
+    m_murala->LoadSettings({});
+    EXPECT_EQ(m_view.Messages.size(), 1U) << "told once";
+    m_murala->Storage.SaveList();
+    Unblock(SettingsFileName);
+    // What now is readable may still be what the first reading could not take.
+    m_murala->Storage.SaveList();
+    EXPECT_EQ(Copies(content), 1) << "kept under another name";
+}
+
+TEST_F(Storage, ASecondReadingThatFailsKeepsWhatTheFirstHadRead)
+{
+    m_murala->Core.Settings.ScheduleFrequency = 7;
+    AddPictures(1);
+    Restart();
+    Block(SettingsFileName);
+    m_murala->LoadSettings({});
+    Unblock(SettingsFileName);
+    EXPECT_EQ(m_murala->Core.Settings.ScheduleFrequency, 7);
+    m_murala->Storage.SaveList();
+    Restart();
+    EXPECT_EQ(m_murala->Core.Settings.ScheduleFrequency, 7);
+}
+
+TEST_F(Storage, AListThatCannotBeReachedIsNotAnEmptyOne)
+{
+    AddPictures(2);
+    const std::string content = ReadWholeFile(m_folder.File(ListFileName));
+    Block(ListFileName);
+    Restart();
+    EXPECT_EQ(m_view.Messages.size(), 1U);
+    Unblock(ListFileName);
+    m_murala->Close();
+    EXPECT_EQ(Copies(content), 1);
+}

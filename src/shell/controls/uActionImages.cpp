@@ -64,24 +64,24 @@ void DrawArrow(TPen& pen, double tip, double tail)
 }
 
 struct TDrawing {
-    std::string_view Name;
+    TActionId Action;
     void (*Draw)(TPen&);
 };
 
 const TDrawing Drawings[] = {
-    {"aAdd",
+    {aAdd,
      [](TPen& pen) {
          pen.Ink(Green, 2.5);
          pen.Lines({{8, 3}, {8, 13}});
          pen.Lines({{3, 8}, {13, 8}});
      }},
-    {"aRemove",
+    {aRemove,
      [](TPen& pen) {
          pen.Ink(Red, 2.5);
          pen.Lines({{4, 4}, {12, 12}});
          pen.Lines({{12, 4}, {4, 12}});
      }},
-    {"aApply",
+    {aApply,
      [](TPen& pen) {
          pen.Screen();
          pen.Ink(Green, 2.2);
@@ -89,9 +89,9 @@ const TDrawing Drawings[] = {
          pen.Ink(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT), 1);
          pen.Lines({{5, 14.5}, {11, 14.5}});
      }},
-    {"aNext", [](TPen& pen) { DrawArrow(pen, 13, 3); }},
-    {"aPrevious", [](TPen& pen) { DrawArrow(pen, 3, 13); }},
-    {"aDisplayNext",
+    {aNext, [](TPen& pen) { DrawArrow(pen, 13, 3); }},
+    {aPrevious, [](TPen& pen) { DrawArrow(pen, 3, 13); }},
+    {aDisplayNext,
      [](TPen& pen) {
          pen.Screen();
          pen.Fill(Blue);
@@ -101,7 +101,7 @@ const TDrawing Drawings[] = {
          pen.Box(8.5, 4, 4.5, 3);
          pen.Box(3, 8, 4.5, 3);
      }},
-    {"aTransparentIcons",
+    {aTransparentIcons,
      [](TPen& pen) {
          pen.Fill(Blue);
          pen.Box(5, 2, 6, 6);
@@ -111,7 +111,16 @@ const TDrawing Drawings[] = {
          pen.Lines({{12, 11.5}, {13.5, 11.5}});
          pen.Lines({{4.5, 14}, {11.5, 14}});
      }},
-    {"aSchedule",
+    {aNextView,
+     [](TPen& pen) {
+         for (const double y : {3.0, 7.0, 11.0}) {
+             pen.Fill(y == 7.0 ? Amber : Blue);
+             pen.Box(2, y, 4, 3);
+             pen.Ink(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT), 1);
+             pen.Lines({{8, y + 1.5}, {14, y + 1.5}});
+         }
+     }},
+    {aSchedule,
      [](TPen& pen) {
          pen.Ink(Blue, 1.5);
          pen.Lines({{8, 2},
@@ -159,10 +168,10 @@ private:
 
 } // namespace
 
-wxBitmapBundle ActionImage(std::string_view actionName, int side)
+wxBitmapBundle ActionImage(TActionId action, int side)
 {
     for (const TDrawing& drawing : Drawings)
-        if (drawing.Name == actionName)
+        if (drawing.Action == action)
             return wxBitmapBundle::FromImpl(new TDrawnImage(drawing, side));
     return {};
 }

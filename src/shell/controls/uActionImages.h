@@ -1,7 +1,7 @@
 // Pictures for the program's actions, drawn as lines at whatever size the screen needs.
 #pragma once
 
-#include <string_view>
+#include "uActionList.h"
 
 #include <wx/bmpbndl.h>
 
@@ -9,6 +9,6 @@ namespace murala
 {
 
 // An empty bundle for an action without a picture. `side` is the picture's nominal side in DIPs.
-wxBitmapBundle ActionImage(std::string_view actionName, int side);
+wxBitmapBundle ActionImage(TActionId action, int side);
 
 } // namespace murala

@@ -102,7 +102,7 @@ void TActionBinder::FillToolBar(wxToolBar& bar, TLayout layout)
         const TAction& action = m_actions[part.Action];
         if (action.IsOffered())
             bar.AddTool(IdOf(action.Id), PlainCaption(action.Caption),
-                        ActionImage(action.Name, ToolImageSide), ToWx(action.Hint),
+                        ActionImage(action.Id, ToolImageSide), ToWx(action.Hint),
                         action.Checkable ? wxITEM_CHECK : wxITEM_NORMAL);
     }
     bar.Realize();
@@ -120,7 +120,7 @@ wxButton* TActionBinder::NewButton(wxWindow* parent, TActionId action, const wxS
 wxButton* TActionBinder::NewSpeedButton(wxWindow* parent, TActionId action, const wxString& name)
 {
     wxButton* button = NewButton(parent, action, name);
-    button->SetBitmap(ActionImage(m_actions[action].Name, SpeedButtonImageSide));
+    button->SetBitmap(ActionImage(action, SpeedButtonImageSide));
     return button;
 }
 

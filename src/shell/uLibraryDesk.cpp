@@ -4,9 +4,15 @@
 #include "uText.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace murala
 {
+
+namespace
+{
+constexpr int TellEach = 64;
+}
 
 bool TLibraryDesk::AddFile(const std::string& fileName, const std::string& category)
 {
@@ -24,19 +30,23 @@ bool TLibraryDesk::AddFile(const std::string& fileName, const std::string& categ
 
 int TLibraryDesk::AddFiles(const std::vector<std::string>& fileNames, const std::string& category)
 {
-    const TBusyScope busy(m_core.View);
+    const TPauseScope pause(m_core.Pauses);
     const int range = static_cast<int>(fileNames.size());
     int added = 0;
-    for (int i = 0; i < range; ++i) {
-        const std::string& fileName = fileNames[static_cast<std::size_t>(i)];
-        // Telling every single file would take longer than adding it.
-        if (i % 64 == 0) {
-            m_core.View.SetStatus(FormatText("Loading images (%s)", {FileNamePart(fileName)}));
-            m_core.View.ShowProgress(i, range);
+    {
+        const TBusyScope busy(m_core.View);
+        const auto work = m_core.View.BeginWork(range);
+        for (int i = 0; i < range; ++i) {
+            const std::string& fileName = fileNames[static_cast<std::size_t>(i)];
+            const std::string text = FormatText("Loading images (%s)", {FileNamePart(fileName)});
+            // Telling every single file would take longer than adding it.
+            if (i % TellEach == 0)
+                m_core.View.SetStatus(text);
+            if (i % TellEach == 0 && !work->Step(i, text))
+                break;
+            added += AddFile(fileName, category) ? 1 : 0;
         }
-        added += AddFile(fileName, category) ? 1 : 0;
     }
-    m_core.View.ShowProgress(0, 0);
     if (added > 0)
         m_core.Listeners.Tell(&TListener::RowsChanged);
     // Also when all were known: the status line still tells of the loading.
@@ -79,6 +89,44 @@ void TLibraryDesk::Rename(TMuWallpaper& item, const std::string& title)
         return;
     item.Title = title;
     m_core.Listeners.Tell(&TListener::ItemsChanged, TItems{&item});
+    m_storage.SaveList();
+}
+
+void TLibraryDesk::Retitle(const TItems& items)
+{
+    const TPauseScope pause(m_core.Pauses);
+    {
+        const auto work = m_core.View.BeginWork(static_cast<int>(items.size()));
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            const std::string title = MakeTitle(items[i]->FileName(), m_core.Settings.Titles);
+            if (i % TellEach == 0 &&
+                !work->Step(static_cast<int>(i),
+                            FormatText("Renaming Wallpaper:%s%s", {"\n", title})))
+                break;
+            items[i]->Title = title;
+        }
+        work->Step(static_cast<int>(items.size()), "Saving Wallpaper List...");
+    }
+    m_core.Listeners.Tell(&TListener::ItemsChanged, items);
+    m_storage.SaveList();
+}
+
+std::vector<std::string> TLibraryDesk::Categories() const
+{
+    std::vector<std::string> categories;
+    std::unordered_set<std::string_view> known;
+    for (int row = 0; row < m_core.List.Count(); ++row)
+        if (const std::string& category = m_core.List.Item(row).Category;
+            known.insert(category).second)
+            categories.push_back(category);
+    return categories;
+}
+
+void TLibraryDesk::SetCategory(const TItems& items, const std::string& category)
+{
+    for (TMuWallpaper* item : items)
+        item->Category = category;
+    m_core.Listeners.Tell(&TListener::ItemsChanged, items);
     m_storage.SaveList();
 }
 

@@ -22,6 +22,11 @@ public:
     void RememberFolder(const std::string& folder);
     void RemoveSelected();
     void Rename(TMuWallpaper& item, const std::string& title);
+    // Titles made anew from the file names; those that are made when the user ends it stay.
+    void Retitle(const TItems& items);
+    // In the order in which they first occur.
+    std::vector<std::string> Categories() const;
+    void SetCategory(const TItems& items, const std::string& category);
 
     // The same column again inverts the direction; another one keeps it.
     void SortByColumn(TListColumn column);

@@ -26,6 +26,8 @@ public:
     virtual void CurrentChanged() {}
     // The preview is out of date; `loadPicture`: its picture, too.
     virtual void PreviewChanged(bool /*loadPicture*/) {}
+    // The user has confirmed another configuration.
+    virtual void SettingsChanged() {}
     // A pause began or ended.
     virtual void PauseChanged() {}
 };

@@ -3,10 +3,19 @@
 
 #include "uSettings.h"
 
+#include <memory>
 #include <string>
 
 namespace murala
 {
+
+class TLongWork
+{
+public:
+    virtual ~TLongWork() = default; // the work has ended
+    // `position` steps are done; `text` says what comes next. False: the user wants it to end here.
+    virtual bool Step(int position, const std::string& text) = 0;
+};
 
 class TMainView
 {
@@ -16,8 +25,9 @@ public:
     // A message box, waiting for the user. Messages are let through meanwhile.
     virtual void ShowMessage(const std::string& text) = 0;
     virtual void SetStatus(const std::string& text) = 0;
-    // Long work: `position` of `range`; a range of 0 ends it.
-    virtual void ShowProgress(int position, int range) = 0;
+    // Long work of so many steps: shows how far it is while it lasts. Messages are let through
+    // meanwhile, so the caller holds a pause.
+    virtual std::unique_ptr<TLongWork> BeginWork(int range) = 0;
     // The hourglass, nested.
     virtual void SetBusy(bool busy) = 0;
     // Takes the window's input away and gives it back, nested, with the focus where it was.

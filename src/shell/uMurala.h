@@ -3,6 +3,7 @@
 #pragma once
 
 #include "uApplier.h"
+#include "uConfigurator.h"
 #include "uCore.h"
 #include "uItemEditor.h"
 #include "uLibraryDesk.h"
@@ -27,6 +28,7 @@ public:
     TItemEditor Editor{Core, Storage, Applier, Preview};
     TTicker Ticker{Core, Storage, Applier};
     TSessionEntry Session{Core, Storage, Desk};
+    TConfigurator Configurator{Core, Storage, Desk, Session, Ticker, Thumbnails};
 
     TMurala(const TServices& services, TMainView& view) : Core(services, view) {}
 

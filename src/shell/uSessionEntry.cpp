@@ -2,6 +2,8 @@
 
 #include "uShellIntegration.h"
 
+#include <utility>
+
 namespace murala
 {
 
@@ -49,8 +51,9 @@ void TSessionEntry::SetNextOnStartup(bool next)
 void TSessionEntry::SetShellIntegration(bool integrated)
 {
     murala::SetShellIntegration(m_core.Services.FileMenu, integrated);
-    m_isShellIntegrated = murala::IsShellIntegrated(m_core.Services.FileMenu);
-    if (!integrated)
+    const bool was =
+        std::exchange(m_isShellIntegrated, murala::IsShellIntegrated(m_core.Services.FileMenu));
+    if (!integrated || was)
         return;
     if (const std::string problem = ShellIntegrationProblem(); !problem.empty())
         m_core.Tell(problem);

@@ -1,5 +1,7 @@
 #include "uSchedule.h"
 
+#include "uText.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -34,6 +36,27 @@ bool IsChangeDue(const TScheduleSettings& schedule, TDateTime lastChange, TDateT
 TDateTime LastChangeBefore(TDateTime lastChange, TDateTime now)
 {
     return std::min(lastChange, now);
+}
+
+std::string DescribeSchedule(const TScheduleSettings& schedule)
+{
+    if (!schedule.Use)
+        return "The wallpaper does not change by itself.";
+    const auto units = static_cast<std::size_t>(std::clamp<int>(schedule.Units, suWeek, suMinute));
+    const int frequency = std::max(schedule.Frequency, 1);
+    std::string text =
+        FormatText("The wallpaper changes after %d %s",
+                   {std::to_string(frequency),
+                    frequency > 1 ? ScheduleUnitPluralNames[units] : ScheduleUnitNames[units]});
+    if (units == suWeek)
+        text += FormatText(", on %s", {WeekdayNames[std::clamp(schedule.On, 0, 6)]});
+    if (units <= suDay) {
+        const TDateParts at = DecodeDateTime(TimeOf(schedule.At));
+        const std::string minute = std::to_string(at.Minute);
+        text +=
+            FormatText(" at %d:%s%s", {std::to_string(at.Hour), at.Minute < 10 ? "0" : "", minute});
+    }
+    return text + ".";
 }
 
 TScheduleSettings ScheduleOf(const TMuSettings& settings)

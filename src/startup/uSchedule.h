@@ -4,6 +4,7 @@
 #include "uDateTime.h"
 #include "uSettings.h"
 
+#include <string>
 #include <string_view>
 
 namespace murala
@@ -31,6 +32,9 @@ bool IsChangeDue(const TScheduleSettings& schedule, TDateTime lastChange, TDateT
 // The moment that intervals are counted from. A last change in the future (the clock was set back)
 // would stop the schedule until then: it is counted from now.
 TDateTime LastChangeBefore(TDateTime lastChange, TDateTime now);
+
+// For the user: "The wallpaper changes after 2 Weeks, on Monday at 12:00".
+std::string DescribeSchedule(const TScheduleSettings& schedule);
 
 TScheduleSettings ScheduleOf(const TMuSettings& settings);
 void SetScheduleOf(TMuSettings& settings, const TScheduleSettings& schedule);

@@ -318,7 +318,7 @@ TEST_F(MainWindow, WhatComesInDuringADialogWaitsForItsEnd)
     });
     inDialog.StartOnce(200);
     const wxWeakRef<TfMain> main(m_main);
-    m_main->Actions().Execute(aSchedule);
+    m_main->Actions().Execute(aConfiguration);
     EXPECT_TRUE(PumpUntil([&] { return !main; })) << "it was asked to close";
     m_main = nullptr;
     m_messages.AreShown = false;

@@ -17,6 +17,8 @@ struct TFakeMainView : TMainView {
     int Busy = 0;
     int Disabled = 0;
     bool Visible = true;
+    int WorkEndsAt = 1 << 30; // where the user ends long work
+    std::string WorkText;
 
     void ShowMessage(const std::string& text) override
     {
@@ -26,7 +28,19 @@ struct TFakeMainView : TMainView {
             OnMessage();
     }
     void SetStatus(const std::string& text) override { Status = text; }
-    void ShowProgress(int, int) override {}
+    std::unique_ptr<TLongWork> BeginWork(int) override
+    {
+        struct TWork : TLongWork {
+            explicit TWork(TFakeMainView& view) : View(view) {}
+            bool Step(int position, const std::string& text) override
+            {
+                View.WorkText = text;
+                return position < View.WorkEndsAt;
+            }
+            TFakeMainView& View;
+        };
+        return std::make_unique<TWork>(*this);
+    }
     void SetBusy(bool busy) override { Busy += busy ? 1 : -1; }
     void EnableWindow(bool enable) override { Disabled += enable ? -1 : 1; }
     bool IsWindowVisible() override { return Visible; }

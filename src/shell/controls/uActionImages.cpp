@@ -120,21 +120,6 @@ const TDrawing Drawings[] = {
              pen.Lines({{8, y + 1.5}, {14, y + 1.5}});
          }
      }},
-    {aSchedule,
-     [](TPen& pen) {
-         pen.Ink(Blue, 1.5);
-         pen.Lines({{8, 2},
-                    {12.2, 3.8},
-                    {14, 8},
-                    {12.2, 12.2},
-                    {8, 14},
-                    {3.8, 12.2},
-                    {2, 8},
-                    {3.8, 3.8},
-                    {8, 2}});
-         pen.Ink(Amber, 1.8);
-         pen.Lines({{8, 4.5}, {8, 8}, {10.5, 9.5}});
-     }},
 };
 
 // Draws the picture anew for each size that is asked for.

@@ -120,7 +120,7 @@ void TfMain::BuildMenuBar()
                          aLargeSize, "<"});
     m_binder.AppendMenu(*bar, "&Options",
                         {aDesktopColor, aTransparentIcons, "-", aStartAtStartup, aApplyOnStartup,
-                         aNextOnStartup, "-", aShellIntegration, "-", aSchedule, aConfiguration});
+                         aNextOnStartup, "-", aConfiguration});
     m_binder.AppendMenu(*bar, "&Help", {aMuralaHelp, aDisplayProperties, "-", aAbout});
     SetMenuBar(bar);
 }

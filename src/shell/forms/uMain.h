@@ -55,7 +55,8 @@ private:
     void aAddExecute();
     void aDesktopColorExecute();
     void aAboutExecute();
-    void aScheduleExecute();
+    void aConfigurationExecute();
+    void aChangeCategoryExecute();
     void SetPreviewSize(TPreviewSize size);
     void SetViewMode(TViewMode mode);
     void SetThumbnailSize(TThumbnailSize size);
@@ -84,7 +85,7 @@ private:
     // TMainView.
     void ShowMessage(const std::string& text) override;
     void SetStatus(const std::string& text) override;
-    void ShowProgress(int position, int range) override;
+    std::unique_ptr<TLongWork> BeginWork(int range) override;
     void SetBusy(bool busy) override;
     void EnableWindow(bool enable) override;
     bool IsWindowVisible() override;
@@ -96,6 +97,7 @@ private:
     void SelectionChanged() override;
     void CurrentChanged() override;
     void PreviewChanged(bool loadPicture) override;
+    void SettingsChanged() override { StartSchedule(); }
     void PauseChanged() override;
 
     TMurala m_murala;

@@ -2,9 +2,10 @@
 
 #include "uMain.h"
 
+#include "uCategory.h"
+#include "uConfiguration.h"
 #include "uPath.h"
 #include "uPreviewSizes.h"
-#include "uWallpaperSchedule.h"
 #include "uWxBitmap.h"
 
 #include "../resources/murala.xpm"
@@ -74,6 +75,7 @@ void TfMain::BindWallpaperActions()
     bindItem(aRefreshThumbnail, [this](TMuWallpaper&) { m_wallpapers->RefreshThumbnails(); });
     bindItem(aShellOpen, [this](TMuWallpaper& i) { m_murala.Session.Open(i, TShellVerb::Open); });
     bindItem(aShellEdit, [this](TMuWallpaper& i) { m_murala.Session.Open(i, TShellVerb::Edit); });
+    bindItem(aChangeCategory, [this](TMuWallpaper&) { aChangeCategoryExecute(); });
     bindItem(aDesktopColor, [this](TMuWallpaper&) { aDesktopColorExecute(); });
 }
 
@@ -153,11 +155,7 @@ void TfMain::BindSystemActions()
     TSessionEntry& session = m_murala.Session;
     const TMuSettings& settings = m_murala.Core.Settings;
     alMain[aDisplayProperties].OnExecute = [&session] { session.OpenDisplayProperties(); };
-    alMain[aSchedule].OnExecute = [this] { aScheduleExecute(); };
-
-    TAction& shell = alMain[aShellIntegration];
-    shell.OnExecute = [&session] { session.SetShellIntegration(!session.IsShellIntegrated()); };
-    shell.OnChecked = [&session] { return session.IsShellIntegrated(); };
+    alMain[aConfiguration].OnExecute = [this] { aConfigurationExecute(); };
 
     TAction& start = alMain[aStartAtStartup];
     start.OnExecute = [&session] { session.SetStartAtStartup(!session.StartAtStartup()); };
@@ -225,13 +223,19 @@ void TfMain::aAboutExecute()
     wxAboutBox(info, this);
 }
 
-void TfMain::aScheduleExecute()
+void TfMain::aConfigurationExecute()
 {
-    TfSchedule dialog(this, ScheduleOf(m_murala.Core.Settings),
-                      m_murala.Core.Settings.LastChangeDate);
+    TfConfiguration dialog(this, m_murala, alMain);
     if (RunModal(dialog) == wxID_OK)
-        m_murala.Ticker.SetSchedule(dialog.Schedule());
-    StartSchedule();
+        m_murala.Configurator.Confirm(dialog.Configuration());
+}
+
+void TfMain::aChangeCategoryExecute()
+{
+    const TItems items = m_murala.Core.Selection.Items();
+    TfCategory dialog(this, m_murala.Desk.Categories(), m_murala.Core.Selection.Item()->Category);
+    if (RunModal(dialog) == wxID_OK)
+        m_murala.Desk.SetCategory(items, dialog.Category());
 }
 
 void TfMain::SetPreviewSize(TPreviewSize size)

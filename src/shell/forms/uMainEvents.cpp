@@ -4,6 +4,7 @@
 
 #include "uCallLater.h"
 #include "uPath.h"
+#include "uProgress.h"
 #include "uText.h"
 
 #include <algorithm>
@@ -197,17 +198,44 @@ void TfMain::SetStatus(const std::string& text)
         pStatusText->SetLabel(label);
 }
 
-void TfMain::ShowProgress(int position, int range)
+namespace
 {
-    if (pbMain->IsShown() != (range > 0)) {
-        pbMain->Show(range > 0);
-        pbMain->GetParent()->Layout();
+
+// The bar in the bottom panel, and the dialog in which the user can end the work.
+class TMainWork : public TLongWork
+{
+public:
+    TMainWork(wxWindow* window, wxGauge& bar, int range)
+        : m_bar(bar), m_dialog(window->IsShownOnScreen() ? window : nullptr, range)
+    {
+        m_bar.SetRange(std::max(range, 1));
+        Show(true);
     }
-    if (range > 0) {
-        pbMain->SetRange(range);
-        pbMain->SetValue(position);
-        pbMain->GetParent()->Update();
+    ~TMainWork() override { Show(false); }
+
+    bool Step(int position, const std::string& text) override
+    {
+        m_bar.SetValue(std::min(position, m_bar.GetRange()));
+        m_bar.GetParent()->Update();
+        return m_dialog.Step(position, text);
     }
+
+private:
+    void Show(bool show)
+    {
+        m_bar.Show(show);
+        m_bar.GetParent()->Layout();
+    }
+
+    wxGauge& m_bar;
+    TProgressDialog m_dialog;
+};
+
+} // namespace
+
+std::unique_ptr<TLongWork> TfMain::BeginWork(int range)
+{
+    return std::make_unique<TMainWork>(this, *pbMain, range);
 }
 
 void TfMain::SetBusy(bool busy)

@@ -2,10 +2,12 @@
 
 #include "uWxText.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <wx/frame.h>
 #include <wx/panel.h>
+#include <wx/progdlg.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
@@ -15,7 +17,9 @@ namespace murala
 namespace
 {
 constexpr std::chrono::milliseconds Patience{300};
-}
+// The window does not answer for so long at the most.
+constexpr std::chrono::milliseconds Answering{60};
+} // namespace
 
 TfProgress::TfProgress(std::string text) : m_text(std::move(text))
 {
@@ -43,6 +47,27 @@ void TfProgress::Step()
     m_window->CentreOnScreen();
     m_window->Show();
     m_window->Update();
+}
+
+TProgressDialog::TProgressDialog(wxWindow* parent, int range) : m_parent(parent), m_range(range)
+{
+}
+
+TProgressDialog::~TProgressDialog() = default;
+
+bool TProgressDialog::Step(int position, const std::string& text)
+{
+    const auto now = std::chrono::steady_clock::now();
+    if (m_isCancelled || now - m_lastTold < Answering)
+        return !m_isCancelled;
+    if (m_dialog == nullptr)
+        m_dialog = std::make_unique<wxProgressDialog>(
+            "Please Wait", ToWx(text), std::max(m_range, 1), m_parent,
+            wxPD_APP_MODAL | wxPD_CAN_ABORT | wxPD_SMOOTH);
+    // The bar's end would close it.
+    m_isCancelled = !m_dialog->Update(std::min(position, m_range - 1), ToWx(text));
+    m_lastTold = std::chrono::steady_clock::now();
+    return !m_isCancelled;
 }
 
 } // namespace murala

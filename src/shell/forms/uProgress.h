@@ -1,14 +1,20 @@
-// The small window that shows that long work goes on.
+// The windows that show that long work goes on.
 #pragma once
 
+#include "uMainView.h"
+
 #include <chrono>
+#include <memory>
 #include <string>
 
 class wxFrame;
+class wxProgressDialog;
+class wxWindow;
 
 namespace murala
 {
 
+// While the program starts; only once that takes so long that the user wonders.
 class TfProgress
 {
 public:
@@ -17,13 +23,30 @@ public:
     TfProgress& operator=(const TfProgress&) = delete;
     ~TfProgress();
 
-    // The work goes on: shows the window once it has taken so long that the user wonders.
+    // The work goes on.
     void Step();
 
 private:
     std::string m_text;
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
     wxFrame* m_window = nullptr;
+};
+
+// Work that the user can end; the window comes up when the work takes longer than a moment.
+class TProgressDialog : public TLongWork
+{
+public:
+    TProgressDialog(wxWindow* parent, int range);
+    ~TProgressDialog() override;
+
+    bool Step(int position, const std::string& text) override;
+
+private:
+    wxWindow* m_parent;
+    int m_range;
+    std::chrono::steady_clock::time_point m_lastTold = std::chrono::steady_clock::now();
+    std::unique_ptr<wxProgressDialog> m_dialog;
+    bool m_isCancelled = false;
 };
 
 } // namespace murala

@@ -1,0 +1,72 @@
+#include "uConfigurator.h"
+
+#include "uText.h"
+
+namespace murala
+{
+
+TConfiguration TConfigurator::Present() const
+{
+    return {m_core.Settings, m_session.StartAtStartup(), m_session.IsShellIntegrated()};
+}
+
+// What the dialog shows; the rest may have changed meanwhile.
+void TConfigurator::TakeSettings(const TMuSettings& settings)
+{
+    TMuSettings& own = m_core.Settings;
+    own.Titles = settings.Titles;
+    own.StickyEdges = settings.StickyEdges;
+    own.UseWallpaperCategories = settings.UseWallpaperCategories;
+    own.RefreshIcons = settings.RefreshIcons;
+    own.DefaultTransparentIcons = settings.DefaultTransparentIcons;
+}
+
+void TConfigurator::Confirm(const TConfiguration& configuration)
+{
+    TakeSettings(configuration.Settings);
+    m_session.SetApplyOnStartup(configuration.Settings.ApplyOnStartup);
+    m_session.SetNextOnStartup(configuration.Settings.NextOnStartup);
+    m_session.SetStartAtStartup(configuration.StartAtStartup);
+    m_session.SetShellIntegration(configuration.ShellIntegration);
+    m_ticker.SetSchedule(ScheduleOf(configuration.Settings));
+    m_core.Listeners.Tell(&TListener::SettingsChanged);
+    TItems items;
+    if (configuration.Retitle == TRetitle::Selected)
+        items = m_core.Selection.Items();
+    else if (configuration.Retitle == TRetitle::All)
+        for (int row = 0; row < m_core.List.Count(); ++row)
+            items.push_back(&m_core.List.Item(row));
+    if (!items.empty())
+        m_desk.Retitle(items);
+}
+
+void TConfigurator::DeleteThumbnailCache()
+{
+    m_thumbnails.DeleteThumbnailCache();
+}
+
+void TConfigurator::RefreshAllThumbnails()
+{
+    const TPauseScope pause(m_core.Pauses);
+    const int range = m_core.List.Count();
+    TThumbnailRefresh refresh(m_thumbnails, m_core.List);
+    {
+        const auto work = m_core.View.BeginWork(range);
+        while (refresh.Position() < range) {
+            const std::string& title = m_core.List.Item(refresh.Position()).Title;
+            if (!work->Step(refresh.Position(),
+                            FormatText("Refreshing Thumbnail:%s%s", {"\n", title})) ||
+                !refresh.Step())
+                break;
+        }
+    }
+    m_storage.SaveSettings(AllSaveFlags);
+    m_core.Listeners.Tell(&TListener::RowsChanged);
+    m_core.Listeners.Tell(&TListener::SelectionChanged);
+    if (!refresh.Errors().empty())
+        m_core.Tell(
+            FormatText("%d thumbnails could not be made.\n\n%s",
+                       {std::to_string(refresh.Errors().size()), refresh.Errors().front()}));
+}
+
+} // namespace murala

@@ -1,0 +1,51 @@
+// What the configuration dialog edits, in one piece, and what confirming it does.
+#pragma once
+
+#include "uLibraryDesk.h"
+#include "uSessionEntry.h"
+#include "uThumbnailCache.h"
+#include "uTicker.h"
+
+namespace murala
+{
+
+enum class TRetitle { None, Selected, All };
+
+struct TConfiguration {
+    TMuSettings Settings;
+    bool StartAtStartup = false;
+    bool ShellIntegration = false;
+    TRetitle Retitle = TRetitle::None; // done once, when the dialog is confirmed
+};
+
+class TConfigurator
+{
+public:
+    TConfigurator(TCore& core, TStorage& storage, TLibraryDesk& desk, TSessionEntry& session,
+                  TTicker& ticker, TThumbnailCache& thumbnails)
+        : m_core(core), m_storage(storage), m_desk(desk), m_session(session), m_ticker(ticker),
+          m_thumbnails(thumbnails)
+    {
+    }
+
+    TConfiguration Present() const;
+    // The schedule counts from now on.
+    void Confirm(const TConfiguration& configuration);
+
+    TThumbnailStatistics ThumbnailStatistics() { return m_thumbnails.Statistics(); }
+    void DeleteThumbnailCache();
+    // Tells what could not be made. What is made when the user ends it stays.
+    void RefreshAllThumbnails();
+
+private:
+    void TakeSettings(const TMuSettings& settings);
+
+    TCore& m_core;
+    TStorage& m_storage;
+    TLibraryDesk& m_desk;
+    TSessionEntry& m_session;
+    TTicker& m_ticker;
+    TThumbnailCache& m_thumbnails;
+};
+
+} // namespace murala

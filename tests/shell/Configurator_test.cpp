@@ -1,0 +1,82 @@
+#include "MuralaFixture.h"
+
+using namespace murala;
+
+using Configurator = TMuralaFixture;
+
+TEST_F(Configurator, ConfirmingSetsWhatTheDialogShowsAndNothingElse)
+{
+    AddPictures(2);
+    TConfiguration configuration = m_murala->Configurator.Present();
+    configuration.StartAtStartup = true;
+    configuration.ShellIntegration = true;
+    configuration.Settings.ApplyOnStartup = true;
+    configuration.Settings.NextOnStartup = true;
+    configuration.Settings.StickyEdges = false;
+    configuration.Settings.UseSchedule = true;
+    configuration.Settings.ScheduleUnits = suHour;
+    configuration.Settings.Titles.MaxTitleLength = 12;
+    // While the dialog stood.
+    m_murala->Desk.RememberFolder("elsewhere");
+    m_murala->Core.Settings.PreviewSize = psLarge;
+    m_services.Clock.Time += 3;
+    m_murala->Configurator.Confirm(configuration);
+    Restart();
+    const TMuSettings& settings = m_murala->Core.Settings;
+    EXPECT_TRUE(m_murala->Session.StartAtStartup());
+    EXPECT_TRUE(m_murala->Session.IsShellIntegrated());
+    EXPECT_EQ(m_services.Autostart.Commands.begin()->second,
+              m_services.ProgramFolder + "murala /apply");
+    EXPECT_TRUE(settings.ApplyOnStartup && settings.NextOnStartup && settings.UseSchedule);
+    EXPECT_FALSE(settings.StickyEdges);
+    EXPECT_EQ(settings.ScheduleUnits, suHour);
+    EXPECT_EQ(settings.Titles.MaxTitleLength, 12);
+    EXPECT_NEAR(settings.LastChangeDate, m_services.Clock.Time, 1e-5) << "counted from now";
+    EXPECT_EQ(settings.WallpaperPath, "elsewhere");
+    EXPECT_EQ(settings.PreviewSize, psLarge);
+    EXPECT_EQ(m_murala->Core.List.Item(0).Title, "Picture0") << "only new titles follow the rules";
+}
+
+TEST_F(Configurator, TitlesAreMadeAnewUntilTheUserEndsIt)
+{
+    AddPictures(200);
+    TConfiguration configuration = m_murala->Configurator.Present();
+    configuration.Settings.Titles.ConvertList = {{"Picture", "Photo"}};
+    configuration.Retitle = TRetitle::Selected;
+    Select(3);
+    m_murala->Configurator.Confirm(configuration);
+    EXPECT_EQ(Item(3).Title, "Photo3");
+    EXPECT_EQ(Item(2).Title, "Picture2");
+    configuration.Retitle = TRetitle::All;
+    m_view.WorkEndsAt = 128;
+    m_murala->Configurator.Confirm(configuration);
+    EXPECT_EQ(Item(127).Title, "Photo127");
+    EXPECT_EQ(Item(128).Title, "Picture128");
+    EXPECT_EQ(m_view.WorkText, "Saving Wallpaper List...");
+    Restart();
+    EXPECT_EQ(Item(127).Title, "Photo127") << "what was done is kept";
+}
+
+TEST_F(Configurator, ThumbnailsAreMadeAnewAndDeleted)
+{
+    AddPictures(3);
+    m_murala->Desk.AddFiles({m_services.ProgramFolder + "Missing.jpg"});
+    m_murala->Configurator.RefreshAllThumbnails();
+    EXPECT_EQ(m_murala->Configurator.ThumbnailStatistics().Count, 3);
+    ASSERT_EQ(m_view.Messages.size(), 1U) << "what could not be made";
+    m_murala->Configurator.DeleteThumbnailCache();
+    EXPECT_EQ(m_murala->Configurator.ThumbnailStatistics().Count, 0);
+}
+
+TEST_F(Configurator, CategoriesComeInTheOrderOfTheListAndAreSetForMany)
+{
+    m_murala->Desk.AddFiles({Picture("A.bmp")}, "Sea");
+    m_murala->Desk.AddFiles({Picture("B.bmp")}, "Sky");
+    m_murala->Desk.AddFiles({Picture("C.bmp")}, "sea");
+    m_murala->Desk.AddFiles({Picture("D.bmp")}, "Sea");
+    EXPECT_EQ(m_murala->Desk.Categories(), (std::vector<std::string>{"Sea", "Sky", "sea"}));
+    m_murala->Core.Selection.SelectRows({0, 2}, 0);
+    m_murala->Desk.SetCategory(Selected(), "Ice");
+    Restart();
+    EXPECT_EQ(m_murala->Desk.Categories(), (std::vector<std::string>{"Ice", "Sky", "Sea"}));
+}

@@ -1,6 +1,9 @@
 #include "uSessionEntry.h"
 
+#include "uPath.h"
 #include "uShellIntegration.h"
+#include "uShippedFile.h"
+#include "uText.h"
 
 #include <utility>
 
@@ -71,6 +74,33 @@ void TSessionEntry::ImportQueuedFiles()
 void TSessionEntry::Open(const TMuWallpaper& item, TShellVerb verb)
 {
     m_core.Services.Launcher.Execute(verb, item.FileName(), "");
+}
+
+void TSessionEntry::OpenShipped(std::string_view name)
+{
+    const auto file = FindShippedFile(m_core.Services, name);
+    if (!file)
+        return m_core.Tell(FormatText("%s is not installed.", {name}));
+    if (ShellOpen(m_core.Services.Launcher, *file) < FirstShellSuccess)
+        m_core.Tell(FormatText("%s could not be opened.", {*file}));
+}
+
+void TSessionEntry::OpenHelp()
+{
+    const std::string helpFile = JoinPath(m_core.FilePath("help"), "MuralaHelp.chm");
+    if (IsReachableFile(helpFile))
+        ShellOpen(m_core.Services.Launcher, helpFile);
+    else
+        OpenShipped("help/index.html");
+}
+
+void TSessionEntry::OpenDownloadPage()
+{
+    constexpr std::string_view page = MURALA_DOWNLOAD_PAGE;
+    if (page.empty())
+        OpenShipped("GetWallpaper.html");
+    else
+        ShellOpen(m_core.Services.Launcher, std::string(page));
 }
 
 } // namespace murala

@@ -36,10 +36,15 @@ public:
     void ImportQueuedFiles();
 
     void Open(const TMuWallpaper& item, TShellVerb verb);
+    // The help file when there is one, else our own pages.
+    void OpenHelp();
+    // Where wallpapers come from: the build's page in the web, else our own.
+    void OpenDownloadPage();
     void OpenDisplayProperties() { m_core.Services.Launcher.OpenDisplayProperties(); }
 
 private:
     void SetRunValue();
+    void OpenShipped(std::string_view name);
 
     TCore& m_core;
     TStorage& m_storage;

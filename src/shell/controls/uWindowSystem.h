@@ -1,6 +1,7 @@
 // What the toolkit leaves to the window system of each home.
 #pragma once
 
+#include <wx/bmpbndl.h>
 #include <wx/string.h>
 
 class wxTopLevelWindow;
@@ -11,6 +12,14 @@ namespace murala
 
 // Right before a window is shown for the first time, when its size has been set.
 void PrepareFirstShow(wxTopLevelWindow& window);
+
+// Whether a program is asked where its window goes while it is dragged (wxEVT_MOVING). On other
+// systems the window manager moves it, and snaps it as its own settings say.
+bool IsAskedWhileDragging();
+
+// The icons that files of these kinds have in the shell; empty where there is none.
+enum class TFileIcon { DisplayProperties, WebPage };
+wxBitmapBundle FileIcon(TFileIcon icon);
 
 // What a screen reader says of a control of our own: what it stands on, and how that is.
 void SetAccessibleText(wxWindow& window, const wxString& name, const wxString& description);

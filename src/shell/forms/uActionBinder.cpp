@@ -1,6 +1,7 @@
 #include "uActionBinder.h"
 
 #include "uActionImages.h"
+#include "uWindowSystem.h"
 
 #include <memory>
 
@@ -46,8 +47,13 @@ wxMenuItem* TActionBinder::NewItem(wxMenu& menu, const TAction& action)
     wxString caption = ToWx(action.Caption);
     if (!action.Shortcut.empty())
         caption += "\t" + ToWx(action.Shortcut);
-    return new wxMenuItem(&menu, IdOf(action.Id), caption, ToWx(action.Hint),
-                          action.Checkable ? wxITEM_CHECK : wxITEM_NORMAL);
+    auto* item = new wxMenuItem(&menu, IdOf(action.Id), caption, ToWx(action.Hint),
+                                action.Checkable ? wxITEM_CHECK : wxITEM_NORMAL);
+    if (action.Id == aDisplayProperties)
+        item->SetBitmap(FileIcon(TFileIcon::DisplayProperties));
+    else if (action.Id == aGetWallpaper)
+        item->SetBitmap(FileIcon(TFileIcon::WebPage));
+    return item;
 }
 
 void TActionBinder::Populate(wxMenu& menu, const TMenuPart*& part, const TMenuPart* end)

@@ -1,6 +1,6 @@
 #include "uConfiguration.h"
 
-#include "uPath.h"
+#include "uCallLater.h"
 #include "uWallpaperSchedule.h"
 #include "uWindowSystem.h"
 #include "uWxText.h"
@@ -43,8 +43,11 @@ TConvertGrid::TConvertGrid(wxWindow* parent, const TConvertList& list)
     m_grid->SetColLabelValue(0, "From");
     m_grid->SetColLabelValue(1, "To");
     m_grid->HideRowLabels();
-    for (int column = 0; column < 2; ++column)
-        m_grid->SetColSize(column, parent->FromDIP(158));
+    m_grid->Bind(wxEVT_SIZE, [grid = m_grid](wxSizeEvent& event) {
+        event.Skip();
+        for (int column = 0; column < 2; ++column)
+            grid->SetColSize(column, grid->GetClientSize().x / 2);
+    });
     for (int row = 0; row < static_cast<int>(list.size()); ++row) {
         m_grid->SetCellValue(row, 0, ToWx(list[static_cast<std::size_t>(row)].first));
         m_grid->SetCellValue(row, 1, ToWx(list[static_cast<std::size_t>(row)].second));
@@ -99,7 +102,14 @@ TfConfiguration::TfConfiguration(wxWindow* parent, TMurala& murala, const TActio
     pages->AddPage(BuildSchedulePage(pages), "S&chedule");
     pages->AddPage(BuildTitlesPage(pages), "&Titles");
     pages->AddPage(BuildWallpapersPage(pages), "&Wallpapers");
-    pages->AddPage(BuildThumbnailsPage(pages), "Th&umbnails");
+    wxWindow* thumbnails = BuildThumbnailsPage(pages);
+    pages->AddPage(thumbnails, "Th&umbnails");
+    // Asking the disk for every file takes a moment: when the page is looked at.
+    pages->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this, pages, thumbnails](wxBookCtrlEvent& event) {
+        event.Skip();
+        if (pages->GetCurrentPage() == thumbnails)
+            CallLater(*this, [this] { ShowStatistics(); });
+    });
     auto* frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(pages, wxSizerFlags(1).Expand().DoubleBorder());
     auto* buttons = CreateSeparatedButtonSizer(wxOK | wxCANCEL);
@@ -225,6 +235,9 @@ wxWindow* TfConfiguration::BuildWallpapersPage(wxWindow* parent)
                     "cbUseWallpaperCategories", settings.UseWallpaperCategories);
     cbStickyEdges = NewCheckBox(page, rows, "The window snaps to the &edges of the screen",
                                 "cbStickyEdges", settings.StickyEdges);
+    cbStickyEdges->Enable(IsAskedWhileDragging());
+    if (!IsAskedWhileDragging())
+        cbStickyEdges->SetToolTip("The window manager moves windows here, and snaps them.");
     rows->AddSpacer(FromDIP(12));
     cbRefreshIcons = NewCheckBox(page, rows, "Perodically &Refresh Icons", "cbRefreshIcons",
                                  settings.RefreshIcons);
@@ -254,7 +267,8 @@ wxWindow* TfConfiguration::BuildThumbnailsPage(wxWindow* parent)
         values->Add(value);
         return value;
     };
-    values->Add(new wxStaticText(page, wxID_ANY, "Thumbnail Folder"));
+    values->Add(new wxStaticText(page, wxID_ANY, "Thumbnail Folder"),
+                wxSizerFlags().CenterVertical());
     const std::string folder = m_murala.Core.List.ThumbnailFolder;
     auto* mulFolder = new wxHyperlinkCtrl(page, wxID_ANY, ToWx(folder), "", wxDefaultPosition,
                                           wxDefaultSize, wxHL_ALIGN_LEFT, "mulFolder");
@@ -262,7 +276,7 @@ wxWindow* TfConfiguration::BuildThumbnailsPage(wxWindow* parent)
     mulFolder->Bind(wxEVT_HYPERLINK, [this, folder](wxHyperlinkEvent&) {
         ShellExplore(m_murala.Core.Services.Launcher, folder);
     });
-    values->Add(mulFolder);
+    values->Add(mulFolder, wxSizerFlags().CenterVertical());
     lSize = add("Size", "lSize");
     lShare = add("Share of the disk", "lShare");
     lCount = add("Thumbnails", "lCount");
@@ -278,12 +292,6 @@ wxWindow* TfConfiguration::BuildThumbnailsPage(wxWindow* parent)
     refresh->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { RefreshThumbnails(); });
     buttons->Add(refresh);
     rows->Add(buttons);
-    // Asking the disk for every file takes a moment: when the page is looked at.
-    page->Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
-        event.Skip();
-        if (event.IsShown())
-            ShowStatistics();
-    });
     return Finish(page, rows);
 }
 

@@ -69,6 +69,7 @@ private:
     void tRefreshIconsTimer();
     void FormDropFiles(wxDropFilesEvent& event);
     void FormCharHook(wxKeyEvent& event);
+    void FormMoving(wxMoveEvent& event);
     void FormClose(wxCloseEvent& event);
     void WakeUp();
     void EndSession();

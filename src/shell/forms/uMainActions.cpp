@@ -6,6 +6,7 @@
 #include "uConfiguration.h"
 #include "uPath.h"
 #include "uPreviewSizes.h"
+#include "uShippedFile.h"
 #include "uWxBitmap.h"
 
 #include "../resources/murala.xpm"
@@ -15,6 +16,8 @@
 #include <wx/aboutdlg.h>
 #include <wx/colordlg.h>
 #include <wx/filedlg.h>
+#include <wx/utils.h>
+#include <wx/versioninfo.h>
 #include <wx/wupdlock.h>
 
 namespace murala
@@ -26,16 +29,6 @@ namespace
 constexpr const char* PictureFilter =
     "All (*.jpg;*.jpeg;*.bmp)|*.jpg;*.jpeg;*.bmp|JPEG Image File (*.jpg)|*.jpg|"
     "JPEG Image File (*.jpeg)|*.jpeg|Bitmaps (*.bmp)|*.bmp";
-
-// The sample pictures beside the program, or where an installed program has them.
-std::optional<std::string> SamplesFolder(const std::string& programFile)
-{
-    for (const char* place : {"samples", "../share/murala/samples"})
-        if (std::string folder = JoinPath(FolderPart(programFile), place);
-            std::filesystem::is_directory(NativePath(folder)))
-            return folder;
-    return std::nullopt;
-}
 
 } // namespace
 
@@ -155,6 +148,11 @@ void TfMain::BindSystemActions()
     TSessionEntry& session = m_murala.Session;
     const TMuSettings& settings = m_murala.Core.Settings;
     alMain[aDisplayProperties].OnExecute = [&session] { session.OpenDisplayProperties(); };
+    alMain[aDisplayProperties].OnEnabled = [this] {
+        return m_services.Launcher.HasDisplayProperties();
+    };
+    alMain[aMuralaHelp].OnExecute = [&session] { session.OpenHelp(); };
+    alMain[aGetWallpaper].OnExecute = [&session] { session.OpenDownloadPage(); };
     alMain[aConfiguration].OnExecute = [this] { aConfigurationExecute(); };
 
     TAction& start = alMain[aStartAtStartup];
@@ -181,7 +179,7 @@ void TfMain::aAddExecute()
     std::string folder = m_murala.Core.Settings.WallpaperPath;
     // A first add begins where there is something to see.
     if (folder.empty() || folder == m_services.ProgramFolder)
-        folder = SamplesFolder(m_services.ProgramFile).value_or(folder);
+        folder = FindShippedFile(m_services, "samples").value_or(folder);
     wxFileDialog dialog(this, "Add", ToWx(folder), "", PictureFilter,
                         wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
     if (RunModal(dialog) != wxID_OK)
@@ -216,8 +214,9 @@ void TfMain::aAboutExecute()
     wxAboutDialogInfo info;
     info.SetName("Murala");
     info.SetVersion("1.0.0");
-    info.SetDescription("Shows your pictures on the desktop.");
-    info.SetCopyright("(C) 2026 The Murala developers");
+    info.SetDescription("Shows your pictures on the desktop.\n\n" +
+                        wxGetLibraryVersionInfo().GetVersionString() + ", libjpeg-turbo");
+    info.SetCopyright("(C) 2026 The Murala developers, MIT licence");
     info.SetIcon(wxICON(murala));
     const TPauseScope pause(m_murala.Core.Pauses);
     wxAboutBox(info, this);

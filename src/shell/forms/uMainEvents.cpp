@@ -5,12 +5,15 @@
 #include "uCallLater.h"
 #include "uPath.h"
 #include "uProgress.h"
+#include "uStickyEdges.h"
 #include "uText.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <new>
 #include <utility>
+
+#include <wx/display.h>
 
 namespace murala
 {
@@ -51,6 +54,7 @@ void TfMain::BindEvents()
         event.Skip();
         TrackPlacement();
     });
+    Bind(wxEVT_MOVING, &TfMain::FormMoving, this);
     // What was not loaded while nobody saw it.
     Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
         event.Skip();
@@ -179,6 +183,19 @@ void TfMain::FormDropFiles(wxDropFilesEvent& event)
         m_murala.Desk.AddFiles(pictures);
 }
 
+void TfMain::FormMoving(wxMoveEvent& event)
+{
+    const int display = wxDisplay::GetFromWindow(this);
+    if (!m_murala.Core.Settings.StickyEdges || display == wxNOT_FOUND)
+        return event.Skip();
+    const wxRect area = wxDisplay(static_cast<unsigned>(display)).GetClientArea();
+    const wxRect window = event.GetRect();
+    const TRect snapped = SnapToEdges(
+        {window.x, window.y, window.x + window.width, window.y + window.height},
+        {area.x, area.y, area.x + area.width, area.y + area.height}, FromDIP(StickyDistance));
+    event.SetRect({snapped.Left, snapped.Top, snapped.Width(), snapped.Height()});
+}
+
 void TfMain::ShowMessage(const std::string& text)
 {
     // The hourglass is for work, not for a question.
@@ -278,6 +295,9 @@ void TfMain::UpdateHints()
             : "Display";
     alMain[aNextView].Hint =
         m_murala.Core.Settings.ViewMode == vmThumbnails ? "View (Thumbnails)" : "View (List)";
+    alMain[aDisplayProperties].Hint = m_services.Launcher.HasDisplayProperties()
+                                          ? ""
+                                          : "This desktop has no settings of its own for it";
     alMain[aTransparentIcons].Hint = m_services.IconView.CanBeAsked()
                                          ? "Transparent Icons"
                                          : "This desktop has no icon list that can be asked for it";

@@ -1,6 +1,7 @@
 #include "uWindowSystem.h"
 
 #include <gtk/gtk.h>
+#include <wx/artprov.h>
 #include <wx/toplevel.h>
 
 namespace murala
@@ -16,6 +17,17 @@ void PrepareFirstShow(wxTopLevelWindow& window)
         gdk_window_resize(gtk_widget_get_window(widget), width, height);
     };
     g_signal_connect_after(window.GetHandle(), "realize", G_CALLBACK(resize), nullptr);
+}
+
+bool IsAskedWhileDragging()
+{
+    return false;
+}
+
+wxBitmapBundle FileIcon(TFileIcon icon)
+{
+    return wxArtProvider::GetBitmapBundle(
+        icon == TFileIcon::WebPage ? "text-html" : "preferences-desktop-wallpaper", wxART_MENU);
 }
 
 void SetAccessibleText(wxWindow& window, const wxString& name, const wxString& description)

@@ -1,6 +1,11 @@
 #include "uWindowSystem.h"
 
+#include <memory>
+
 #include <wx/access.h>
+#include <wx/icon.h>
+#include <wx/log.h>
+#include <wx/mimetype.h>
 #include <wx/window.h>
 
 namespace murala
@@ -45,6 +50,25 @@ private:
 
 void PrepareFirstShow(wxTopLevelWindow& /*window*/)
 {
+}
+
+bool IsAskedWhileDragging()
+{
+    return true;
+}
+
+wxBitmapBundle FileIcon(TFileIcon icon)
+{
+    wxIconLocation place("desk.cpl", 0);
+    if (icon == TFileIcon::WebPage) {
+        const std::unique_ptr<wxFileType> page(
+            wxTheMimeTypesManager->GetFileTypeFromExtension("html"));
+        if (page == nullptr || !page->GetIcon(&place))
+            return {};
+    }
+    const wxLogNull silence; // a shell without the icon
+    const wxIcon found(place);
+    return found.IsOk() ? wxBitmapBundle(found) : wxBitmapBundle();
 }
 
 static TText& TextOf(wxWindow& window)

@@ -1,0 +1,28 @@
+#include "uStickyEdges.h"
+
+#include <cstdlib>
+
+namespace murala
+{
+
+namespace
+{
+
+// How far to move along one axis. The near edge comes first: a window as wide as the area has both.
+int Snap(int from, int to, int areaFrom, int areaTo, int distance)
+{
+    if (std::abs(from - areaFrom) < distance)
+        return areaFrom - from;
+    return std::abs(to - areaTo) < distance ? areaTo - to : 0;
+}
+
+} // namespace
+
+TRect SnapToEdges(TRect window, const TRect& workArea, int distance)
+{
+    const int right = Snap(window.Left, window.Right, workArea.Left, workArea.Right, distance);
+    const int down = Snap(window.Top, window.Bottom, workArea.Top, workArea.Bottom, distance);
+    return {window.Left + right, window.Top + down, window.Right + right, window.Bottom + down};
+}
+
+} // namespace murala

@@ -1,0 +1,14 @@
+// A window that is dragged near an edge of the work area snaps to it.
+#pragma once
+
+#include "uGeometry.h"
+
+namespace murala
+{
+
+inline constexpr int StickyDistance = 10; // at 96 dots an inch
+
+// Moves the window to those edges that it is nearer to than `distance`; its size stays.
+TRect SnapToEdges(TRect window, const TRect& workArea, int distance);
+
+} // namespace murala

@@ -1,0 +1,27 @@
+#include "uStickyEdges.h"
+
+#include <gtest/gtest.h>
+
+using namespace murala;
+
+TEST(StickyEdges, AWindowSnapsToTheEdgesThatItIsNear)
+{
+    constexpr TRect area{100, 0, 1100, 700};
+    const struct {
+        TRect Dragged, Snapped;
+    } rows[] = {
+        {{109, 300, 409, 500}, {100, 300, 400, 500}},
+        {{110, 300, 410, 500}, {110, 300, 410, 500}}, // just too far
+        {{91, -9, 391, 191}, {100, 0, 400, 200}},     // over a corner
+        {{795, 300, 1095, 500}, {800, 300, 1100, 500}},
+        {{500, 505, 800, 705}, {500, 500, 800, 700}},
+        {{-400, 300, -100, 500}, {-400, 300, -100, 500}},
+    };
+    for (const auto& row : rows) {
+        const TRect snapped = SnapToEdges(row.Dragged, area, 10);
+        EXPECT_EQ(snapped.Left, row.Snapped.Left);
+        EXPECT_EQ(snapped.Top, row.Snapped.Top);
+        EXPECT_EQ(snapped.Right, row.Snapped.Right);
+        EXPECT_EQ(snapped.Bottom, row.Snapped.Bottom);
+    }
+}

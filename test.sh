@@ -16,9 +16,9 @@ run_ctest() {
 test_linux() {
     scripts/setup.sh linux
     scripts/build.sh linux-release
-    say "core tests under the sanitizers"
+    say "core tests and the monkey under the sanitizers"
     scripts/build.sh linux-asan
-    run_ctest linux-asan -L core
+    run_ctest linux-asan -L 'core|monkey'
     say "fuzzing"
     scripts/build.sh linux-fuzz
     run_ctest linux-fuzz

@@ -146,7 +146,7 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
 {
     spHorizontal = new wxSplitterWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                         wxSP_LIVE_UPDATE, "spHorizontal");
-    spHorizontal->SetMinimumPaneSize(FromDIP(60));
+    spHorizontal->SetMinimumPaneSize(FromDIP(120)); // tabs, and a page that scrolls
     iPreview = new TPreviewPanel(spHorizontal, "iPreview");
     iPreview->SetToolTip("Right click for menu");
     pcEffect =

@@ -10,7 +10,8 @@ run=(cmake ninja-build g++ pkg-config ccache libjpeg-dev libwxgtk3.2-dev libgtk-
 screen=(xvfb xauth openbox xdotool imagemagick x11-utils dbus fonts-dejavu-core adwaita-icon-theme)
 # The desktops and tools that the tests run against.
 linux=(clang libclang-rt-14-dev xfconf xfdesktop4 gsettings-desktop-schemas libglib2.0-bin
-    dconf-gsettings-backend dconf-cli desktop-file-utils x11-apps procps locales)
+    dconf-gsettings-backend dconf-cli desktop-file-utils x11-apps procps locales
+    at-spi2-core python3-pyatspi)
 windows=(g++-mingw-w64-x86-64-posix nasm dpkg-dev wine wine64 fonts-wine)
 
 for purpose in "$@"; do

@@ -12,6 +12,7 @@
 
 #include "../resources/murala.xpm"
 
+#include <algorithm>
 #include <utility>
 
 #include <wx/display.h>
@@ -169,7 +170,8 @@ wxSize TfMain::DesignSize() const
 {
     wxSize content = m_pagesSize;
     content.IncTo(FromDIP(wxSize(PreviewSizes[psNormal].first, 0)));
-    content += FromDIP(wxSize(340, PreviewSizes[psNormal].second + 120));
+    content += wxSize(std::max(FromDIP(340), m_wallpapers->ToolBarWidth() + FromDIP(8)),
+                      FromDIP(PreviewSizes[psNormal].second + 120));
     content.IncTo(FromDIP(wxSize(DesignWidth, DesignHeight)));
     return content;
 }

@@ -20,6 +20,8 @@ public:
     // The one that is shown.
     TWallpaperView& View();
     void EditTitle();
+    // So that none of its buttons is cut.
+    int ToolBarWidth() const { return tbMain->GetBestSize().x; }
     // As the settings say.
     void ShowViewMode();
     void ShowThumbnailSize();

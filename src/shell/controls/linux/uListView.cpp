@@ -63,7 +63,7 @@ public:
         for (int i = 0; i < ListColumnCount; ++i)
             AppendTextColumn(ToWx(ListColumns[i].Caption), static_cast<unsigned>(i),
                              wxDATAVIEW_CELL_INERT, FromDIP(ListColumns[i].Width), wxALIGN_LEFT,
-                             wxDATAVIEW_COL_RESIZABLE);
+                             wxDATAVIEW_COL_RESIZABLE | wxDATAVIEW_COL_SORTABLE);
         BindEvents();
     }
 

@@ -3,13 +3,13 @@
 # pictures, one after the other, and looks at the pixels each time; restarts the desktop's shell,
 # closes Murala, and looks again. Prints a line a desktop. Names: lxde lxqt mate xfce plasma cinnamon
 # gnome gnome-wayland budgie sway x11 and, with a second monitor (a real X server with the dummy
-# driver), x11-2 xfce-2 lxqt-2 lxde-2 mate-2; sway-2 has two outputs, one of them scaled. With -i the
-# packages that they need are installed first. Screenshots stay in $TRY_FOLDER (/tmp/try-desktops).
+# driver), x11-2 xfce-2 lxqt-2 lxde-2 mate-2; sway-2 has two outputs, one of them scaled, and
+# gnome-wayland-2 one at 200 %. With -i the packages that they need are installed first. Screenshots stay in $TRY_FOLDER (/tmp/try-desktops).
 set -uo pipefail
 . "$(dirname "$0")/common.sh"
 
 names=(x11 xfce lxde lxqt mate budgie cinnamon plasma gnome gnome-wayland sway x11-2 xfce-2 lxqt-2
-    lxde-2 mate-2 sway-2)
+    lxde-2 mate-2 gnome-wayland-2 sway-2)
 declare -A packages=(
     [x11]="openbox" [lxde]="openbox pcmanfm" [lxqt]="openbox pcmanfm-qt lxqt-panel lxqt-themes"
     [mate]="marco mate-settings-daemon caja dconf-cli dconf-gsettings-backend"
@@ -75,7 +75,7 @@ make_list() { # make_list HOME PICTURES: the library and the settings, as Murala
 
 screenshot() { # screenshot FILE [OUTPUT]
     case $name in
-        gnome-wayland)
+        gnome-wayland*)
             gdbus call --session --dest org.gnome.Shell.Screenshot \
                 --object-path /org/gnome/Shell/Screenshot \
                 --method org.gnome.Shell.Screenshot.Screenshot false false "$1" >/dev/null 2>&1 ;;
@@ -131,6 +131,8 @@ start_shell() {
     shell_pid=$!
     pids+=("$shell_pid")
     sleep "${settle[$kind]:-5}"
+    [ "$kind" = gnome ] && xdotool key Escape # out of its overview
+    return 0
 }
 
 restart_shell() {
@@ -146,15 +148,36 @@ restart_shell() {
     start_shell
 }
 
+# Everything twice as large, on the same pixels.
+double_scale() {
+    python3 - <<'PY'
+import dbus
+config = dbus.Interface(
+    dbus.SessionBus().get_object('org.gnome.Mutter.DisplayConfig', '/org/gnome/Mutter/DisplayConfig'),
+    'org.gnome.Mutter.DisplayConfig')
+serial, monitors, logical, properties = config.GetCurrentState()
+connector = monitors[0][0][0]
+mode = next(each[0] for each in monitors[0][1] if each[6].get('is-current', False))
+config.ApplyMonitorsConfig(
+    serial, dbus.UInt32(1),
+    dbus.Array([(0, 0, dbus.Double(2.0), dbus.UInt32(0), True,
+                 dbus.Array([(connector, mode, dbus.Dictionary({}, 'sv'))], '(ssa{sv})'))],
+               '(iiduba(ssa{sv}))'),
+    dbus.Dictionary({}, 'sv'))
+PY
+}
+
 # Inside the session's bus, with HOME, DISPLAY and so on of its own.
 inside() {
-    local i number good=0 restarted=no closed=no blocked
+    local number good=0 restarted=no closed=no width height composed
     pids=()
     problem=
     trap 'kill "${pids[@]}" 2>/dev/null; sleep 1; kill -9 "${pids[@]}" 2>/dev/null' EXIT
     case $kind in
         sway)
-            printf 'xwayland enable\noutput HEADLESS-1 mode 1920x1080\n' >"$work/sway"
+            # Here a window covers all of its workspace.
+            printf '%s\n' 'xwayland enable' 'output HEADLESS-1 mode 1920x1080' \
+                'assign [title="^Murala$"] 9' >"$work/sway"
             [ "$name" = sway-2 ] &&
                 printf 'output HEADLESS-2 mode 2560x1440 scale 1.5\n' >>"$work/sway"
             WLR_BACKENDS=headless WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman \
@@ -173,6 +196,7 @@ inside() {
                 --wayland-display wl-1 >"$work/shell.log" 2>&1 &
             pids+=($!)
             sleep 16
+            [ "$name" = gnome-wayland-2 ] && double_scale && sleep 3
             export WAYLAND_DISPLAY=wl-1
             unset DISPLAY ;;
         *)
@@ -181,8 +205,7 @@ inside() {
                 [ -n "$command" ] && { $command >>"$work/log" 2>&1 & pids+=($!); sleep 1; }
             done < <(tr ';' '\n' <<<"${desktop[$kind]}")
             sleep 2
-            start_shell
-            [ "$kind" = gnome ] && xdotool key Escape ;;
+            start_shell ;;
     esac
     # Each start applies the next picture, as a log-in does, and goes on running.
     for number in 0 1 2 3 4 5 6 7; do
@@ -204,6 +227,10 @@ inside() {
     wait "$program" 2>/dev/null
     sleep 2
     all_show 7 && closed=yes || failures+="after closing $problem; "
+    # In the pixels of the (first) monitor.
+    read -r _ _ width height _ <<<"${monitors[0]}"
+    composed=$(identify -format '%wx%h' "$HOME/.local/share/murala/MuralaWallpaper.bmp")
+    [ "$composed" = "${width}x$height" ] || failures+="composed as $composed; "
     printf '| %s | %s of 8 | %s | %s | %s |\n' "$name" "$good" "$restarted" "$closed" \
         "${failures:-none}" >"$work/result"
 }
@@ -224,8 +251,8 @@ set_current() {
 
 start_server() { # an X server; two monitors need a real one
     mkfifo "$work/display"
-    if [[ $name == *-2 ]]; then
-        sed "s/SCREENSIZE/3200 1080/" >"$work/xorg.conf" <<'CONF'
+    if [[ $name == *-2 && $name != *way* ]]; then
+        cat >"$work/xorg.conf" <<'CONF'
 Section "Device"
     Identifier "card"
     Driver "dummy"
@@ -260,7 +287,7 @@ CONF
     local number
     read -r -t 20 number <"$work/display" || return 1
     export DISPLAY=:$number
-    [[ $name == *-2 ]] || return 0
+    [[ $name == *-2 && $name != *way* ]] || return 0
     xrandr --addmode DUMMY1 1280x1024 2>/dev/null
     xrandr --output DUMMY0 --mode 1920x1080 --primary --output DUMMY1 --mode 1280x1024 \
         --pos 1920x0
@@ -286,7 +313,7 @@ try() {
         case $name in
             sway) monitors=("0 0 1920 1080 HEADLESS-1") ;;
             sway-2) monitors=("0 0 1920 1080 HEADLESS-1" "0 0 2560 1440 HEADLESS-2") ;;
-            gnome-wayland) monitors=("0 0 3840 2160") ;;
+            gnome-wayland*) monitors=("0 0 3840 2160") ;;
             *-2) monitors=("0 0 1920 1080" "1920 0 1280 1024") ;;
         esac
         export name kind work folder murala
@@ -301,6 +328,7 @@ try() {
         as_user=()
         if [ "$kind" = sway ]; then
             unset DISPLAY
+            touch "$work/log"
             [ "$(id -u)" -ne 0 ] || as_user=(setpriv --reuid 65534 --regid 65534 --clear-groups)
             [ "$(id -u)" -ne 0 ] || chown -R 65534:65534 "$work"
         fi
@@ -323,7 +351,7 @@ echo '| Desktop | Pictures | After a restart of the shell | After closing | Prob
 echo '| --- | --- | --- | --- | --- |'
 for each in "${names[@]}"; do
     needed="${packages[${each%-2}]} xvfb xdotool imagemagick dbus x11-xserver-utils"
-    [[ $each == *-2 ]] && needed+=" xserver-xorg-core xserver-xorg-video-dummy"
+    [[ $each == *-2 && $each != *way* ]] && needed+=" xserver-xorg-core xserver-xorg-video-dummy"
     # shellcheck disable=SC2086
     [ $install = yes ] && install_packages $needed
     try "$each"

@@ -1,14 +1,21 @@
 // LXDE and LXQt, whose file managers draw the desktop and are told by a command. Without a running
 // desktop the command would open a message box or start a process that the desktop then joins, so
-// the desktop's window is looked for first.
+// the desktop's window is looked for first. What no command changes stands in files that are read
+// when the desktop starts: then it is started again.
 #include "uBackground.h"
 #include "uDesktopWindow.h"
+#include "uFolders.h"
+#include "uGLib.h"
 #include "uImageFile.h"
+#include "uPath.h"
 #include "uProcess.h"
+#include "uSafeFile.h"
 #include "uScreens.h"
+#include "uText.h"
 #include "uX11.h"
 
 #include <stdexcept>
+#include <vector>
 
 namespace murala
 {
@@ -16,29 +23,138 @@ namespace murala
 namespace
 {
 
-bool IsDesktopThere(const char* program)
+using TWords = std::vector<std::string>;
+
+constexpr guint LastWordsMs = 1000; // a desktop saves its settings some time after a change
+
+bool IsDesktopThere(const std::string& program)
 {
-    return IsBelowWayland() || HasDesktopWindow(program);
+    return IsBelowWayland() || HasDesktopWindow(program.c_str());
 }
 
-void RunCommand(const std::vector<std::string>& command, TOnTook onTook)
+void RunCommand(const TWords& command, TOnTook onTook)
 {
-    if (!HasProgram(command[0]))
-        return onTook(TTook::No, "");
-    if (!IsDesktopThere(command[0].c_str()))
-        return onTook(TTook::NotYet, "");
     RunProgramLater(command, [onTook = std::move(onTook)](bool worked) {
         onTook(worked ? TTook::Yes : TTook::NotYet, "");
     });
 }
 
+void Later(guint milliseconds, std::function<void()> action)
+{
+    g_timeout_add_full(
+        G_PRIORITY_DEFAULT, milliseconds,
+        [](gpointer data) -> gboolean {
+            (*static_cast<std::function<void()>*>(data))();
+            return G_SOURCE_REMOVE;
+        },
+        new std::function<void()>(std::move(action)),
+        [](gpointer data) { delete static_cast<std::function<void()>*>(data); });
+}
+
+// `edit` changes the settings in between.
+void RestartDesktop(const std::string& program, const std::string& profile,
+                    std::function<void()> edit, TOnTook onTook)
+{
+    RunProgramLater({program, "--desktop-off"}, [program, profile, edit = std::move(edit),
+                                                 onTook = std::move(onTook)](bool /*worked*/) {
+        Later(LastWordsMs, [=] {
+            edit();
+            const bool started = StartProgram({program, "--desktop", "--profile=" + profile});
+            onTook(started ? TTook::Yes : TTook::No, "");
+        });
+    });
+}
+
+// The first value of a key in a text of "key=value" lines; empty when there is none.
+std::string ValueOf(const std::string& text, std::string_view key)
+{
+    for (const std::string_view line : SplitLines(text))
+        if (line.starts_with(key) && line.substr(key.size()).starts_with('='))
+            return std::string(line.substr(key.size() + 1));
+    return "";
+}
+
+std::string WithValue(const std::string& text, std::string_view key, const std::string& value)
+{
+    std::string changed;
+    for (const std::string_view line : SplitLines(text)) {
+        const bool isMeant = line.starts_with(key) && line.substr(key.size()).starts_with('=');
+        changed += isMeant ? FormatText("%s=%s", {key, value}) : std::string(line);
+        changed += '\n';
+    }
+    return changed;
+}
+
+std::string ReadSettings(const std::filesystem::path& file)
+try {
+    return FileExists(PathText(file)) ? ReadWholeFile(PathText(file)) : "";
+} catch (const EFileError&) {
+    return "";
+}
+
+void WriteSettings(const std::filesystem::path& file, const std::string& text)
+try {
+    ReplaceWholeFile(PathText(file), text, TFlush::ToSystemCache);
+} catch (const EFileError&) {
+    // The desktop then starts with what it had.
+}
+
+// Every monitor has settings of its own; the command reaches those of the first.
 class TLxdeBackground : public TBackground
 {
 public:
     void SetPicture(const std::string& path, TColor /*color*/, TOnTook onTook) override
     {
+        if (!HasProgram("pcmanfm"))
+            return onTook(TTook::No, "");
+        if (!IsDesktopThere("pcmanfm"))
+            return onTook(TTook::NotYet, "");
+        const std::size_t monitors = ReadScreens().Monitors.size();
         RunCommand({"pcmanfm", "--set-wallpaper=" + path, "--wallpaper-mode=crop"},
-                   std::move(onTook));
+                   [path, monitors, onTook = std::move(onTook)](TTook took, const std::string&) {
+                       if (took != TTook::Yes || monitors < 2)
+                           return onTook(took, "");
+                       Later(LastWordsMs, [=] { SetOtherMonitors(path, monitors, onTook); });
+                   });
+    }
+
+private:
+    static std::filesystem::path SettingsFile(const std::filesystem::path& profile,
+                                              std::size_t monitor)
+    {
+        return profile / ("desktop-items-" + std::to_string(monitor) + ".conf");
+    }
+
+    // The settings folder of the desktop that has just stored the picture.
+    static std::filesystem::path FindProfile(const std::string& path)
+    {
+        std::error_code error;
+        for (std::filesystem::directory_iterator entry(UserConfigFolder() / "pcmanfm", error), end;
+             !error && entry != end; entry.increment(error))
+            if (ValueOf(ReadSettings(SettingsFile(entry->path(), 0)), "wallpaper") == path)
+                return entry->path();
+        return {};
+    }
+
+    static void SetOtherMonitors(const std::string& path, std::size_t monitors,
+                                 const TOnTook& onTook)
+    {
+        const std::filesystem::path profile = FindProfile(path);
+        if (profile.empty())
+            return onTook(TTook::Yes, "");
+        RestartDesktop(
+            "pcmanfm", profile.filename(),
+            [=] {
+                const std::string first = ReadSettings(SettingsFile(profile, 0));
+                for (std::size_t monitor = 1; monitor < monitors; monitor++) {
+                    std::string text = ReadSettings(SettingsFile(profile, monitor));
+                    text = ValueOf(text, "wallpaper").empty() ? first : text;
+                    text = WithValue(text, "wallpaper_mode", "crop");
+                    WriteSettings(SettingsFile(profile, monitor),
+                                  WithValue(text, "wallpaper", path));
+                }
+            },
+            onTook);
     }
 };
 
@@ -49,13 +165,41 @@ class TLxqtBackground : public TBackground
 public:
     void SetPicture(const std::string& path, TColor color, TOnTook onTook) override
     try {
+        if (!HasProgram("pcmanfm-qt"))
+            return onTook(TTook::No, "");
+        if (!IsDesktopThere("pcmanfm-qt"))
+            return onTook(TTook::NotYet, "");
         const TScreens screens = ReadScreens();
         if (screens.Monitors.size() > 1)
             SaveBitmapFile(PictureOnMonitors(LoadImageFile(path), screens, color), path);
-        RunCommand({"pcmanfm-qt", "--set-wallpaper=" + path, "--wallpaper-mode=stretch"},
-                   std::move(onTook));
+        const TWords command = {"pcmanfm-qt", "--set-wallpaper=" + path,
+                                "--wallpaper-mode=stretch"};
+        if (!HasSlideshow())
+            return RunCommand(command, std::move(onTook));
+        RunCommand(command, [onTook = std::move(onTook)](TTook, const std::string&) {
+            RestartDesktop("pcmanfm-qt", Profile, StopSlideshow, onTook);
+        });
     } catch (const std::runtime_error&) {
         onTook(TTook::No, "");
+    }
+
+private:
+    static constexpr const char* Profile = "lxqt";
+    static constexpr const char* SlideshowKey = "SlideShowInterval"; // 0: off
+
+    static std::filesystem::path SettingsFile()
+    {
+        return UserConfigFolder() / "pcmanfm-qt" / Profile / "settings.conf";
+    }
+
+    static bool HasSlideshow()
+    {
+        return ParseInteger(ValueOf(ReadSettings(SettingsFile()), SlideshowKey)).value_or(0) > 0;
+    }
+
+    static void StopSlideshow()
+    {
+        WriteSettings(SettingsFile(), WithValue(ReadSettings(SettingsFile()), SlideshowKey, "0"));
     }
 };
 

@@ -12,9 +12,10 @@
 #include "uSafeFile.h"
 #include "uScreens.h"
 #include "uText.h"
+#include "uWork.h"
 #include "uX11.h"
 
-#include <stdexcept>
+#include <exception>
 #include <vector>
 
 namespace murala
@@ -164,14 +165,31 @@ class TLxqtBackground : public TBackground
 {
 public:
     void SetPicture(const std::string& path, TColor color, TOnTook onTook) override
-    try {
+    {
         if (!HasProgram("pcmanfm-qt"))
             return onTook(TTook::No, "");
         if (!IsDesktopThere("pcmanfm-qt"))
             return onTook(TTook::NotYet, "");
         const TScreens screens = ReadScreens();
-        if (screens.Monitors.size() > 1)
-            SaveBitmapFile(PictureOnMonitors(LoadImageFile(path), screens, color), path);
+        if (screens.Monitors.size() < 2)
+            return Tell(path, std::move(onTook));
+        WorkAside([=] { LayOut(path, screens, color); },
+                  [path, onTook = std::move(onTook)] { Tell(path, onTook); });
+    }
+
+private:
+    static constexpr const char* Profile = "lxqt";
+    static constexpr const char* SlideshowKey = "SlideShowInterval"; // 0: off
+
+    static void LayOut(const std::string& path, const TScreens& screens, TColor color)
+    try {
+        SaveBitmapFile(PictureOnMonitors(LoadImageFile(path), screens, color), path);
+    } catch (const std::exception&) {
+        // The picture is then stretched.
+    }
+
+    static void Tell(const std::string& path, TOnTook onTook)
+    {
         const TWords command = {"pcmanfm-qt", "--set-wallpaper=" + path,
                                 "--wallpaper-mode=stretch"};
         if (!HasSlideshow())
@@ -179,13 +197,7 @@ public:
         RunCommand(command, [onTook = std::move(onTook)](TTook, const std::string&) {
             RestartDesktop("pcmanfm-qt", Profile, StopSlideshow, onTook);
         });
-    } catch (const std::runtime_error&) {
-        onTook(TTook::No, "");
     }
-
-private:
-    static constexpr const char* Profile = "lxqt";
-    static constexpr const char* SlideshowKey = "SlideShowInterval"; // 0: off
 
     static std::filesystem::path SettingsFile()
     {

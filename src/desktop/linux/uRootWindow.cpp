@@ -6,11 +6,14 @@
 #include "uImageFile.h"
 #include "uMonitorWatch.h"
 #include "uScreens.h"
+#include "uWork.h"
 #include "uX11.h"
 
 #include <X11/Xatom.h>
 
 #include <bit>
+#include <exception>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -141,13 +144,11 @@ private:
     Visual* m_visual;
 };
 
-bool ShowOnRoot(const std::string& path, TColor color)
-try {
-    const TScreens screens = ReadScreens();
+bool ShowOnRoot(TBitmap& picture, TColor color)
+{
     const TDisplay display = OpenDisplay(); // its own, because it leaves the pixmap behind
-    if (!display || screens.Monitors.empty())
+    if (!display)
         return false;
-    TBitmap picture = PictureOnMonitors(LoadImageFile(path), screens, color);
     TXErrorGuard guard(display.get());
     TRootWindow root(display.get());
     const Pixmap pixmap = root.Paint(picture, color);
@@ -156,8 +157,28 @@ try {
     root.Show(pixmap);
     XSetCloseDownMode(display.get(), RetainPermanent);
     return true;
-} catch (const EInvalidImage&) {
-    return false;
+}
+
+// The picture is loaded and laid out in a thread of its own, which takes longer than a window may
+// stand still.
+void ShowOnRootLater(const std::string& path, TColor color, TOnTook onTook)
+{
+    const TScreens screens = ReadScreens();
+    if (screens.Monitors.empty())
+        return onTook(TTook::No, "");
+    const auto picture = std::make_shared<TBitmap>();
+    WorkAside(
+        [=] {
+            try {
+                *picture = PictureOnMonitors(LoadImageFile(path), screens, color);
+            } catch (const std::exception&) {
+                // It stays empty.
+            }
+        },
+        [=, onTook = std::move(onTook)] {
+            const bool shown = picture->Width() > 0 && ShowOnRoot(*picture, color);
+            onTook(shown ? TTook::Yes : TTook::No, "");
+        });
 }
 
 class TRootWindowBackground : public TBackground
@@ -167,10 +188,10 @@ public:
 
     void SetPicture(const std::string& path, TColor color, TOnTook onTook) override
     {
-        const bool shown = !IsBelowWayland() && ShowOnRoot(path, color);
-        if (shown)
-            Follow(path, color);
-        onTook(shown ? TTook::Yes : TTook::No, "");
+        if (IsBelowWayland())
+            return onTook(TTook::No, "");
+        Follow(path, color);
+        ShowOnRootLater(path, color, std::move(onTook));
     }
 
     // A picture covers all of the root window.
@@ -191,8 +212,9 @@ private:
     {
         m_shown = {path, color};
         if (!m_watch)
-            m_watch = std::make_unique<TMonitorWatch>(
-                [this] { ShowOnRoot(m_shown.first, m_shown.second); });
+            m_watch = std::make_unique<TMonitorWatch>([this] {
+                ShowOnRootLater(m_shown.first, m_shown.second, [](TTook, const std::string&) {});
+            });
     }
 
     std::pair<std::string, TColor> m_shown;

@@ -37,6 +37,8 @@ using TBackdrops = std::set<std::string>;
 TBackdrops KnownBackdrops(GVariant* answer)
 {
     TBackdrops backdrops;
+    if (answer == nullptr) // a desktop that has never been started has no such channel
+        return backdrops;
     const TVariant properties(g_variant_get_child_value(answer, 0));
     for (gsize i = 0; i < g_variant_n_children(properties.get()); i++) {
         const TVariant entry(g_variant_get_child_value(properties.get(), i));
@@ -61,13 +63,11 @@ TBackdrops AllBackdrops(GVariant* answer)
     return backdrops;
 }
 
-// `onFound` is given none when the settings cannot be read.
 void FindBackdrops(std::function<void(const TBackdrops&)> onFound)
 {
-    CallSessionBusLater(Xfconf, "GetAllProperties", g_variant_new("(ss)", Channel, "/backdrop"),
-                        "(a{sv})", [onFound = std::move(onFound)](GVariant* answer) {
-                            onFound(answer != nullptr ? AllBackdrops(answer) : TBackdrops());
-                        });
+    CallSessionBusLater(
+        Xfconf, "GetAllProperties", g_variant_new("(ss)", Channel, "/backdrop"), "(a{sv})",
+        [onFound = std::move(onFound)](GVariant* answer) { onFound(AllBackdrops(answer)); });
 }
 
 GVariant* RgbaValue(TColor color)
@@ -97,7 +97,7 @@ struct TAnswers {
     {
         Worked &= worked;
         if (--Missing == 0)
-            OnTook(Worked ? TTook::Yes : TTook::No, "");
+            OnTook(Worked ? TTook::Yes : TTook::NotYet, "");
     }
 };
 

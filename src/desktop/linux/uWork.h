@@ -1,0 +1,12 @@
+#pragma once
+
+#include <functional>
+
+namespace murala
+{
+
+// `work` runs in a thread of its own, and touches nothing that others do; then `onDone` in this
+// one, out of the main loop. Neither throws.
+void WorkAside(std::function<void()> work, std::function<void()> onDone);
+
+} // namespace murala

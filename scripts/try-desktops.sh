@@ -29,7 +29,7 @@ declare -A environment=(
     [cinnamon]="XDG_CURRENT_DESKTOP=X-Cinnamon XDG_SESSION_DESKTOP=cinnamon DESKTOP_SESSION=cinnamon XDG_SESSION_TYPE=x11"
     [gnome]="XDG_CURRENT_DESKTOP=GNOME XDG_SESSION_TYPE=x11"
     [gnome-wayland]="XDG_CURRENT_DESKTOP=GNOME XDG_SESSION_TYPE=wayland"
-    [budgie]="XDG_CURRENT_DESKTOP=Budgie:GNOME" [sway]="XDG_CURRENT_DESKTOP=sway" [x11]="XDG_CURRENT_DESKTOP="
+    [budgie]="XDG_CURRENT_DESKTOP=Budgie:GNOME XDG_SESSION_TYPE=x11" [sway]="XDG_CURRENT_DESKTOP=sway" [x11]="XDG_CURRENT_DESKTOP="
 )
 declare -A desktop=(
     [x11]="openbox" [lxde]="openbox" [lxqt]="openbox" [mate]="marco; mate-settings-daemon"
@@ -204,7 +204,7 @@ inside() {
             while read -r command; do
                 [ -n "$command" ] && { $command >>"$work/log" 2>&1 & pids+=($!); sleep 1; }
             done < <(tr ';' '\n' <<<"${desktop[$kind]}")
-            sleep 2
+            sleep $([ "$kind" = budgie ] && echo 6 || echo 2)
             start_shell ;;
     esac
     # Each start applies the next picture, as a log-in does, and goes on running.
@@ -319,7 +319,7 @@ try() {
         export name kind work folder murala
         system=()
         case $kind in
-            cinnamon | gnome | gnome-wayland)
+            budgie | cinnamon | gnome | gnome-wayland)
                 eval "$(dbus-daemon --session --fork --print-address=1 --print-pid=1 |
                     { read -r a; read -r p; echo "DBUS_SYSTEM_BUS_ADDRESS='$a'; system_pid=$p"; })"
                 export DBUS_SYSTEM_BUS_ADDRESS

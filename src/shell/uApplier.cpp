@@ -1,5 +1,6 @@
 #include "uApplier.h"
 
+#include "uAddOnDesk.h"
 #include "uCompose.h"
 #include "uText.h"
 
@@ -78,7 +79,9 @@ void TApplier::ComposeItem(TMuWallpaper& item)
     const auto source = m_preview.Open(item);
     if (item.DisplayMode <= dmFitVertically)
         desktop.WriteTileWallpaper(1);
-    const TBitmap picture = ComposePicture(*source, item, desktop.ScreenSize(), {});
+    std::string problem;
+    const TBitmap picture =
+        ComposePicture(*source, item, desktop.ScreenSize(), AddOnsForDesktop(m_core, problem));
     const std::string name = WallpaperBitmapName(m_core.Services.Siblings.GetVeyraDesktop());
     const std::string path =
         SaveWallpaper(picture, m_core.FilePath(name), desktop.ScreenBitsPerPixel());
@@ -87,6 +90,8 @@ void TApplier::ComposeItem(TMuWallpaper& item)
     m_core.Settings.LastChangeDate = m_core.Settings.CalendarDate = m_core.Services.Clock.Now();
     m_storage.SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
     m_core.Listeners.Tell(&TListener::CurrentChanged);
+    if (!problem.empty())
+        m_core.Report(TReport::StatusLine, problem);
 }
 
 void TApplier::Install(const std::string& path, TColor color)

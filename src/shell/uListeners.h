@@ -30,6 +30,8 @@ public:
     virtual void SettingsChanged() {}
     // A pause began or ended.
     virtual void PauseChanged() {}
+    // Another add-on is drawn, or it is drawn otherwise.
+    virtual void AddOnsChanged() {}
 };
 
 class TListeners

@@ -2,6 +2,7 @@
 // one kind of command and can be read alone.
 #pragma once
 
+#include "uAddOnDesk.h"
 #include "uApplier.h"
 #include "uConfigurator.h"
 #include "uCore.h"
@@ -25,6 +26,7 @@ public:
     TPreview Preview{Core};
     TLibraryDesk Desk{Core, Storage};
     TApplier Applier{Core, Storage, Preview};
+    TAddOnDesk AddOns{Core, Storage};
     TItemEditor Editor{Core, Storage, Applier, Preview};
     TTicker Ticker{Core, Storage, Applier};
     TSessionEntry Session{Core, Storage, Desk};

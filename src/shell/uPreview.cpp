@@ -1,10 +1,12 @@
 #include "uPreview.h"
 
+#include "uAddOnDesk.h"
 #include "uCompose.h"
 #include "uPath.h"
 #include "uText.h"
 
 #include <new>
+#include <utility>
 
 namespace murala
 {
@@ -38,10 +40,23 @@ TBitmap TPreview::Picture(int width)
     if (item == nullptr || width < 1 || !m_source.Holds(item->FileName()))
         return {};
     const TSize screen = m_core.Services.Desktop.ScreenSize();
-    TBitmap picture = ComposePicture(*m_source.Open(item->FileName()), *item, screen, {});
+    std::string problem;
+    TBitmap picture = ComposePicture(*m_source.Open(item->FileName()), *item, screen,
+                                     AddOnsForPreview(m_core, problem));
+    TellProblem(problem);
     ResizeBitmap(picture, width,
                  RoundHalfEven(static_cast<long double>(width) * screen.Height / screen.Width));
     return picture;
+}
+
+// Until it works again.
+void TPreview::TellProblem(const std::string& problem)
+{
+    const std::string before = std::exchange(m_problem, problem);
+    if (!problem.empty())
+        m_core.Report(TReport::StatusLine, problem);
+    else if (!before.empty() && m_core.Problem == before)
+        m_core.Problem.clear();
 }
 
 bool TPreview::IsOutOfDate() const

@@ -35,7 +35,10 @@ public:
     std::string StatusText() const;
 
 private:
+    void TellProblem(const std::string& problem);
+
     TCore& m_core;
+    std::string m_problem; // with the add-ons
     TSourcePicture m_source;
 };
 

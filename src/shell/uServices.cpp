@@ -10,15 +10,17 @@ THomeServices::THomeServices()
       m_taskBar(NewTaskBar()), m_autostart(NewAutostart()), m_fileMenu(NewFileMenu()),
       m_fileQueue(NewFileQueue()), m_launcher(NewLauncher()), m_siblings(NewSiblings()),
       m_screenSaver(NewScreenSaver()), m_sessionEnd(NewSessionEnd()),
-      m_messageLoop(NewMessageLoop()), m_clock(NewClock()), m_locale(NewLocale())
+      m_messageLoop(NewMessageLoop()), m_text(NewTextDrawing()), m_clock(NewClock()),
+      m_locale(NewLocale())
 {
 }
 
 TServices THomeServices::Services()
 {
-    return {*m_desktop,     *m_iconView, *m_taskBar,  *m_autostart,   *m_fileMenu,
-            *m_fileQueue,   *m_launcher, *m_siblings, *m_screenSaver, *m_sessionEnd,
-            *m_messageLoop, *m_clock,    *m_locale,   m_folder,       ProgramFile()};
+    return {*m_desktop,     *m_iconView,  *m_taskBar,  *m_autostart,   *m_fileMenu,
+            *m_fileQueue,   *m_launcher,  *m_siblings, *m_screenSaver, *m_sessionEnd,
+            *m_messageLoop, *m_text,      *m_clock,    *m_locale,      LanguageDateNames(),
+            m_folder,       ProgramFile()};
 }
 
 } // namespace murala

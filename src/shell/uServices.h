@@ -3,6 +3,7 @@
 
 #include "uAutostart.h"
 #include "uClock.h"
+#include "uDateNames.h"
 #include "uDesktop.h"
 #include "uFileMenu.h"
 #include "uFileQueue.h"
@@ -14,6 +15,7 @@
 #include "uSessionEnd.h"
 #include "uSiblings.h"
 #include "uTaskBar.h"
+#include "uTextDrawing.h"
 
 #include <memory>
 #include <string>
@@ -33,8 +35,10 @@ struct TServices {
     TScreenSaver& ScreenSaver;
     TSessionEnd& SessionEnd;
     TMessageLoop& MessageLoop;
+    TTextDrawing& Text;
     TClock& Clock;
     TLocale& Locale;
+    TDateNames DateNames;      // of the user's language
     std::string ProgramFolder; // with its trailing divider
     std::string ProgramFile;   // full path
 };
@@ -59,6 +63,7 @@ private:
     std::unique_ptr<TScreenSaver> m_screenSaver;
     std::unique_ptr<TSessionEnd> m_sessionEnd;
     std::unique_ptr<TMessageLoop> m_messageLoop;
+    std::unique_ptr<TTextDrawing> m_text;
     std::unique_ptr<TClock> m_clock;
     std::unique_ptr<TLocale> m_locale;
 };

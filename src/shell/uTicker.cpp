@@ -13,13 +13,13 @@ namespace
 constexpr int QuickChanges = 5;
 constexpr TDateTime RestAfterFailures = 1 / MinutesPerDay;
 
-} // namespace
-
-bool TTicker::IsResting(TDateTime now) const
+bool IsResting(TDateTime now, TDateTime end)
 {
     // A moment further off than that is one from before the clock was set back.
-    return now < m_noChangeBefore && m_noChangeBefore < now + 2 * RestAfterFailures;
+    return now < end && end < now + 2 * RestAfterFailures;
 }
+
+} // namespace
 
 bool TTicker::IsChangeDue()
 {
@@ -31,7 +31,7 @@ bool TTicker::IsChangeDue()
     // Asking for the screen saver takes longest.
     return m_core.List.Count() >= 2 &&
            murala::IsChangeDue(ScheduleOf(settings), settings.LastChangeDate, now) &&
-           !IsResting(now) && !m_core.Services.ScreenSaver.IsRunning();
+           !IsResting(now, m_noChangeBefore) && !m_core.Services.ScreenSaver.IsRunning();
 }
 
 void TTicker::ScheduleTick()
@@ -72,11 +72,41 @@ void TTicker::RefreshTick()
     if (m_core.Pauses.IsPaused())
         return;
     const TMuWallpaper* current = m_core.Selection.Current();
-    if (!m_core.Settings.RefreshIcons || current == nullptr || !current->TransparentIcons ||
-        m_core.Services.ScreenSaver.IsRunning())
+    if (current == nullptr)
         return;
-    const TValueScope updating(m_core.Updating, true);
-    SetIconsTransparent(m_core.Services.IconView);
+    const bool hasLabels = m_core.Settings.RefreshIcons && current->TransparentIcons;
+    const bool isNewDay = IsNewDay();
+    if ((!hasLabels && !isNewDay) || m_core.Services.ScreenSaver.IsRunning())
+        return;
+    {
+        const TValueScope updating(m_core.Updating, true);
+        if (hasLabels)
+            SetIconsTransparent(m_core.Services.IconView);
+        if (isNewDay)
+            DrawNewDay();
+    }
+    if (isNewDay)
+        m_storage.SaveSettings(TSaveFlags().set(sfCalendarDate));
+}
+
+// Also when the clock was set back: the calendar shows the day that it is.
+bool TTicker::IsNewDay()
+{
+    const TMuSettings& settings = m_core.Settings;
+    if (!settings.UseCalendar)
+        return false;
+    const TDateTime now = m_core.Services.Clock.Now();
+    return DayOf(settings.CalendarDate) != DayOf(now) && !IsResting(now, m_noNewDayBefore);
+}
+
+void TTicker::DrawNewDay()
+{
+    // It stays the same wallpaper, with the effect that runs or does not run; the schedule counts
+    // from the day on which it was changed, or one of several days would never end.
+    TDateTime& lastChange = m_core.Settings.LastChangeDate;
+    const TValueScope unchanged(lastChange, lastChange);
+    if (!m_applier.ComposeWallpaper(false, TReport::StatusLine))
+        m_noNewDayBefore = m_core.Services.Clock.Now() + RestAfterFailures;
 }
 
 } // namespace murala

@@ -19,20 +19,22 @@ public:
     // Every second: changes the wallpaper when the schedule says so.
     void ScheduleTick();
     void SetSchedule(const TScheduleSettings& schedule);
-    // Every five seconds: the icons' labels as the current wallpaper wants them; the shell forgets
-    // it now and then.
+    // Every five seconds: the icons' labels as the current wallpaper wants them (the shell forgets
+    // it now and then), and the calendar on the desktop as the day wants it.
     void RefreshTick();
 
 private:
-    bool IsResting(TDateTime now) const;
     bool IsChangeDue();
     void PassOver();
+    bool IsNewDay();
+    void DrawNewDay();
 
     TCore& m_core;
     TStorage& m_storage;
     TApplier& m_applier;
     int m_failedChanges = 0;        // one after the other
     TDateTime m_noChangeBefore = 0; // after too many of them
+    TDateTime m_noNewDayBefore = 0; // after a failure
 };
 
 } // namespace murala

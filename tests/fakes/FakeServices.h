@@ -3,6 +3,7 @@
 
 #include "uDesktopFakes.h"
 #include "uServices.h"
+#include "uTextFakes.h"
 
 #include <string>
 
@@ -21,15 +22,30 @@ struct TFakeServices {
     TFakeScreenSaver ScreenSaver;
     TFakeSessionEnd SessionEnd;
     TFakeMessageLoop MessageLoop;
+    TFixedText Text;
     TFakeClock Clock;
     TFakeLocale Locale;
     std::string ProgramFolder;
 
     TServices Services()
     {
-        return {Desktop,     IconView, TaskBar,  Autostart,     FileMenu,
-                FileQueue,   Launcher, Siblings, ScreenSaver,   SessionEnd,
-                MessageLoop, Clock,    Locale,   ProgramFolder, ProgramFolder + "murala"};
+        return {Desktop,
+                IconView,
+                TaskBar,
+                Autostart,
+                FileMenu,
+                FileQueue,
+                Launcher,
+                Siblings,
+                ScreenSaver,
+                SessionEnd,
+                MessageLoop,
+                Text,
+                Clock,
+                Locale,
+                EnglishDateNames(),
+                ProgramFolder,
+                ProgramFolder + "murala"};
     }
 };
 

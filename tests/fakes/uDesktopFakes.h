@@ -128,6 +128,7 @@ struct TFakeIconView : TIconView {
     TColor LabelColor = 0;
     int Questions = 0;
     int Paintings = 0;
+    std::vector<TRect> Region;
 
     bool CanBeAsked() override { return HasIcons; }
     TColor GetIconTextBackColor() override
@@ -144,7 +145,7 @@ struct TFakeIconView : TIconView {
     }
     std::optional<std::vector<TRect>> GetIconRegion() override
     {
-        return HasIcons ? std::optional<std::vector<TRect>>({}) : std::nullopt;
+        return HasIcons ? std::optional(Region) : std::nullopt;
     }
 };
 

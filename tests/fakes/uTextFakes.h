@@ -5,6 +5,7 @@
 #include "uTextDrawing.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,7 @@ struct TFixedText : TTextDrawing {
         TColor Color;
     };
     std::vector<TDrawn> Drawn;
+    bool Fails = false; // as where there is no font at all
 
     static TSize SizeOf(const TMuFont& font, const std::string& text)
     {
@@ -28,6 +30,8 @@ struct TFixedText : TTextDrawing {
 
     TSize Measure(const TMuFont& font, const std::string& text) override
     {
+        if (Fails)
+            throw std::runtime_error("Text cannot be drawn.");
         return SizeOf(font, text);
     }
 

@@ -1,5 +1,6 @@
 #include "uMain.h"
 
+#include "uAddOnsPage.h"
 #include "uCallLater.h"
 #include "uDesktopPage.h"
 #include "uEffectPage.h"
@@ -54,6 +55,7 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
     BindItemActions();
     BindWindowActions();
     BindSystemActions();
+    BindAddOnActions();
     BuildMenuBar();
     BuildClient();
     BindEvents();
@@ -159,6 +161,8 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
     addPage(new TDesktopPage(pcEffect, m_murala, m_binder, alMain), "&Desktop");
     addPage(new TTintPage(pcEffect, m_murala), "&Tint");
     addPage(new TEffectPage(pcEffect, m_murala), "&Effect");
+    m_addOnsPage = new TAddOnsPage(pcEffect, m_murala, m_binder, alMain);
+    addPage(m_addOnsPage, "&Add Ons");
     // Not every notebook counts its own borders.
     m_pagesSize = pcEffect->CalcSizeFromPage(m_pagesSize) + FromDIP(wxSize(12, 0));
     spHorizontal->SplitHorizontally(iPreview, pcEffect, FromDIP(PreviewSizes[psNormal].second));

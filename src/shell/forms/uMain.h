@@ -19,6 +19,8 @@
 namespace murala
 {
 
+class TAddOnsPage;
+
 class TfMain : public wxFrame, private TMainView, private TListener
 {
 public:
@@ -42,6 +44,7 @@ private:
     void BindItemActions();
     void BindWindowActions();
     void BindSystemActions();
+    void BindAddOnActions();
     void BuildMenuBar();
     void BuildClient();
     wxWindow* BuildRightPanel(wxWindow* parent);
@@ -113,6 +116,7 @@ private:
     TWallpaperPanel* m_wallpapers = nullptr;
     TPreviewPanel* iPreview = nullptr;
     wxNotebook* pcEffect = nullptr;
+    TAddOnsPage* m_addOnsPage = nullptr;
     wxSize m_pagesSize; // what the largest page needs
     wxGauge* pbMain = nullptr;
     wxStaticText* pStatusText = nullptr;

@@ -1,0 +1,82 @@
+#include "uAddOnsPage.h"
+
+#include <wx/notebook.h>
+
+namespace murala
+{
+
+namespace
+{
+
+struct TAddOnRow {
+    const char* Caption;
+    TActionId Switch, Options;
+};
+constexpr TAddOnRow AddOnTable[] = {{"Calendar", aCalendar, aCalendarOptions},
+                                    {"Icon Box", aIconBox, aIconBoxOptions}};
+
+constexpr int TextWidth = 270; // DIPs
+
+} // namespace
+
+TAddOnsPage::TAddOnsPage(wxWindow* parent, TMurala& murala, TActionBinder& binder,
+                         TActionList& actions)
+    : TSettingsPage(parent, murala, "tsAddOns"), m_actions(actions)
+{
+    wxArrayString captions;
+    for (const TAddOnRow& row : AddOnTable)
+        captions.Add(row.Caption);
+    m_addOns = new wxCheckListBox(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(180, 80)),
+                                  captions, 0, wxDefaultValidator, "clbAddOns");
+    m_addOns->SetSelection(0);
+    m_addOns->Bind(wxEVT_CHECKLISTBOX, [this](wxCommandEvent& event) {
+        m_actions.Execute(AddOnTable[event.GetInt()].Switch);
+        ShowMarks();
+    });
+    m_addOns->Bind(wxEVT_LISTBOX_DCLICK,
+                   [this](wxCommandEvent&) { m_actions.Execute(aConfigureAddOn); });
+    parent->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
+        event.Skip();
+        ShowPage();
+    });
+    m_iconBoxProblem = new wxStaticText(this, wxID_ANY, ToWx(m_murala.AddOns.IconBoxProblem()),
+                                        wxDefaultPosition, wxDefaultSize, 0, "lIconBoxProblem");
+    m_iconBoxProblem->Wrap(FromDIP(TextWidth));
+    auto* content = new wxBoxSizer(wxVERTICAL);
+    content->Add(m_addOns, wxSizerFlags(1).Expand());
+    content->Add(m_iconBoxProblem, wxSizerFlags().Expand().Border(wxTOP));
+    content->Add(binder.NewButton(this, aConfigureAddOn, "bAddOnOptions"),
+                 wxSizerFlags().DoubleBorder(wxTOP));
+    Finish(content);
+    ShowMarks();
+}
+
+TActionId TAddOnsPage::OptionsAction() const
+{
+    const int row = m_addOns->GetSelection();
+    return row == wxNOT_FOUND ? ActionCount : AddOnTable[row].Options;
+}
+
+void TAddOnsPage::ShowMarks()
+{
+    for (unsigned row = 0; row < std::size(AddOnTable); ++row)
+        m_addOns->Check(row, m_actions[AddOnTable[row].Switch].Checked());
+}
+
+void TAddOnsPage::ShowPage()
+{
+    const auto* book = wxDynamicCast(GetParent(), wxNotebook);
+    if (book == nullptr || book->GetCurrentPage() != this)
+        return;
+    if (m_addOns->GetSelection() == wxNOT_FOUND)
+        m_addOns->SetSelection(0);
+    // The desktop's icons may have come up meanwhile.
+    const wxString problem = ToWx(m_murala.AddOns.IconBoxProblem());
+    if (problem.empty() == m_iconBoxProblem->GetLabel().empty())
+        return;
+    m_iconBoxProblem->SetLabel(problem);
+    m_iconBoxProblem->Wrap(FromDIP(TextWidth));
+    Layout();
+}
+
+} // namespace murala

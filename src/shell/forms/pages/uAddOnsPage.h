@@ -1,0 +1,33 @@
+#pragma once
+
+#include "uActionBinder.h"
+#include "uSettingsPage.h"
+
+#include <wx/checklst.h>
+#include <wx/stattext.h>
+
+namespace murala
+{
+
+// tsAddOns: which add-ons are drawn onto the wallpaper. It belongs to no item.
+class TAddOnsPage : public TSettingsPage
+{
+public:
+    TAddOnsPage(wxWindow* parent, TMurala& murala, TActionBinder& binder, TActionList& actions);
+
+    // The options action of the selected add-on; ActionCount when none is selected.
+    TActionId OptionsAction() const;
+
+private:
+    void ShowItem(const TMuWallpaper*) override {}
+    void AddOnsChanged() override { ShowMarks(); }
+    void ShowMarks();
+    // The page has come to the front.
+    void ShowPage();
+
+    TActionList& m_actions;
+    wxCheckListBox* m_addOns;
+    wxStaticText* m_iconBoxProblem;
+};
+
+} // namespace murala

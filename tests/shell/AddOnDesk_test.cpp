@@ -1,0 +1,191 @@
+#include "MuralaFixture.h"
+
+#include "uMuCalendar.h"
+
+using namespace murala;
+
+class AddOnDesk : public TMuralaFixture
+{
+protected:
+    AddOnDesk() { m_services.Desktop.Screen = {400, 300}; }
+
+    // What differs between two pictures: nothing, or the rectangle around it.
+    static TRect Difference(const TBitmap& a, const TBitmap& b)
+    {
+        TRect box{a.Width(), a.Height(), 0, 0};
+        for (int y = 0; y < a.Height(); ++y)
+            for (int x = 0; x < a.Width(); ++x)
+                if ((a.Row(y)[x] ^ b.Row(y)[x]) & 0xFFFFFF)
+                    box = {std::min(box.Left, x), std::min(box.Top, y), std::max(box.Right, x + 1),
+                           std::max(box.Bottom, y + 1)};
+        return box.Right == 0 ? TRect{} : box;
+    }
+    TBitmap Installed() { return LoadImageFile(m_services.ProgramFolder + "MuralaWallpaper.bmp"); }
+    TBitmap Plain() const
+    {
+        TBitmap plain(400, 300);
+        std::fill_n(plain.Row(0), 400 * 300, ColorToPixel(0x204060));
+        return plain;
+    }
+    std::size_t Installations() const
+    {
+        return static_cast<std::size_t>(
+            std::ranges::count_if(m_services.Desktop.Calls, [](const std::string& call) {
+                return call.starts_with("install");
+            }));
+    }
+    // The refresh tick at a moment; how often a picture was installed by it.
+    std::size_t TickAt(TDateTime now)
+    {
+        m_services.Clock.Time = now;
+        const std::size_t before = Installations();
+        m_murala->Ticker.RefreshTick();
+        return Installations() - before;
+    }
+};
+
+TEST_F(AddOnDesk, TheDesktopHasBothAndThePreviewTheCalendarOnly)
+{
+    m_services.IconView.HasIcons = true;
+    m_services.IconView.Region = {{20, 10, 30, 20}};
+    AddPictures(1);
+    m_murala->AddOns.SetUseIconBox(true);
+    Apply(0);
+    const TRect icons = Difference(Installed(), Plain());
+    EXPECT_EQ(icons, (TRect{15, 5, 35, 25}));
+    ASSERT_EQ(m_murala->Preview.Load(), "");
+    EXPECT_EQ(Difference(m_murala->Preview.Picture(400), Plain()), TRect{});
+    m_murala->AddOns.SetUseCalendar(true);
+    // 320 x 240 in the middle of 400 x 300
+    EXPECT_EQ(Difference(m_murala->Preview.Picture(400), Plain()), (TRect{40, 30, 360, 270}));
+    Apply(0);
+    EXPECT_EQ(Difference(Installed(), Plain()), (TRect{15, 5, 360, 270}));
+    EXPECT_EQ(m_services.Text.Drawn.front().Text, "December 2025");
+}
+
+TEST_F(AddOnDesk, TheSwitchesAndTheIconBoxOptionsAreSaved)
+{
+    m_murala->AddOns.SetUseCalendar(true);
+    m_murala->AddOns.SetUseIconBox(true);
+    m_murala->AddOns.SetIconBox({-255, true, true, 0x123456});
+    Restart();
+    EXPECT_TRUE(m_murala->Core.Settings.UseCalendar);
+    EXPECT_TRUE(m_murala->Core.Settings.UseIconBox);
+    const TIconBoxOptions options = m_murala->AddOns.IconBox();
+    EXPECT_EQ(options.Gamma, -255);
+    EXPECT_TRUE(options.Border && options.OnlyIcons);
+    EXPECT_EQ(options.BorderColor, 0x123456U);
+    m_murala->AddOns.SetUseCalendar(false);
+    Restart();
+    EXPECT_FALSE(m_murala->Core.Settings.UseCalendar);
+}
+
+TEST_F(AddOnDesk, ACalendarThatCannotBeDrawnIsToldAndTheWallpaperComesWithoutIt)
+{
+    m_services.IconView.HasIcons = true;
+    m_services.IconView.Region = {{20, 10, 30, 20}};
+    AddPictures(1);
+    m_murala->AddOns.SetUseCalendar(true);
+    m_murala->AddOns.SetUseIconBox(true);
+    m_services.Text.Fails = true;
+    Apply(0);
+    EXPECT_TRUE(m_view.Messages.empty());
+    EXPECT_TRUE(m_view.Status.starts_with("The calendar is left out. ")) << m_view.Status;
+    EXPECT_EQ(Difference(Installed(), Plain()), (TRect{15, 5, 35, 25})) << "with its icon box";
+    EXPECT_TRUE(m_murala->Core.Settings.CalendarDate == m_services.Clock.Time);
+
+    m_view.Status.clear();
+    ASSERT_EQ(m_murala->Preview.Load(), "");
+    EXPECT_EQ(Difference(m_murala->Preview.Picture(400), Plain()), TRect{});
+    EXPECT_TRUE(m_view.Status.starts_with("The calendar is left out. "));
+    m_services.Text.Fails = false;
+    m_murala->Preview.Picture(400);
+    EXPECT_EQ(m_murala->Core.Problem, "") << "what is mended is told of no more";
+}
+
+TEST_F(AddOnDesk, ANewDayIsDrawnOnce)
+{
+    AddPictures(2);
+    Apply(1);
+    const TDateTime day = DayOf(m_services.Clock.Time);
+    EXPECT_EQ(TickAt(day + 1), 0U) << "without a calendar there is no day to draw";
+    m_murala->AddOns.SetUseCalendar(true);
+    Apply(1);
+    m_services.Text.Drawn.clear();
+    const struct {
+        TDateTime Now;
+        std::size_t Installed;
+        const char* Why;
+    } steps[] = {
+        {day + 1 + 0.9999, 0, "the last seconds of the day"},
+        {day + 2, 1, "midnight"},
+        {day + 2 + 5 / SecondsPerDay, 0, "once"},
+        {day + 9.3, 1, "a suspended machine wakes up"},
+        {day + 9.3 + 5 / SecondsPerDay, 0, "one day, however many have passed"},
+        {day + 8.9, 1, "the clock was set back over midnight"},
+        {day + 8.7, 0, "the clock was set back within the day"},
+        {day + 9, 1, "the same midnight again"},
+    };
+    for (const auto& step : steps)
+        EXPECT_EQ(TickAt(step.Now), step.Installed) << step.Why;
+    EXPECT_EQ(CurrentIndex(), 1);
+}
+
+TEST_F(AddOnDesk, TheDaysWorkIsUpdating)
+{
+    AddPictures(1);
+    Item(0).Effect = "Snow";
+    m_murala->AddOns.SetUseCalendar(true);
+    Apply(0);
+    m_services.Launcher.Started.clear();
+    const TDateTime lastChange = m_murala->Core.Settings.LastChangeDate;
+    struct : TListener {
+        TCore* Core = nullptr;
+        bool WasUpdating = false;
+        void CurrentChanged() override { WasUpdating = Core->Updating; }
+    } listener;
+    listener.Core = &m_murala->Core;
+    m_murala->Core.Listeners.Add(listener);
+    EXPECT_EQ(TickAt(m_services.Clock.Time + 3), 1U);
+    m_murala->Core.Listeners.Remove(listener);
+    EXPECT_TRUE(listener.WasUpdating);
+    EXPECT_FALSE(m_murala->Core.Updating);
+    EXPECT_TRUE(m_services.Launcher.Started.empty());
+    EXPECT_EQ(m_murala->Core.Settings.LastChangeDate, lastChange) << "the schedule goes on";
+    const TDateTime drawn = m_services.Clock.Time;
+    Restart();
+    EXPECT_NEAR(m_murala->Core.Settings.CalendarDate, drawn, 1 / SecondsPerDay);
+}
+
+TEST_F(AddOnDesk, ANewDayWaitsForTheScreenSaverAndForDialogs)
+{
+    AddPictures(1);
+    m_murala->AddOns.SetUseCalendar(true);
+    Apply(0);
+    const TDateTime next = m_services.Clock.Time + 1;
+    m_services.ScreenSaver.Running = true;
+    EXPECT_EQ(TickAt(next), 0U);
+    m_services.ScreenSaver.Running = false;
+    {
+        const TPauseScope dialog(m_murala->Core.Pauses);
+        EXPECT_EQ(TickAt(next), 0U);
+    }
+    EXPECT_EQ(TickAt(next), 1U);
+}
+
+TEST_F(AddOnDesk, APictureThatIsGoneIsTriedOnceAMinute)
+{
+    AddPictures(1);
+    m_murala->AddOns.SetUseCalendar(true);
+    Apply(0);
+    m_murala->Preview.Release();
+    std::filesystem::remove(NativePath(Item(0).FileName()));
+    const int before = m_services.Siblings.Notified;
+    const TDateTime next = m_services.Clock.Time + 1;
+    for (int tick = 0; tick < 120; ++tick)
+        EXPECT_EQ(TickAt(next + tick * 5 / SecondsPerDay), 0U);
+    EXPECT_NEAR(m_services.Siblings.Notified - before, 10, 1);
+    EXPECT_TRUE(m_view.Messages.empty());
+    Picture("Picture0.bmp");
+    EXPECT_EQ(TickAt(next + 1), 1U);
+}

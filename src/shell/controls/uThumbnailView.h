@@ -31,6 +31,7 @@ class TMuThumbnailView : public wxScrolledCanvas, public TWallpaperView
 {
 public:
     TMuThumbnailView(wxWindow* parent, TRows& rows, TThumbnails& thumbnails, const wxString& name);
+    ~TMuThumbnailView() override { SetEvtHandlerEnabled(false); }
 
     void SetSize(TThumbnailSize size);
 

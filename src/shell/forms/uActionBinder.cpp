@@ -36,7 +36,7 @@ void TActionBinder::OnUpdate(wxUpdateUIEvent& event)
     event.Enable(action.Enabled());
     if (action.Checkable)
         event.Check(action.Checked());
-    if (auto* bar = wxDynamicCast(event.GetEventObject(), wxToolBar)) {
+    if (auto* bar = dynamic_cast<wxToolBar*>(event.GetEventObject())) {
         if (bar->GetToolShortHelp(event.GetId()) != ToWx(action.Hint))
             bar->SetToolShortHelp(event.GetId(), ToWx(action.Hint));
     }

@@ -66,6 +66,8 @@ public:
                              wxDATAVIEW_COL_RESIZABLE | wxDATAVIEW_COL_SORTABLE);
         BindEvents();
     }
+    // The control loses its selection, and tells of it, when this is gone already.
+    ~TNativeListView() override { SetEvtHandlerEnabled(false); }
 
     void ShowOrder(TListColumn column, bool ascending) override;
 

@@ -21,6 +21,8 @@ class TNativeListView : public wxListView, public TMuListView
 {
 public:
     TNativeListView(wxWindow* parent, TRows& rows, const wxString& name);
+    // The control can lose its selection, and tell of it, when this is gone already.
+    ~TNativeListView() override { SetEvtHandlerEnabled(false); }
 
     void ShowOrder(TListColumn column, bool ascending) override
     {

@@ -10,6 +10,7 @@
 
 #include <csignal>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/un.h>
 
 using namespace murala;
@@ -221,7 +222,9 @@ public:
     {
         if (!m_connection)
             m_connection = TDescriptor(accept(m_listener.Get(), nullptr, nullptr));
-        std::uint32_t header[2];
+        const timeval limit{10, 0};
+        setsockopt(m_connection.Get(), SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
+        std::uint32_t header[2] = {};
         char magic[6];
         recv(m_connection.Get(), magic, sizeof magic, MSG_WAITALL);
         recv(m_connection.Get(), header, sizeof header, MSG_WAITALL);

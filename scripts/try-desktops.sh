@@ -289,8 +289,7 @@ CONF
     export DISPLAY=:$number
     [[ $name == *-2 && $name != *way* ]] || return 0
     xrandr --addmode DUMMY1 1280x1024 2>/dev/null
-    xrandr --output DUMMY0 --mode 1920x1080 --primary --output DUMMY1 --mode 1280x1024 \
-        --pos 1920x0
+    xrandr --output DUMMY1 --mode 1280x1024 --pos 1920x0
 }
 
 try() {

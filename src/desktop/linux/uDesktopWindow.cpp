@@ -40,24 +40,32 @@ std::vector<Window> Children(Display* display, Window window)
     return {children, children + count};
 }
 
-bool IsBelow(Display* display, Window window, std::string_view programClass, int levels)
+Window FindBelow(Display* display, Window window, std::string_view programClass, int levels)
 {
-    for (const Window child : Children(display, window))
-        if (IsDesktopOf(display, child, programClass) ||
-            (levels > 1 && IsBelow(display, child, programClass, levels - 1)))
-            return true;
-    return false;
+    for (const Window child : Children(display, window)) {
+        if (IsDesktopOf(display, child, programClass))
+            return child;
+        if (levels > 1)
+            if (const Window found = FindBelow(display, child, programClass, levels - 1))
+                return found;
+    }
+    return None;
 }
 
 } // namespace
 
-bool HasDesktopWindow(const char* programClass)
+std::optional<TSize> DesktopWindowSize(const char* programClass)
 {
     const TSharedDisplay display = SharedDisplay();
     if (!display)
-        return false;
+        return std::nullopt;
     TXErrorGuard guard(display.get()); // windows may go while they are looked at
-    return IsBelow(display.get(), DefaultRootWindow(display.get()), programClass, Levels);
+    const Window window =
+        FindBelow(display.get(), DefaultRootWindow(display.get()), programClass, Levels);
+    XWindowAttributes attributes{};
+    if (window == None || XGetWindowAttributes(display.get(), window, &attributes) == 0)
+        return std::nullopt;
+    return TSize{attributes.width, attributes.height};
 }
 
 } // namespace murala

@@ -1,9 +1,14 @@
 #pragma once
 
+#include "uGeometry.h"
+
+#include <optional>
+
 namespace murala
 {
 
-// Whether a program of this class (WM_CLASS) has a window that is the desktop.
-bool HasDesktopWindow(const char* programClass);
+// The size of the window with which a program of this class (WM_CLASS) draws the desktop; nothing
+// when it has none.
+std::optional<TSize> DesktopWindowSize(const char* programClass);
 
 } // namespace murala

@@ -30,7 +30,7 @@ constexpr guint LastWordsMs = 1000; // a desktop saves its settings some time af
 
 bool IsDesktopThere(const std::string& program)
 {
-    return IsBelowWayland() || HasDesktopWindow(program.c_str());
+    return IsBelowWayland() || DesktopWindowSize(program.c_str()).has_value();
 }
 
 void RunCommand(const TWords& command, TOnTook onTook)
@@ -159,8 +159,8 @@ private:
     }
 };
 
-// One window lies below all monitors, and its picture is stretched over them: the picture is made
-// for all of them, with the colour between.
+// Where one window lies below all monitors, its picture is stretched over them: it is made for all
+// of them, with the colour between.
 class TLxqtBackground : public TBackground
 {
 public:
@@ -171,7 +171,7 @@ public:
         if (!IsDesktopThere("pcmanfm-qt"))
             return onTook(TTook::NotYet, "");
         const TScreens screens = ReadScreens();
-        if (screens.Monitors.size() < 2)
+        if (screens.Monitors.size() < 2 || DesktopWindowSize("pcmanfm-qt") != screens.Whole)
             return Tell(path, std::move(onTook));
         WorkAside([=] { LayOut(path, screens, color); },
                   [path, onTook = std::move(onTook)] { Tell(path, onTook); });

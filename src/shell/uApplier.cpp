@@ -128,6 +128,8 @@ void TApplier::RefreshLabels(const TMuWallpaper& item)
 
 bool TApplier::ApplyRow(int row, TReport report)
 {
+    if (m_isComposing)
+        return false;
     m_preview.Release();
     m_core.Selection.SetCurrent(&m_core.List.Item(row));
     m_core.Selection.Select(&m_core.List.Item(row));

@@ -27,6 +27,8 @@ public:
     // Fewer than two wallpapers: nothing. Whether the next one is on the desktop now.
     bool Next(TReport report = TReport::MessageBox);
     void Previous();
+    // The row becomes the current one, is selected and put on the desktop. Whether it is there now.
+    bool ApplyRow(int row, TReport report);
     // The row on the desktop, and selected. When it cannot be shown, selection and current
     // wallpaper stay what they were, and only the status line tells.
     bool TryRow(int row);
@@ -44,7 +46,6 @@ private:
     void Install(const std::string& path, TColor color);
     void ApplyLabels(const TMuWallpaper& item);
     std::string StartEffect(const TMuWallpaper& item, bool startEffect);
-    bool ApplyRow(int row, TReport report);
 
     TCore& m_core;
     TStorage& m_storage;

@@ -13,6 +13,7 @@
 #include "uStorage.h"
 #include "uThumbnailCache.h"
 #include "uTicker.h"
+#include "uTray.h"
 
 namespace murala
 {
@@ -28,7 +29,8 @@ public:
     TApplier Applier{Core, Storage, Preview};
     TAddOnDesk AddOns{Core, Storage};
     TItemEditor Editor{Core, Storage, Applier, Preview};
-    TTicker Ticker{Core, Storage, Applier};
+    TTray Tray{Core, Storage, Applier};
+    TTicker Ticker{Core, Storage, Applier, Tray};
     TSessionEntry Session{Core, Storage, Desk};
     TConfigurator Configurator{Core, Storage, Desk, Session, Ticker, Thumbnails};
 

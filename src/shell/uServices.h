@@ -16,6 +16,7 @@
 #include "uSiblings.h"
 #include "uTaskBar.h"
 #include "uTextDrawing.h"
+#include "uTrayIcon.h"
 
 #include <memory>
 #include <string>
@@ -38,6 +39,7 @@ struct TServices {
     TTextDrawing& Text;
     TClock& Clock;
     TLocale& Locale;
+    TTrayArea& TrayArea;
     TDateNames DateNames;      // of the user's language
     std::string ProgramFolder; // with its trailing divider
     std::string ProgramFile;   // full path
@@ -66,6 +68,7 @@ private:
     std::unique_ptr<TTextDrawing> m_text;
     std::unique_ptr<TClock> m_clock;
     std::unique_ptr<TLocale> m_locale;
+    std::unique_ptr<TTrayArea> m_trayArea;
 };
 
 } // namespace murala

@@ -57,6 +57,12 @@ void TStorage::LoadList()
                                "file is kept under another name.",
                                {ReasonOf(error), std::to_string(m_core.List.Count())}));
     }
+    m_core.Listeners.Tell(&TListener::RowsChanged);
+    LoadCurrent();
+}
+
+void TStorage::LoadCurrent()
+{
     int current = m_core.List.Count() > 0 ? 0 : -1;
     try {
         m_settingsFile.Read([&](const std::string& path) {
@@ -66,8 +72,32 @@ void TStorage::LoadList()
     } catch (const std::exception&) {
         // The first wallpaper stands for it; the file that names the right one is kept.
     }
-    m_core.Listeners.Tell(&TListener::RowsChanged);
     m_core.Selection.SetCurrent(current >= 0 ? &m_core.List.Item(current) : nullptr);
+}
+
+void TStorage::ReloadSettings()
+{
+    const bool isUnsaved = !m_toldSettingsProblem.empty();
+    if (!m_haveSettings || isUnsaved)
+        return;
+    const TMuSettings& before = m_core.Settings;
+    const TSettingsDefaults defaults{m_core.Services.ProgramFolder, before.LastChangeDate,
+                                     before.Placement};
+    try {
+        m_settingsFile.Read([&](const std::string& path) {
+            TMuSettings settings = murala::LoadSettings(TIniFile::Load(path), defaults);
+            // These are changed more often than they are saved.
+            settings.LastChangeDate = before.LastChangeDate;
+            settings.CalendarDate = before.CalendarDate;
+            settings.WindowState = before.WindowState;
+            settings.Placement = before.Placement;
+            // The list has its folder since the start.
+            settings.ThumbnailFolder = before.ThumbnailFolder;
+            m_core.Settings = std::move(settings);
+        });
+    } catch (const std::exception&) {
+        // What is held is as good.
+    }
 }
 
 void TStorage::Write(TUserFile& file, const TUserFile::TWork& write)

@@ -24,6 +24,11 @@ public:
     // The list file and the current wallpaper. What cannot be read is told to the user; the whole
     // file is then kept under another name before it is written again.
     void LoadList();
+    // The current wallpaper of the present virtual desktop.
+    void LoadCurrent();
+    // Reads the settings again, as another program may have left them, while this one runs: what is
+    // only in memory stays, and everything, when what was to be saved could not be saved.
+    void ReloadSettings();
 
     // Both are skipped while Updating. Failures are told to the user, the same one once.
     void SaveList();

@@ -69,31 +69,33 @@ void TTicker::SetSchedule(const TScheduleSettings& schedule)
 
 void TTicker::RefreshTick()
 {
-    if (m_core.Pauses.IsPaused())
+    if (m_core.Pauses.IsPaused() || m_core.Services.ScreenSaver.IsRunning())
         return;
-    const TMuWallpaper* current = m_core.Selection.Current();
-    if (current == nullptr)
-        return;
-    const bool hasLabels = m_core.Settings.RefreshIcons && current->TransparentIcons;
     const bool isNewDay = IsNewDay();
-    if ((!hasLabels && !isNewDay) || m_core.Services.ScreenSaver.IsRunning())
-        return;
     {
         const TValueScope updating(m_core.Updating, true);
-        if (hasLabels)
-            SetIconsTransparent(m_core.Services.IconView);
+        RefreshLabels();
+        m_tray.Refresh();
         if (isNewDay)
             DrawNewDay();
     }
     if (isNewDay)
         m_storage.SaveSettings(TSaveFlags().set(sfCalendarDate));
+    m_tray.RefreshMenu();
+}
+
+void TTicker::RefreshLabels()
+{
+    const TMuWallpaper* current = m_core.Selection.Current();
+    if (m_core.Settings.RefreshIcons && current != nullptr && current->TransparentIcons)
+        SetIconsTransparent(m_core.Services.IconView);
 }
 
 // Also when the clock was set back: the calendar shows the day that it is.
 bool TTicker::IsNewDay()
 {
     const TMuSettings& settings = m_core.Settings;
-    if (!settings.UseCalendar)
+    if (!settings.UseCalendar || m_core.Selection.Current() == nullptr)
         return false;
     const TDateTime now = m_core.Services.Clock.Now();
     return DayOf(settings.CalendarDate) != DayOf(now) && !IsResting(now, m_noNewDayBefore);

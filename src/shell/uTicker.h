@@ -4,6 +4,7 @@
 #include "uApplier.h"
 #include "uSchedule.h"
 #include "uStorage.h"
+#include "uTray.h"
 
 namespace murala
 {
@@ -11,8 +12,8 @@ namespace murala
 class TTicker
 {
 public:
-    TTicker(TCore& core, TStorage& storage, TApplier& applier)
-        : m_core(core), m_storage(storage), m_applier(applier)
+    TTicker(TCore& core, TStorage& storage, TApplier& applier, TTray& tray)
+        : m_core(core), m_storage(storage), m_applier(applier), m_tray(tray)
     {
     }
 
@@ -20,7 +21,8 @@ public:
     void ScheduleTick();
     void SetSchedule(const TScheduleSettings& schedule);
     // Every five seconds: the icons' labels as the current wallpaper wants them (the shell forgets
-    // it now and then), and the calendar on the desktop as the day wants it.
+    // it now and then), the tray icon, which is lost when the shell begins anew, and the calendar
+    // on the desktop as the day wants it.
     void RefreshTick();
 
 private:
@@ -28,10 +30,12 @@ private:
     void PassOver();
     bool IsNewDay();
     void DrawNewDay();
+    void RefreshLabels();
 
     TCore& m_core;
     TStorage& m_storage;
     TApplier& m_applier;
+    TTray& m_tray;
     int m_failedChanges = 0;        // one after the other
     TDateTime m_noChangeBefore = 0; // after too many of them
     TDateTime m_noNewDayBefore = 0; // after a failure

@@ -4,6 +4,7 @@
 #include "uDesktopFakes.h"
 #include "uServices.h"
 #include "uTextFakes.h"
+#include "uTrayFakes.h"
 
 #include <string>
 
@@ -25,6 +26,7 @@ struct TFakeServices {
     TFixedText Text;
     TFakeClock Clock;
     TFakeLocale Locale;
+    TFakeTrayArea TrayArea;
     std::string ProgramFolder;
 
     TServices Services()
@@ -43,6 +45,7 @@ struct TFakeServices {
                 Text,
                 Clock,
                 Locale,
+                TrayArea,
                 EnglishDateNames(),
                 ProgramFolder,
                 ProgramFolder + "murala"};

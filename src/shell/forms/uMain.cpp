@@ -73,6 +73,7 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
     m_murala.LoadSettings(DefaultPlacement(DesignSize()));
     fProgress.Step();
     m_murala.Storage.LoadList();
+    ConnectTray();
 }
 
 TfMain::~TfMain()
@@ -215,8 +216,11 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
     }
     if (m_isStartHidden)
         Iconize();
-    PrepareFirstShow(*this);
-    Show();
+    if (!m_isStartHidden || !m_murala.Tray.CanHide()) {
+        PrepareFirstShow(*this);
+        Show();
+        m_wasShown = true;
+    }
     SetPreviewSize(m_murala.Core.Settings.PreviewSize);
     SetViewMode(m_murala.Core.Settings.ViewMode);
     SetThumbnailSize(m_murala.Core.Settings.ThumbnailSize);
@@ -227,6 +231,7 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
     SelectionChanged();
     if (IsApplyStart(arguments))
         m_murala.Storage.SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
+    m_murala.Tray.Enable();
     DragAcceptFiles(true);
     tRefreshIcons.Start(RefreshInterval);
     tScheduleTimer();
@@ -243,11 +248,7 @@ void TfMain::WakeUp()
     if (m_isWakePending)
         return;
     m_murala.Session.ImportQueuedFiles();
-    m_isStartHidden = false;
-    if (IsIconized())
-        Iconize(false);
-    Show();
-    Raise();
+    RestoreWindow();
 }
 
 void TfMain::Place(const TPlacement& placement)
@@ -274,7 +275,7 @@ void TfMain::TrackPlacement()
 // Some window managers put a new window where they like, or show one that was to be hidden.
 void TfMain::tPlacementTimer()
 {
-    if (std::exchange(m_isStartHidden, false))
+    if (std::exchange(m_isStartHidden, false) && IsShown())
         Iconize();
     else if (!IsIconized() && !IsMaximized())
         SetSize(m_placement.Left, m_placement.Top, m_placement.Width, m_placement.Height);
@@ -287,8 +288,10 @@ void TfMain::FormClose(wxCloseEvent& event)
         m_isClosePending = true;
         return event.Veto();
     }
-    for (wxTimer* timer : {&tSelectItem, &tPreviewUpdate, &tSchedule, &tRefreshIcons, &tPlacement})
+    for (wxTimer* timer :
+         {&tSelectItem, &tPreviewUpdate, &tSchedule, &tRefreshIcons, &tIcons, &tPlacement})
         timer->Stop();
+    m_murala.Tray.Remove();
     m_murala.Close();
     event.Skip();
 }

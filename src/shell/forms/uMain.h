@@ -5,6 +5,7 @@
 #include "uInstanceLink.h"
 #include "uMurala.h"
 #include "uPreviewPanel.h"
+#include "uToolkitTray.h"
 #include "uWallpaperPanel.h"
 
 #include <optional>
@@ -21,7 +22,7 @@ namespace murala
 
 class TAddOnsPage;
 
-class TfMain : public wxFrame, private TMainView, private TListener
+class TfMain : public wxFrame, private TMainView, private TTrayView, private TListener
 {
 public:
     // Builds the window, invisible, with the settings and the list loaded. Other copies find this
@@ -70,11 +71,15 @@ private:
     void tScheduleTimer();
     void StartSchedule();
     void tRefreshIconsTimer();
+    void tIconsTimer();
     void FormDropFiles(wxDropFilesEvent& event);
     void FormCharHook(wxKeyEvent& event);
     void FormMoving(wxMoveEvent& event);
     void FormClose(wxCloseEvent& event);
     void WakeUp();
+    void ConnectTray();
+    void HideWhenMinimised();
+    void ReleasePictures();
     void EndSession();
     void CloseWhenAsked();
     void TrackPlacement();
@@ -93,8 +98,16 @@ private:
     void SetBusy(bool busy) override;
     void EnableWindow(bool enable) override;
     bool IsWindowVisible() override;
-    void MinimiseWindow() override { Iconize(); }
+    void MinimiseWindow() override;
     TPlacement NormalPlacement() override { return m_placement; }
+
+    // TTrayView.
+    void RestoreWindow() override;
+    void BringToFront() override;
+    void StartIcons() override;
+    void ShowIcon(const TIconImage& image) override;
+    const TMenuItem* ShowMenu(const TMenuItem& menu, TPoint place) override;
+    void TrayChanged() override;
 
     // TListener.
     void ItemsChanged(const TItems&) override;
@@ -104,6 +117,7 @@ private:
     void SettingsChanged() override { StartSchedule(); }
     void PauseChanged() override;
 
+    std::unique_ptr<TTrayArea> m_toolkitTray; // null where the desktop needs no other
     TMurala m_murala;
     TActionList alMain;
     TActionBinder m_binder;
@@ -120,7 +134,7 @@ private:
     wxSize m_pagesSize; // what the largest page needs
     wxGauge* pbMain = nullptr;
     wxStaticText* pStatusText = nullptr;
-    wxTimer tSelectItem, tPreviewUpdate, tSchedule, tRefreshIcons, tPlacement, tEnd;
+    wxTimer tSelectItem, tPreviewUpdate, tSchedule, tRefreshIcons, tIcons, tPlacement, tEnd;
     int m_rightWidth = 0, m_previewHeight = 0;
     TPlacement m_placement;
     std::optional<wxBusyCursor> m_busyCursor;
@@ -128,6 +142,7 @@ private:
     wxWeakRef<wxWindow> m_focusBefore; // of being disabled
     bool m_wasEnabled = true;
     bool m_isStarting = true;
+    bool m_wasShown = false;
     bool m_isStartHidden = false; // until the window manager has taken it in
     bool m_isWakePending = false, m_isClosePending = false;
 };

@@ -59,7 +59,7 @@ void TfMain::BindWallpaperActions()
     bindItem(aApply, [this](TMuWallpaper& item) { m_murala.Applier.Apply(item); });
     bindItem(aApplyAndMinimize, [this](TMuWallpaper& item) {
         m_murala.Applier.Apply(item);
-        Iconize();
+        MinimiseWindow();
     });
     bind(
         aNext, [this] { m_murala.Applier.Next(); }, has(2));
@@ -139,7 +139,11 @@ void TfMain::BindWindowActions()
             return m_murala.Core.Settings.ThumbnailSize == size;
         };
     }
-    alMain[aExit].OnExecute = [this] { Close(); };
+    alMain[aExit].OnExecute = [this] {
+        m_murala.Tray.Disable();
+        Close();
+    };
+    alMain[aOptions].OnExecute = [this] { RestoreWindow(); };
     alMain[aAbout].OnExecute = [this] { aAboutExecute(); };
 }
 

@@ -58,7 +58,9 @@ void TfMain::BindEvents()
     // What was not loaded while nobody saw it.
     Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
         event.Skip();
-        if (!event.IsIconized())
+        if (event.IsIconized())
+            CallLater(*this, [this] { HideWhenMinimised(); });
+        else
             PreviewChanged(true);
     });
 }
@@ -73,6 +75,7 @@ void TfMain::BindTimers()
     bind(tSchedule, &TfMain::tScheduleTimer);
     bind(tPlacement, &TfMain::tPlacementTimer);
     bind(tRefreshIcons, &TfMain::tRefreshIconsTimer);
+    bind(tIcons, &TfMain::tIconsTimer);
     // Everything is saved; a message that nobody answers must not hold up the end of the session.
     tEnd.Bind(wxEVT_TIMER, [](wxTimerEvent&) { std::_Exit(0); });
 }

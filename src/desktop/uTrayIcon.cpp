@@ -1,0 +1,132 @@
+#include "uTrayIcon.h"
+
+#include <utility>
+
+namespace murala
+{
+
+const TMenuItem* FindMenuItem(const TMenuItem& menu, std::string_view name)
+{
+    for (const TMenuItem& item : menu.Items) {
+        if (item.Name == name)
+            return &item;
+        if (const TMenuItem* found = FindMenuItem(item, name))
+            return found;
+    }
+    return nullptr;
+}
+
+const TBitmap& ImageOfSide(const TIconImage& image, int side)
+{
+    for (const TBitmap& bitmap : image)
+        if (bitmap.Width() >= side)
+            return bitmap;
+    return image.back();
+}
+
+TMuTrayIcon::~TMuTrayIcon()
+{
+    Remove();
+    for (TTrayArea* area : m_areas)
+        area->Listen(nullptr);
+}
+
+void TMuTrayIcon::AddArea(TTrayArea& area)
+{
+    area.Listen(this);
+    m_areas.push_back(&area);
+}
+
+// Null while one is still asked that would be better than the others.
+TTrayArea* TMuTrayIcon::BestArea() const
+{
+    for (TTrayArea* area : m_areas)
+        if (const TTrayState state = area->State(); state != TTrayState::Missing)
+            return state == TTrayState::There ? area : nullptr;
+    return nullptr;
+}
+
+void TMuTrayIcon::SetHint(const std::string& hint)
+{
+    if (hint == m_look.Hint)
+        return;
+    m_look.Hint = hint;
+    Modify();
+}
+
+void TMuTrayIcon::SetIcon(std::shared_ptr<const TIconImage> icon)
+{
+    m_look.Icon = std::move(icon);
+    Modify();
+}
+
+void TMuTrayIcon::Add()
+{
+    m_isWanted = true;
+    if (Added())
+        return;
+    TTrayArea* area = BestArea();
+    if (area == nullptr || !area->Add(m_look))
+        return;
+    m_area = area;
+    if (OnChanged)
+        OnChanged();
+}
+
+bool TMuTrayIcon::Modify()
+{
+    return Added() && m_area->Modify(m_look);
+}
+
+bool TMuTrayIcon::IsInPlace()
+{
+    TTrayArea* best = BestArea();
+    return Modify() && (best == nullptr || best == m_area);
+}
+
+void TMuTrayIcon::Refresh()
+{
+    if (!m_isWanted || IsInPlace())
+        return;
+    if (TTrayArea* lost = std::exchange(m_area, nullptr)) {
+        lost->Remove();
+        Add();
+        if (!Added() && OnChanged)
+            OnChanged();
+    } else {
+        Add();
+    }
+}
+
+void TMuTrayIcon::Remove()
+{
+    m_isWanted = false;
+    if (TTrayArea* area = std::exchange(m_area, nullptr))
+        area->Remove();
+}
+
+void TMuTrayIcon::TrayLeftClick()
+{
+    if (Enabled && OnLeftClick)
+        OnLeftClick();
+}
+
+void TMuTrayIcon::TrayRightClick(TPoint cursor)
+{
+    if (Enabled && OnRightClick)
+        OnRightClick(cursor);
+}
+
+void TMuTrayIcon::TrayMenuOpens()
+{
+    if (Enabled && OnMenuOpens)
+        OnMenuOpens();
+}
+
+void TMuTrayIcon::TrayMenuChosen(const std::string& name)
+{
+    if (Enabled && OnMenuChosen)
+        OnMenuChosen(name);
+}
+
+} // namespace murala

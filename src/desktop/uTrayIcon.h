@@ -1,0 +1,141 @@
+// The program's icon in the notification area.
+//
+// TMuTrayIcon holds the rules, a TTrayArea is one place of the desktop where icons can be seen: the
+// shell's on Windows; on Linux that of the session's notifier watcher, or the one of X11, which the
+// toolkit reaches.
+#pragma once
+
+#include "uBitmap.h"
+#include "uMenuItem.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace murala
+{
+
+struct TPoint {
+    int X = 0, Y = 0;
+    friend bool operator==(const TPoint&, const TPoint&) = default;
+};
+
+// The same picture in several sizes, the smallest first; the fourth byte of a pixel is its opacity,
+// the colours are not multiplied with it.
+using TIconImage = std::vector<TBitmap>;
+
+// The smallest one that has at least this side, else the largest. The image is not empty.
+const TBitmap& ImageOfSide(const TIconImage& image, int side);
+
+struct TTrayLook {
+    std::string Hint;
+    std::shared_ptr<const TIconImage> Icon; // null or not empty
+};
+
+// What happens to the icon. Everything is told out of the thread's message loop.
+class TTrayEvents
+{
+public:
+    virtual ~TTrayEvents() = default;
+    virtual void TrayLeftClick() = 0;
+    // The menu is wanted.
+    virtual void TrayRightClick(TPoint cursor) = 0;
+    // The desktop draws the menu itself and is about to; SetMenu renews it.
+    virtual void TrayMenuOpens() = 0;
+    // An entry of the menu that the desktop drew.
+    virtual void TrayMenuChosen(const std::string& name) = 0;
+    // The area came, went or began anew.
+    virtual void TrayAreaChanged() = 0;
+};
+
+enum class TTrayState { Missing, Asking, There };
+
+struct TMenuMetrics {
+    int ItemHeight = 20, SeparatorHeight = 9, BorderHeight = 3;
+};
+
+class TTrayArea
+{
+public:
+    virtual ~TTrayArea() = default; // removes the icon
+
+    // Before anything else; null: nothing more is told.
+    virtual void Listen(TTrayEvents* events) = 0;
+    // Whether an icon here can be seen by the user.
+    virtual TTrayState State() = 0;
+    // Whether the icon is there as it should be now.
+    virtual bool Add(const TTrayLook& look) = 0;
+    virtual bool Modify(const TTrayLook& look) = 0;
+    virtual void Remove() = 0;
+
+    // The menu for a desktop that draws it itself.
+    virtual void SetMenu(const TMenuItem& /*menu*/) {}
+    virtual bool DrawsMenu() const { return false; }
+    virtual TMenuMetrics MenuMetrics() { return {}; }
+    // Shows the menu and waits until it is closed. The chosen entry, null for none; nothing when
+    // this area has no menus of its own.
+    virtual std::optional<const TMenuItem*> ShowMenu(const TMenuItem& /*menu*/, TPoint /*place*/)
+    {
+        return std::nullopt;
+    }
+};
+
+// The one that the desktop has by itself.
+std::unique_ptr<TTrayArea> NewTrayArea();
+
+class TMuTrayIcon : private TTrayEvents
+{
+public:
+    // Clicks count while this is set.
+    bool Enabled = true;
+
+    std::function<void()> OnLeftClick;
+    std::function<void(TPoint cursor)> OnRightClick;
+    std::function<void()> OnMenuOpens;
+    std::function<void(const std::string& name)> OnMenuChosen;
+    // Added has changed, or the icon has moved to another area.
+    std::function<void()> OnChanged;
+
+    TMuTrayIcon() = default;
+    TMuTrayIcon(const TMuTrayIcon&) = delete;
+    TMuTrayIcon& operator=(const TMuTrayIcon&) = delete;
+    ~TMuTrayIcon() override;
+
+    // Areas that come first are preferred. They outlive the icon.
+    void AddArea(TTrayArea& area);
+
+    bool Added() const { return m_area != nullptr; }
+    TTrayArea* Area() const { return m_area; }
+    const std::string& Hint() const { return m_look.Hint; }
+    void SetHint(const std::string& hint);
+    void SetIcon(std::shared_ptr<const TIconImage> icon);
+
+    // Unless it is there already.
+    void Add();
+    // Only when it was added. Whether the area still has it.
+    bool Modify();
+    // When it cannot be modified - it was never added, or the shell began anew - or a better area
+    // came, it is added again. From the first Add to Remove.
+    void Refresh();
+    void Remove();
+
+private:
+    TTrayArea* BestArea() const;
+    bool IsInPlace();
+
+    // TTrayEvents.
+    void TrayLeftClick() override;
+    void TrayRightClick(TPoint cursor) override;
+    void TrayMenuOpens() override;
+    void TrayMenuChosen(const std::string& name) override;
+    void TrayAreaChanged() override { Refresh(); }
+
+    std::vector<TTrayArea*> m_areas;
+    TTrayArea* m_area = nullptr; // where it was added
+    TTrayLook m_look;
+    bool m_isWanted = false;
+};
+
+} // namespace murala

@@ -1,0 +1,204 @@
+#include "uTrayIcon.h"
+#include "uWindowsMenu.h"
+
+#include "uInstanceLink.h"
+#include "uText.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <cstddef>
+#include <cstring>
+
+namespace murala
+{
+
+namespace
+{
+
+constexpr const char* WindowClass = "TMuTrayIcon";
+constexpr UINT IconId = 1;
+constexpr UINT CallbackMessage = WM_USER + 2;
+
+// The record of the first shells, which all know: up to a tip of 64 bytes. 88 bytes in a 32-bit
+// program.
+struct TNotifyRecord {
+    DWORD cbSize;
+    HWND hWnd;
+    UINT uID;
+    UINT uFlags;
+    UINT uCallbackMessage;
+    HICON hIcon;
+    CHAR szTip[64];
+};
+static_assert(sizeof(TNotifyRecord) == (sizeof(void*) == 4 ? 88 : 104));
+static_assert(offsetof(TNotifyRecord, szTip) == offsetof(NOTIFYICONDATAA, szTip));
+
+struct TIconDestroy {
+    using pointer = HICON;
+    void operator()(HICON icon) const noexcept { DestroyIcon(icon); }
+};
+using TIcon = std::unique_ptr<HICON, TIconDestroy>;
+
+struct TBitmapDelete {
+    using pointer = HBITMAP;
+    void operator()(HBITMAP bitmap) const noexcept { DeleteObject(bitmap); }
+};
+using TBitmapHandle = std::unique_ptr<HBITMAP, TBitmapDelete>;
+
+// The icon's four-byte pixels, top-down.
+TBitmapHandle NewColorBitmap(const TBitmap& picture)
+{
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = picture.Width();
+    info.bmiHeader.biHeight = -picture.Height();
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    void* pixels = nullptr;
+    TBitmapHandle bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
+    if (bitmap)
+        std::memcpy(pixels, picture.Row(0),
+                    sizeof(TPixel) * static_cast<std::size_t>(picture.Width()) *
+                        static_cast<std::size_t>(picture.Height()));
+    return bitmap;
+}
+
+TIcon NewIcon(const TBitmap& picture)
+{
+    const TBitmapHandle color = NewColorBitmap(picture);
+    const TBitmapHandle mask(CreateBitmap(picture.Width(), picture.Height(), 1, 1, nullptr));
+    ICONINFO info{};
+    info.fIcon = TRUE;
+    info.hbmColor = color.get();
+    info.hbmMask = mask.get();
+    return TIcon(color && mask ? CreateIconIndirect(&info) : nullptr);
+}
+
+class TWindowsTrayArea : public TTrayArea
+{
+public:
+    TWindowsTrayArea() : m_window(NewMessageWindow()) {}
+    TWindowsTrayArea(const TWindowsTrayArea&) = delete;
+    TWindowsTrayArea& operator=(const TWindowsTrayArea&) = delete;
+    ~TWindowsTrayArea() override
+    {
+        if (m_isAdded)
+            Remove();
+        if (m_window != nullptr)
+            DestroyWindow(m_window);
+    }
+
+    void Listen(TTrayEvents* events) override { m_events = events; }
+    // Only trying tells.
+    TTrayState State() override { return TTrayState::There; }
+    bool Add(const TTrayLook& look) override { return m_isAdded = Notify(NIM_ADD, look); }
+    bool Modify(const TTrayLook& look) override { return Notify(NIM_MODIFY, look); }
+    void Remove() override
+    {
+        Notify(NIM_DELETE, {});
+        m_isAdded = false;
+    }
+
+    TMenuMetrics MenuMetrics() override { return SystemMenuMetrics(); }
+    std::optional<const TMenuItem*> ShowMenu(const TMenuItem& menu, TPoint place) override
+    {
+        // Without the foreground the menu would stay when the user clicks elsewhere.
+        if (!HasForeground())
+            SetForegroundWindow(m_window);
+        const TMenuItem* chosen = TrackMenu(menu, place, m_window);
+        if (const HWND main = FindWindowA(MainWindowClass, MainWindowCaption))
+            PostMessageA(main, WM_NULL, 0, 0);
+        return chosen;
+    }
+
+private:
+    HWND NewMessageWindow()
+    {
+        WNDCLASSA windowClass{};
+        windowClass.lpfnWndProc = OnMessage;
+        windowClass.hInstance = GetModuleHandleA(nullptr);
+        windowClass.lpszClassName = WindowClass;
+        RegisterClassA(&windowClass);
+        const HWND window = CreateWindowExA(WS_EX_TOOLWINDOW, WindowClass, "", WS_POPUP, 0, 0, 0, 0,
+                                            nullptr, nullptr, windowClass.hInstance, nullptr);
+        if (window != nullptr)
+            SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        return window;
+    }
+
+    static bool HasForeground()
+    {
+        DWORD process = 0;
+        GetWindowThreadProcessId(GetForegroundWindow(), &process);
+        return process == GetCurrentProcessId();
+    }
+
+    bool Notify(DWORD message, const TTrayLook& look)
+    {
+        TNotifyRecord record{};
+        record.cbSize = sizeof record;
+        record.hWnd = m_window;
+        record.uID = IconId;
+        record.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
+        record.uCallbackMessage = CallbackMessage;
+        record.hIcon = IconOf(look);
+        const std::string_view tip = Tip(look.Hint);
+        tip.copy(record.szTip, tip.size());
+        return Shell_NotifyIconA(message, reinterpret_cast<NOTIFYICONDATAA*>(&record)) != FALSE;
+    }
+
+    // As much as the record holds, whole characters.
+    static std::string_view Tip(const std::string& hint)
+    {
+        std::string_view tip = FirstCharacters(hint, sizeof(TNotifyRecord::szTip) - 1);
+        for (std::size_t n = tip.size(); tip.size() >= sizeof(TNotifyRecord::szTip);)
+            tip = FirstCharacters(hint, --n);
+        return tip;
+    }
+
+    // Made once for each picture; the shell keeps a copy.
+    HICON IconOf(const TTrayLook& look)
+    {
+        if (look.Icon != m_picture) {
+            m_icon = look.Icon ? NewIcon(ImageOfSide(*look.Icon, GetSystemMetrics(SM_CXSMICON)))
+                               : TIcon();
+            m_picture = look.Icon;
+        }
+        return m_icon.get();
+    }
+
+    static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+    {
+        const auto* self =
+            reinterpret_cast<TWindowsTrayArea*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+        if (message == WM_QUERYENDSESSION)
+            return TRUE;
+        if (message != CallbackMessage || self == nullptr || self->m_events == nullptr)
+            return DefWindowProcA(window, message, wParam, lParam);
+        if (lParam == WM_LBUTTONUP) {
+            self->m_events->TrayLeftClick();
+        } else if (lParam == WM_RBUTTONUP) {
+            POINT cursor{};
+            GetCursorPos(&cursor);
+            self->m_events->TrayRightClick({cursor.x, cursor.y});
+        }
+        return 0;
+    }
+
+    HWND m_window;
+    TTrayEvents* m_events = nullptr;
+    std::shared_ptr<const TIconImage> m_picture;
+    TIcon m_icon;
+    bool m_isAdded = false;
+};
+
+} // namespace
+
+std::unique_ptr<TTrayArea> NewTrayArea()
+{
+    return std::make_unique<TWindowsTrayArea>();
+}
+
+} // namespace murala

@@ -1,0 +1,80 @@
+#include "uMenuPopup.h"
+
+#include "uWxText.h"
+
+#include <memory>
+#include <vector>
+
+#include <wx/frame.h>
+#include <wx/menu.h>
+
+namespace murala
+{
+
+namespace
+{
+
+// Above the toolkit's own numbers, whose entries get captions of theirs.
+constexpr int FirstId = wxID_HIGHEST + 10000;
+
+class TBuilder
+{
+public:
+    void Fill(wxMenu& to, const TMenuItem& from)
+    {
+        for (const TMenuItem& item : from.Items)
+            Append(to, item);
+    }
+    const TMenuItem* Item(int id) const
+    {
+        const auto index = static_cast<std::size_t>(id - FirstId);
+        return id >= FirstId && index < m_items.size() ? m_items[index] : nullptr;
+    }
+
+private:
+    void Append(wxMenu& to, const TMenuItem& item)
+    {
+        if (item.IsSeparator()) {
+            to.AppendSeparator();
+            return;
+        }
+        if (item.BarBreak)
+            to.Break();
+        const int id = FirstId + static_cast<int>(m_items.size());
+        m_items.push_back(&item);
+        // An entry without a caption is none for the toolkit.
+        const wxString caption = item.Caption.empty() ? wxString(" ") : ToWx(item.Caption);
+        if (item.Items.empty()) {
+            const bool isCheck = item.Checked;
+            wxMenuItem* entry = to.Append(id, caption, "", isCheck ? wxITEM_CHECK : wxITEM_NORMAL);
+            if (isCheck)
+                entry->Check();
+            entry->Enable(item.Enabled);
+            return;
+        }
+        auto below = std::make_unique<wxMenu>();
+        Fill(*below, item);
+        to.Append(id, caption, below.release());
+    }
+
+    std::vector<const TMenuItem*> m_items;
+};
+
+} // namespace
+
+const TMenuItem* PopupMenuAt(const TMenuItem& menu, const wxPoint& place)
+{
+    TBuilder builder;
+    wxMenu built;
+    builder.Fill(built, menu);
+    // A menu needs a window that it belongs to, on some desktops a visible one.
+    auto* owner = new wxFrame(
+        nullptr, wxID_ANY, "", place, wxSize(1, 1),
+        wxBORDER_NONE | wxFRAME_NO_TASKBAR | wxFRAME_TOOL_WINDOW | wxSTAY_ON_TOP, "TfMenuOwner");
+    owner->Show();
+    const int chosen = owner->GetPopupMenuSelectionFromUser(built, owner->ScreenToClient(place));
+    owner->Destroy();
+    return builder.Item(chosen);
+}
+
+} // namespace murala

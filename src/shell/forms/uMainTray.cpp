@@ -1,0 +1,121 @@
+// The main window and the notification area: where the window goes, and how it comes back.
+
+#include "uMain.h"
+
+#include "uMenuPopup.h"
+#include "uTrayFrames.h"
+#include "uWindowSystem.h"
+
+#include <utility>
+
+namespace murala
+{
+
+namespace
+{
+
+// Milliseconds.
+constexpr int IconsInterval = 200;
+constexpr int SettlingTime = 300; // of a window that is shown again
+
+} // namespace
+
+void TfMain::ConnectTray()
+{
+    std::vector<TTrayArea*> others;
+    m_toolkitTray = NewToolkitTrayArea();
+    if (m_toolkitTray)
+        others.push_back(m_toolkitTray.get());
+    m_murala.Tray.Connect(*this, alMain, NewTrayFrames(), others);
+}
+
+// Hidden where the tray icon brings it back, else minimised.
+void TfMain::MinimiseWindow()
+{
+    if (!m_murala.Tray.CanHide())
+        return Iconize();
+    const bool wasShown = IsShown();
+    Hide();
+    ReleasePictures();
+    if (wasShown)
+        m_murala.Tray.ExplainHiding();
+}
+
+void TfMain::HideWhenMinimised()
+{
+    if (IsShown() && IsIconized() && m_murala.Tray.CanHide())
+        MinimiseWindow();
+}
+
+// Nobody sees them.
+void TfMain::ReleasePictures()
+{
+    tSelectItem.Stop();
+    tPreviewUpdate.Stop();
+    iPreview->ShowText("");
+    m_murala.Preview.Release();
+    m_murala.Core.List.FreeAllThumbnails();
+}
+
+void TfMain::RestoreWindow()
+{
+    const bool wasHidden = !IsShown();
+    m_isStartHidden = false;
+    if (wasHidden) {
+        if (!std::exchange(m_wasShown, true))
+            PrepareFirstShow(*this);
+        Show();
+    }
+    if (IsIconized())
+        Iconize(false);
+    Raise();
+    if (!wasHidden)
+        return;
+    // The window manager may have put it elsewhere.
+    tPlacement.StartOnce(SettlingTime);
+    PreviewChanged(true);
+}
+
+void TfMain::BringToFront()
+{
+    if (IsWindowVisible())
+        Raise();
+}
+
+void TfMain::StartIcons()
+{
+    tIcons.Start(IconsInterval);
+}
+
+void TfMain::tIconsTimer()
+{
+    if (!m_murala.Tray.IconsTick())
+        tIcons.Stop();
+}
+
+void TfMain::ShowIcon(const TIconImage& image)
+{
+    SetIcons(ToIconBundle(image));
+}
+
+const TMenuItem* TfMain::ShowMenu(const TMenuItem& menu, TPoint place)
+{
+    return PopupMenuAt(menu, wxPoint(place.X, place.Y));
+}
+
+void TfMain::TrayChanged()
+{
+    if (m_isStarting)
+        return;
+    if (m_murala.Tray.CanHide()) {
+        if (IsShown() && IsIconized())
+            Hide();
+    } else if (!IsShown()) {
+        // Without the icon it could not be reached.
+        Iconize();
+        Show();
+        m_wasShown = true;
+    }
+}
+
+} // namespace murala

@@ -1,0 +1,318 @@
+#include "uTray.h"
+
+#include "uText.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace murala
+{
+
+namespace
+{
+
+constexpr std::string_view ExplainedSection = "Main", ExplainedKey = "TrayExplained";
+
+// The pop-up, before and behind the wallpapers' menu; ActionCount stands for a separator.
+constexpr TActionId ActionsBefore[] = {aOptions};
+constexpr TActionId ActionsBehind[] = {aNext,       aPrevious,   ActionCount, aTransparentIcons,
+                                       aCalendar,   ActionCount, aSchedule,   aConfiguration,
+                                       ActionCount, aExit};
+// At the end of the wallpapers.
+constexpr TActionId ActionsOfWallpapers[] = {aAdd, aOptions};
+
+TMenuItem Separator()
+{
+    TMenuItem item;
+    item.Caption = SeparatorCaption;
+    return item;
+}
+
+} // namespace
+
+TTray::TTray(TCore& core, TStorage& storage, TApplier& applier)
+    : m_core(core), m_storage(storage), m_applier(applier)
+{
+    m_icon.OnLeftClick = [this] { Guard([this] { LeftClick(); }); };
+    m_icon.OnRightClick = [this](TPoint cursor) { Guard([=, this] { RightClick(cursor); }); };
+    m_icon.OnMenuOpens = [this] { Guard([this] { MenuPopup(); }); };
+    m_icon.OnMenuChosen = [this](const std::string& name) { Guard([&] { MenuChosen(name); }); };
+    m_icon.OnChanged = [this] { Guard([this] { IconChanged(); }); };
+    m_core.Listeners.Add(*this);
+}
+
+TTray::~TTray()
+{
+    m_core.Listeners.Remove(*this);
+}
+
+// What calls knows no exceptions.
+void TTray::Guard(const std::function<void()>& handle)
+{
+    try {
+        handle();
+    } catch (const std::exception& error) {
+        m_core.Report(TReport::StatusLine, error.what());
+    }
+}
+
+void TTray::IconChanged()
+{
+    HandOverMenu();
+    if (m_view != nullptr)
+        m_view->TrayChanged();
+}
+
+void TTray::Connect(TTrayView& view, const TActionList& actions, TTrayFrames frames,
+                    const std::vector<TTrayArea*>& others)
+{
+    m_view = &view;
+    m_actions = &actions;
+    m_frames = std::move(frames);
+    m_icon.AddArea(m_core.Services.TrayArea);
+    for (TTrayArea* area : others)
+        m_icon.AddArea(*area);
+    m_currentDesktop = m_core.Services.Siblings.GetVeyraDesktop();
+    m_icon.SetIcon(m_frames[0]);
+    ShowHint();
+    m_icon.Add();
+    m_view->StartIcons();
+}
+
+void TTray::Enable()
+{
+    m_isDisabled = false;
+    PauseChanged();
+    RebuildTrayMenus(true);
+}
+
+void TTray::Disable()
+{
+    m_isDisabled = true;
+    m_icon.Enabled = false;
+}
+
+void TTray::Remove()
+{
+    Disable();
+    m_icon.Remove();
+    m_view = nullptr;
+}
+
+void TTray::PauseChanged()
+{
+    m_icon.Enabled = !m_isDisabled && !m_core.Pauses.IsPaused();
+}
+
+void TTray::CurrentChanged()
+{
+    UpdateTrayChecks(pmTrayIcon, m_core.Selection.CurrentIndex());
+    // Before it is composed it is a wish.
+    if (!m_applier.IsComposing())
+        return;
+    ShowHint();
+    if (m_view != nullptr)
+        m_view->StartIcons();
+    HandOverMenu();
+}
+
+void TTray::ShowHint()
+{
+    const TMuWallpaper* current = m_core.Selection.Current();
+    m_icon.SetHint(current != nullptr
+                       ? FormatText("%s (%s)", {"Murala", DisplayText(current->FileName())})
+                       : "Murala");
+}
+
+bool TTray::IconsTick()
+{
+    m_frame = (m_frame + 1) % static_cast<int>(m_frames.size());
+    const auto& image = m_frames[static_cast<std::size_t>(m_frame)];
+    if (image && m_view != nullptr)
+        m_view->ShowIcon(*image);
+    m_icon.SetIcon(image);
+    return m_frame != 0;
+}
+
+void TTray::Refresh()
+{
+    m_icon.Refresh();
+}
+
+// A desktop that draws the menu may not tell when it does.
+void TTray::RefreshMenu()
+{
+    if (m_menusDirty && m_icon.Added() && m_icon.Area()->DrawsMenu())
+        RebuildTrayMenus(false);
+}
+
+void TTray::ExplainHiding()
+{
+    try {
+        const std::string path = m_core.FilePath(SettingsFileName);
+        TIniFile file = TIniFile::Load(path);
+        if (file.ReadBoolean(ExplainedSection, ExplainedKey, false))
+            return;
+        file.Write(ExplainedSection, ExplainedKey, "1");
+        file.Save(path);
+    } catch (const std::exception&) {
+        return; // better never than every time
+    }
+    m_core.Tell("Murala goes on in the notification area. Click its icon there to get the window "
+                "back, or right-click it for a menu.");
+}
+
+void TTray::LeftClick()
+{
+    if (m_core.View.IsWindowVisible())
+        m_core.View.MinimiseWindow();
+    else
+        m_view->RestoreWindow();
+}
+
+void TTray::RightClick(TPoint cursor)
+{
+    if (m_isMenuOpen)
+        return;
+    const TValueScope open(m_isMenuOpen, true);
+    m_view->BringToFront();
+    MenuPopup();
+    if (const TMenuItem* chosen = ShowMenu(PlaceOfMenu(cursor)))
+        Choose(TMenuItem(*chosen)); // the menu may be made anew by what it does
+}
+
+const TMenuItem* TTray::ShowMenu(TPoint place)
+{
+    const TPauseScope pause(m_core.Pauses);
+    const std::optional<const TMenuItem*> shown = m_icon.Area()->ShowMenu(pmTrayIcon, place);
+    return shown ? *shown : m_view->ShowMenu(pmTrayIcon, place);
+}
+
+TPoint TTray::PlaceOfMenu(TPoint cursor) const
+{
+    std::optional<TRect> taskBar;
+    try {
+        taskBar = m_core.Services.TaskBar.GetTaskBarRect();
+    } catch (const ETaskBarMissing&) {
+        // At the cursor, then.
+    }
+    return MenuPlace(cursor, taskBar, m_core.Services.Desktop.ScreenSize(),
+                     MenuHeight(pmTrayIcon, m_icon.Area()->MenuMetrics()));
+}
+
+// Before the menu is seen.
+void TTray::MenuPopup()
+{
+    const TPauseScope pause(m_core.Pauses);
+    const int desktop = m_core.Services.Siblings.GetVeyraDesktop();
+    if (m_menusDirty || desktop != m_currentDesktop) {
+        ReloadForDesktop(desktop);
+        RebuildTrayMenus(true);
+    } else {
+        UpdateActions(pmTrayIcon);
+        HandOverMenu();
+    }
+}
+
+void TTray::ReloadForDesktop(int desktop)
+{
+    m_storage.ReloadSettings();
+    if (std::exchange(m_currentDesktop, desktop) == desktop)
+        return;
+    m_storage.LoadCurrent();
+    ShowHint();
+}
+
+void TTray::MenuChosen(const std::string& name)
+{
+    if (const TMenuItem* item = FindMenuItem(pmTrayIcon, name))
+        Choose(TMenuItem(*item));
+}
+
+void TTray::Choose(const TMenuItem& item)
+{
+    if (item.Action >= 0)
+        m_actions->Execute(static_cast<TActionId>(item.Action));
+    else
+        ChooseWallpaperFromMenu(item);
+}
+
+void TTray::ChooseWallpaperFromMenu(const TMenuItem& item)
+{
+    const int index = WallpaperIndexOf(item);
+    if (index < 0 || index >= static_cast<int>(m_menuWallpapers.size()))
+        return;
+    // The list may have changed since the menu was made.
+    const int row = m_core.List.IndexOf(m_menuWallpapers[static_cast<std::size_t>(index)]);
+    if (row >= 0)
+        m_applier.ApplyRow(row, TReport::MessageBox);
+}
+
+TMenuItem TTray::ActionItem(TActionId id) const
+{
+    const TAction& action = (*m_actions)[id];
+    TMenuItem item;
+    item.Name = action.Name;
+    item.Caption = action.Caption;
+    item.Action = id;
+    return item;
+}
+
+TMenuItem TTray::NewPopupMenu() const
+{
+    TMenuItem menu;
+    const auto append = [&](TActionId id) {
+        if (id == ActionCount)
+            menu.Items.push_back(Separator());
+        else if ((*m_actions)[id].IsOffered())
+            menu.Items.push_back(ActionItem(id));
+    };
+    std::ranges::for_each(ActionsBefore, append);
+    menu.Items.push_back(Separator());
+    const TSize screen = m_core.Services.Desktop.ScreenSize();
+    const TMenuMetrics metrics = m_icon.Added() ? m_icon.Area()->MenuMetrics() : TMenuMetrics();
+    TMenuItem wallpapers = NewWallpaperMenu(
+        m_core.List, m_core.Selection.CurrentIndex(),
+        {m_core.Settings.UseWallpaperCategories, screen.Height / std::max(1, metrics.ItemHeight)});
+    std::vector<TMenuItem> last;
+    for (const TActionId id : ActionsOfWallpapers)
+        last.push_back(ActionItem(id));
+    AppendToWallpaperMenu(wallpapers, last);
+    menu.Items.push_back(std::move(wallpapers));
+    std::ranges::for_each(ActionsBehind, append);
+    return menu;
+}
+
+void TTray::RebuildTrayMenus(bool force)
+{
+    if (m_core.Updating || m_actions == nullptr || (!force && !m_menusDirty))
+        return;
+    pmTrayIcon = NewPopupMenu();
+    m_menuWallpapers.clear();
+    for (int i = 0; i < m_core.List.Count(); ++i)
+        m_menuWallpapers.push_back(&m_core.List.Item(i));
+    UpdateActions(pmTrayIcon);
+    m_menusDirty = false;
+    HandOverMenu();
+}
+
+void TTray::UpdateActions(TMenuItem& menu) const
+{
+    for (TMenuItem& item : menu.Items) {
+        if (item.Action >= 0) {
+            const TAction& action = (*m_actions)[static_cast<TActionId>(item.Action)];
+            item.Enabled = action.Enabled();
+            item.Checked = action.Checkable && action.Checked();
+        } else if (!item.Items.empty()) {
+            UpdateActions(item);
+        }
+    }
+}
+
+void TTray::HandOverMenu()
+{
+    if (m_icon.Added() && m_icon.Area()->DrawsMenu())
+        m_icon.Area()->SetMenu(pmTrayIcon);
+}
+
+} // namespace murala

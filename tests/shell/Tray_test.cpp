@@ -1,0 +1,359 @@
+#include "MuralaFixture.h"
+
+#include <fstream>
+
+using namespace murala;
+
+namespace
+{
+
+struct TFakeTrayView : TTrayView {
+    explicit TFakeTrayView(TFakeMainView& view) : View(view) {}
+    TFakeMainView& View;
+    int Restored = 0, Raised = 0, Started = 0, Changed = 0;
+    std::vector<std::size_t> Icons;
+    std::string Choice; // the name of the entry that is chosen
+    std::function<void()> OnMenu;
+    std::vector<TPoint> Places;
+
+    void RestoreWindow() override
+    {
+        Restored++;
+        View.Visible = true;
+    }
+    void BringToFront() override { Raised++; }
+    void StartIcons() override { Started++; }
+    void ShowIcon(const TIconImage& image) override { Icons.push_back(image.size()); }
+    const TMenuItem* ShowMenu(const TMenuItem& menu, TPoint place) override
+    {
+        Places.push_back(place);
+        if (OnMenu)
+            OnMenu();
+        return FindMenuItem(menu, Choice);
+    }
+    void TrayChanged() override { Changed++; }
+};
+
+// Frames that are told apart by how many sizes they have.
+TTrayFrames Frames()
+{
+    TTrayFrames frames;
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        auto image = std::make_shared<TIconImage>();
+        for (std::size_t n = 0; n <= i; ++n)
+            image->emplace_back(16, 16);
+        frames[i] = std::move(image);
+    }
+    return frames;
+}
+
+class Tray : public TMuralaFixture
+{
+protected:
+    Tray()
+    {
+        m_services.TrayArea.Place = TTrayState::There;
+        m_actions[aNext].OnExecute = [this] { m_murala->Applier.Next(); };
+        m_actions[aNext].OnEnabled = [this] { return m_murala->Core.List.Count() >= 2; };
+        m_actions[aTransparentIcons].OnExecute = [] {};
+        m_actions[aTransparentIcons].OnChecked = [this] { return m_transparent; };
+        m_actions[aExit].OnExecute = [this] { m_murala->Tray.Disable(); };
+        Connect();
+    }
+    // The window's fake is the fixture's, which must be there first.
+    ~Tray() override { m_murala->Tray.Remove(); }
+
+    void Connect()
+    {
+        m_murala->Tray.Connect(m_window, m_actions, Frames(), {&m_other});
+        m_murala->Tray.Enable();
+    }
+    TFakeTrayArea& Area() { return m_services.TrayArea; }
+    void RightClick() { Area().Events->TrayRightClick({50, 20}); }
+    // What the pop-up would show of the wallpapers.
+    const TMenuItem& Wallpapers() { return *FindMenuItem(m_murala->Tray.Menu(), "Wallpaper1"); }
+
+    TFakeTrayView m_window{m_view};
+    TFakeTrayArea m_other;
+    bool m_transparent = false;
+    TActionList m_actions{[](const std::exception& error) { ADD_FAILURE() << error.what(); }};
+};
+
+} // namespace
+
+TEST_F(Tray, ALeftClickHidesTheWindowAndBringsItBackAndPausesIgnoreIt)
+{
+    Area().Events->TrayLeftClick();
+    EXPECT_FALSE(m_view.Visible);
+    Area().Events->TrayLeftClick();
+    EXPECT_TRUE(m_view.Visible);
+    {
+        const TPauseScope dialog(m_murala->Core.Pauses);
+        EXPECT_FALSE(m_murala->Tray.IsEnabled());
+        Area().Events->TrayLeftClick();
+        RightClick();
+    }
+    EXPECT_TRUE(m_murala->Tray.IsEnabled());
+    EXPECT_TRUE(m_view.Visible);
+    EXPECT_TRUE(m_window.Places.empty());
+    // A double click is two single ones.
+    Area().Events->TrayLeftClick();
+    Area().Events->TrayLeftClick();
+    EXPECT_TRUE(m_view.Visible);
+    m_actions.Execute(aExit);
+    { // the end of a message does not enable it again
+        const TPauseScope message(m_murala->Core.Pauses);
+    }
+    Area().Events->TrayLeftClick();
+    EXPECT_TRUE(m_view.Visible);
+}
+
+TEST_F(Tray, TheChosenWallpaperIsAppliedSelectedAndNamedInTheHint)
+{
+    AddPictures(3);
+    Apply(0);
+    m_window.Choice = "CategoryMenuItem2";
+    RightClick();
+    EXPECT_EQ(CurrentIndex(), 2);
+    EXPECT_EQ(SelectedRows(), std::vector<int>{2});
+    EXPECT_EQ(Area().Look.Hint, "Murala (" + Item(2).FileName() + ")");
+    EXPECT_TRUE(FindMenuItem(m_murala->Tray.Menu(), "CategoryMenuItem2")->Checked);
+    EXPECT_FALSE(FindMenuItem(m_murala->Tray.Menu(), "CategoryMenuItem0")->Checked);
+    // One that cannot be shown is told of, and the hint still names what is on the desktop.
+    std::filesystem::remove(Item(1).FileName());
+    m_window.Choice = "CategoryMenuItem1";
+    RightClick();
+    EXPECT_EQ(m_view.Messages.size(), 1U);
+    EXPECT_EQ(Area().Look.Hint, "Murala (" + Item(2).FileName() + ")");
+    m_window.Choice = "no such entry";
+    RightClick();
+    EXPECT_EQ(m_view.Messages.size(), 1U);
+}
+
+TEST_F(Tray, TheListMayChangeWhileTheMenuIsOpen)
+{
+    AddPictures(3);
+    m_window.Choice = "CategoryMenuItem2";
+    const std::string wanted = Item(2).FileName();
+    m_window.OnMenu = [this] {
+        RightClick(); // a second click while it is open
+        EXPECT_FALSE(m_murala->Tray.IsEnabled());
+        Select(0);
+        m_murala->Desk.RemoveSelected();
+    };
+    RightClick();
+    EXPECT_EQ(m_window.Places.size(), 1U);
+    ASSERT_NE(m_murala->Core.Selection.Current(), nullptr);
+    EXPECT_EQ(m_murala->Core.Selection.Current()->FileName(), wanted);
+    m_window.OnMenu = [this] {
+        m_murala->Core.Selection.SelectAll();
+        m_murala->Desk.RemoveSelected();
+    };
+    m_window.Choice = "CategoryMenuItem0";
+    m_services.Desktop.Calls.clear();
+    RightClick();
+    EXPECT_TRUE(m_services.Desktop.Calls.empty());
+    // A menu that failed leaves the next one possible.
+    m_window.OnMenu = [] { throw std::runtime_error("no menu"); };
+    RightClick();
+    m_window.OnMenu = {};
+    RightClick();
+    EXPECT_EQ(m_window.Places.size(), 4U);
+}
+
+TEST_F(Tray, TheMenuIsMadeAnewOnlyWhenSomethingChanged)
+{
+    AddPictures(2);
+    RightClick();
+    const auto wallpapers = [this] { return Wallpapers().Items.front().Items.size(); };
+    EXPECT_EQ(wallpapers(), 2U);
+    const TMenuItem* before = &Wallpapers().Items.front();
+    RightClick();
+    EXPECT_EQ(&Wallpapers().Items.front(), before);
+    m_murala->Desk.AddFiles({Picture("New.bmp")});
+    RightClick();
+    EXPECT_EQ(wallpapers(), 3U);
+    m_murala->Desk.Rename(Item(0), "R & D");
+    RightClick();
+    EXPECT_EQ(FindMenuItem(m_murala->Tray.Menu(), "CategoryMenuItem0")->Caption, "R && D");
+    {
+        const TValueScope updating(m_murala->Core.Updating, true);
+        m_murala->Desk.Rename(Item(0), "Later");
+        m_murala->Tray.RebuildTrayMenus(true);
+        EXPECT_EQ(FindMenuItem(m_murala->Tray.Menu(), "CategoryMenuItem0")->Caption, "R && D");
+    }
+    m_murala->Tray.RebuildTrayMenus(false);
+    EXPECT_EQ(FindMenuItem(m_murala->Tray.Menu(), "CategoryMenuItem0")->Caption, "Later");
+}
+
+TEST_F(Tray, ActionsOfTheMenuFollowTheActionList)
+{
+    RightClick();
+    const auto action = [this](const char* name) {
+        return *FindMenuItem(m_murala->Tray.Menu(), name);
+    };
+    EXPECT_FALSE(action("aNext").Enabled);
+    EXPECT_FALSE(action("aTransparentIcons").Checked);
+    AddPictures(2);
+    m_transparent = true;
+    RightClick();
+    m_transparent = false;
+    RightClick();
+    EXPECT_TRUE(action("aNext").Enabled);
+    EXPECT_FALSE(action("aTransparentIcons").Checked);
+    m_transparent = true;
+    RightClick();
+    EXPECT_TRUE(action("aTransparentIcons").Checked);
+    Apply(0);
+    m_window.Choice = "aNext";
+    RightClick();
+    EXPECT_EQ(CurrentIndex(), 1);
+}
+
+TEST_F(Tray, TheMenuOpensAtTheTaskBarOrAtTheCursor)
+{
+    m_services.Desktop.Screen = {100, 80};
+    RightClick();
+    m_services.TaskBar.Rect = TRect{-2, -2, 102, 10};
+    RightClick();
+    EXPECT_EQ(m_window.Places, (std::vector<TPoint>{{42, 20}, {42, 10}}));
+}
+
+TEST_F(Tray, AnotherDesktopOfVeyraBringsItsSettingsAndNothingIsLost)
+{
+    AddPictures(3);
+    Apply(1);
+    m_murala->Core.Settings.LastChangeDate = 45000.25; // only in memory
+    {
+        TIniFile file = TIniFile::Load(m_services.ProgramFolder + "Murala.ini");
+        file.Write("Main", "UseWallpaperCategories", "0");
+        file.Write("Main", "WallpaperCurrent3", Item(2).FileName());
+        file.Save(m_services.ProgramFolder + "Murala.ini");
+    }
+    RightClick(); // the list is new to the menu: that reads the settings, too
+    EXPECT_FALSE(m_murala->Core.Settings.UseWallpaperCategories);
+    EXPECT_EQ(CurrentIndex(), 1);
+    m_murala->Core.Settings.UseWallpaperCategories = true;
+    RightClick();
+    EXPECT_TRUE(m_murala->Core.Settings.UseWallpaperCategories);
+    m_services.Siblings.VeyraDesktop = 3;
+    m_services.Desktop.Calls.clear();
+    RightClick();
+    EXPECT_FALSE(m_murala->Core.Settings.UseWallpaperCategories);
+    EXPECT_EQ(m_murala->Core.Settings.LastChangeDate, 45000.25);
+    EXPECT_EQ(CurrentIndex(), 2);
+    EXPECT_TRUE(Wallpapers().Items[2].Checked);
+    EXPECT_TRUE(m_services.Desktop.Calls.empty());
+}
+
+TEST_F(Tray, SettingsThatCouldNotBeSavedAreNotReadOverWhatIsHeld)
+{
+    AddPictures(1);
+    const std::string ini = m_services.ProgramFolder + "Murala.ini";
+    std::filesystem::rename(ini, ini + ".away");
+    std::filesystem::create_directory(ini); // cannot be written
+    m_murala->Core.Settings.ScheduleFrequency = 7;
+    m_murala->Storage.SaveSettings(AllSaveFlags);
+    EXPECT_EQ(m_view.Messages.size(), 1U);
+    std::filesystem::remove(ini);
+    std::filesystem::rename(ini + ".away", ini);
+    m_services.Siblings.VeyraDesktop = 2;
+    RightClick();
+    EXPECT_EQ(m_murala->Core.Settings.ScheduleFrequency, 7);
+}
+
+TEST_F(Tray, AnAppliedWallpaperRunsThroughTheFramesOnce)
+{
+    AddPictures(1);
+    const int before = m_window.Started;
+    Apply(0);
+    EXPECT_EQ(m_window.Started, before + 1);
+    std::vector<std::size_t> shown;
+    bool more = true;
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_TRUE(more);
+        more = m_murala->Tray.IconsTick();
+        shown.push_back(Area().Look.Icon->size());
+    }
+    EXPECT_FALSE(more);
+    EXPECT_EQ(shown, (std::vector<std::size_t>{2, 3, 1}));
+    EXPECT_EQ(m_window.Icons, shown);
+}
+
+TEST_F(Tray, ALostIconComesBackWithTheNextTickUnlessAScreenSaverRuns)
+{
+    EXPECT_EQ(Area().Added, 1);
+    m_murala->Ticker.RefreshTick();
+    EXPECT_EQ(Area().Added, 1);
+    Area().Restart();
+    m_services.ScreenSaver.Running = true;
+    m_murala->Ticker.RefreshTick();
+    EXPECT_FALSE(Area().HasIcon);
+    m_services.ScreenSaver.Running = false;
+    Area().Refuses = true; // the shell is not yet up
+    m_murala->Ticker.RefreshTick();
+    EXPECT_FALSE(m_murala->Tray.CanHide());
+    Area().Refuses = false;
+    m_murala->Ticker.RefreshTick();
+    EXPECT_TRUE(Area().HasIcon);
+    EXPECT_TRUE(m_murala->Tray.CanHide());
+    EXPECT_EQ(Area().Look.Icon->size(), 1U);
+    m_murala->Tray.Remove();
+    EXPECT_FALSE(Area().HasIcon);
+    m_murala->Ticker.RefreshTick();
+    EXPECT_FALSE(Area().HasIcon);
+}
+
+TEST_F(Tray, TheBestAreaHasTheIconWhateverComesAndGoes)
+{
+    const auto where = [this] {
+        return std::string(Area().HasIcon ? "own" : "") + (m_other.HasIcon ? "other" : "");
+    };
+    Area().Turn(TTrayState::Missing);
+    EXPECT_EQ(where(), "");
+    EXPECT_FALSE(m_murala->Tray.CanHide());
+    m_other.Place = TTrayState::There;
+    m_murala->Ticker.RefreshTick();
+    EXPECT_EQ(where(), "other");
+    Area().Turn(TTrayState::Asking); // the other one stays until the answer is there
+    EXPECT_EQ(where(), "other");
+    Area().Turn(TTrayState::There);
+    EXPECT_EQ(where(), "own");
+    Area().Turn(TTrayState::Missing);
+    EXPECT_EQ(where(), "other");
+    EXPECT_GE(m_window.Changed, 4);
+}
+
+TEST_F(Tray, ADesktopThatDrawsTheMenuHasTheLatest)
+{
+    Area().Draws = true;
+    AddPictures(2);
+    m_murala->Ticker.RefreshTick();
+    EXPECT_NE(FindMenuItem(Area().Menu, "CategoryMenuItem1"), nullptr);
+    const int told = Area().Menus;
+    m_murala->Ticker.RefreshTick();
+    EXPECT_EQ(Area().Menus, told);
+    m_murala->Desk.AddFiles({Picture("New.bmp")});
+    Area().Events->TrayMenuOpens();
+    EXPECT_NE(FindMenuItem(Area().Menu, "CategoryMenuItem2"), nullptr);
+    Area().Events->TrayMenuChosen("CategoryMenuItem1");
+    EXPECT_EQ(CurrentIndex(), 1);
+    EXPECT_TRUE(FindMenuItem(Area().Menu, "CategoryMenuItem1")->Checked);
+    Area().Events->TrayMenuChosen("aExit");
+    EXPECT_FALSE(m_murala->Tray.IsEnabled());
+    Area().Events->TrayMenuChosen("CategoryMenuItem0");
+    EXPECT_EQ(CurrentIndex(), 1);
+}
+
+TEST_F(Tray, HidingIsExplainedOnceForAllTimes)
+{
+    m_murala->Tray.ExplainHiding();
+    m_murala->Tray.ExplainHiding();
+    EXPECT_EQ(m_view.Messages.size(), 1U);
+    m_murala->Tray.Remove();
+    Restart();
+    Connect();
+    m_murala->Storage.SaveSettings(AllSaveFlags);
+    m_murala->Tray.ExplainHiding();
+    EXPECT_TRUE(m_view.Messages.empty());
+}

@@ -1,5 +1,6 @@
 #include "uTrayIcon.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace murala
@@ -46,6 +47,12 @@ TTrayArea* TMuTrayIcon::BestArea() const
     return nullptr;
 }
 
+bool TMuTrayIcon::IsAsking() const
+{
+    return std::ranges::any_of(m_areas,
+                               [](TTrayArea* area) { return area->State() == TTrayState::Asking; });
+}
+
 void TMuTrayIcon::SetHint(const std::string& hint)
 {
     if (hint == m_look.Hint)
@@ -69,8 +76,7 @@ void TMuTrayIcon::Add()
     if (area == nullptr || !area->Add(m_look))
         return;
     m_area = area;
-    if (OnChanged)
-        OnChanged();
+    TellChanged();
 }
 
 bool TMuTrayIcon::Modify()
@@ -91,8 +97,8 @@ void TMuTrayIcon::Refresh()
     if (TTrayArea* lost = std::exchange(m_area, nullptr)) {
         lost->Remove();
         Add();
-        if (!Added() && OnChanged)
-            OnChanged();
+        if (!Added())
+            TellChanged();
     } else {
         Add();
     }
@@ -103,6 +109,18 @@ void TMuTrayIcon::Remove()
     m_isWanted = false;
     if (TTrayArea* area = std::exchange(m_area, nullptr))
         area->Remove();
+}
+
+void TMuTrayIcon::TrayAreaChanged()
+{
+    Refresh();
+    TellChanged();
+}
+
+void TMuTrayIcon::TellChanged()
+{
+    if (OnChanged)
+        OnChanged();
 }
 
 void TMuTrayIcon::TrayLeftClick()

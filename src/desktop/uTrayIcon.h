@@ -95,7 +95,7 @@ public:
     std::function<void(TPoint cursor)> OnRightClick;
     std::function<void()> OnMenuOpens;
     std::function<void(const std::string& name)> OnMenuChosen;
-    // Added has changed, or the icon has moved to another area.
+    // Added may have changed, or the icon may have moved to another area.
     std::function<void()> OnChanged;
 
     TMuTrayIcon() = default;
@@ -107,6 +107,8 @@ public:
     void AddArea(TTrayArea& area);
 
     bool Added() const { return m_area != nullptr; }
+    // An area is not known yet.
+    bool IsAsking() const;
     TTrayArea* Area() const { return m_area; }
     const std::string& Hint() const { return m_look.Hint; }
     void SetHint(const std::string& hint);
@@ -124,13 +126,14 @@ public:
 private:
     TTrayArea* BestArea() const;
     bool IsInPlace();
+    void TellChanged();
 
     // TTrayEvents.
     void TrayLeftClick() override;
     void TrayRightClick(TPoint cursor) override;
     void TrayMenuOpens() override;
     void TrayMenuChosen(const std::string& name) override;
-    void TrayAreaChanged() override { Refresh(); }
+    void TrayAreaChanged() override;
 
     std::vector<TTrayArea*> m_areas;
     TTrayArea* m_area = nullptr; // where it was added

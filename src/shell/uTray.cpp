@@ -15,9 +15,9 @@ constexpr std::string_view ExplainedSection = "Main", ExplainedKey = "TrayExplai
 
 // The pop-up, before and behind the wallpapers' menu; ActionCount stands for a separator.
 constexpr TActionId ActionsBefore[] = {aOptions};
-constexpr TActionId ActionsBehind[] = {aNext,       aPrevious,   ActionCount, aTransparentIcons,
-                                       aCalendar,   ActionCount, aSchedule,   aConfiguration,
-                                       ActionCount, aExit};
+constexpr TActionId ActionsBehind[] = {aNext,     aPrevious,   ActionCount,    aTransparentIcons,
+                                       aCalendar, ActionCount, aConfiguration, ActionCount,
+                                       aExit};
 // At the end of the wallpapers.
 constexpr TActionId ActionsOfWallpapers[] = {aAdd, aOptions};
 
@@ -142,7 +142,7 @@ void TTray::Refresh()
 // A desktop that draws the menu may not tell when it does.
 void TTray::RefreshMenu()
 {
-    if (m_menusDirty && m_icon.Added() && m_icon.Area()->DrawsMenu())
+    if (m_icon.Added() && m_icon.Area()->DrawsMenu())
         RebuildTrayMenus(false);
 }
 
@@ -205,13 +205,18 @@ void TTray::MenuPopup()
 {
     const TPauseScope pause(m_core.Pauses);
     const int desktop = m_core.Services.Siblings.GetVeyraDesktop();
-    if (m_menusDirty || desktop != m_currentDesktop) {
+    if (IsMenuStale() || desktop != m_currentDesktop) {
         ReloadForDesktop(desktop);
         RebuildTrayMenus(true);
     } else {
         UpdateActions(pmTrayIcon);
         HandOverMenu();
     }
+}
+
+bool TTray::IsMenuStale() const
+{
+    return m_menusDirty || m_isByCategory != m_core.Settings.UseWallpaperCategories;
 }
 
 void TTray::ReloadForDesktop(int desktop)
@@ -285,7 +290,7 @@ TMenuItem TTray::NewPopupMenu() const
 
 void TTray::RebuildTrayMenus(bool force)
 {
-    if (m_core.Updating || m_actions == nullptr || (!force && !m_menusDirty))
+    if (m_core.Updating || m_actions == nullptr || (!force && !IsMenuStale()))
         return;
     pmTrayIcon = NewPopupMenu();
     m_menuWallpapers.clear();
@@ -293,6 +298,7 @@ void TTray::RebuildTrayMenus(bool force)
         m_menuWallpapers.push_back(&m_core.List.Item(i));
     UpdateActions(pmTrayIcon);
     m_menusDirty = false;
+    m_isByCategory = m_core.Settings.UseWallpaperCategories;
     HandOverMenu();
 }
 

@@ -58,6 +58,8 @@ public:
 
     // Whether a hidden window can be reached by the icon.
     bool CanHide() const { return m_icon.Added(); }
+    // Whether that may change at once.
+    bool IsAsking() const { return m_icon.IsAsking(); }
     // Tells the user where a hidden window is, once for all times.
     void ExplainHiding();
 
@@ -95,6 +97,7 @@ private:
     TMenuItem ActionItem(TActionId id) const;
     TMenuItem NewPopupMenu() const;
     void UpdateActions(TMenuItem& menu) const;
+    bool IsMenuStale() const;
     void ReloadForDesktop(int desktop);
     void ShowHint();
     // For a desktop that draws the menu itself.
@@ -111,6 +114,7 @@ private:
     TMenuItem pmTrayIcon;
     std::vector<const TMuWallpaper*> m_menuWallpapers; // by the indexes in the menu
     bool m_menusDirty = true;
+    bool m_isByCategory = false; // the menu
     bool m_isMenuOpen = false;
     bool m_isDisabled = true;
     int m_currentDesktop = 0; // of Veyra, as seen before

@@ -302,3 +302,67 @@ TEST(ScheduleDialog, EnablesWhatMattersAndGivesBackWhatItWasGiven)
     EXPECT_FALSE(find("cbOn")->IsEnabled());
     EXPECT_FALSE(find("dtpAt")->IsEnabled());
 }
+
+TEST_F(MainWindow, GoesToTheTrayWhereThereIsOneAndComesBackWhereItWas)
+{
+    m_services.TrayArea.Place = TTrayState::There;
+    Start();
+    AddTwo();
+    Select(0);
+    auto& preview = Control<TPreviewPanel>("iPreview");
+    EXPECT_TRUE(PumpUntil([&] { return preview.Picture().IsOk(); }));
+    const wxRect before = m_main->GetRect();
+    m_main->Actions().Execute(aApplyAndMinimize);
+    EXPECT_FALSE(m_main->IsShown());
+    ASSERT_EQ(m_messages.Texts.size(), 1U);
+    EXPECT_NE(m_messages.Texts[0].find("notification area"), std::string::npos);
+    EXPECT_FALSE(preview.Picture().IsOk());
+    Pump(400);
+    m_services.TrayArea.Events->TrayLeftClick();
+    EXPECT_TRUE(PumpUntil([&] { return m_main->IsShown() && !m_main->IsIconized(); }));
+    EXPECT_TRUE(PumpUntil([&] { return preview.Picture().IsOk(); }));
+    Pump(500);
+    EXPECT_EQ(m_main->GetRect(), before);
+    m_services.TrayArea.Events->TrayLeftClick();
+    EXPECT_FALSE(m_main->IsShown());
+    EXPECT_EQ(m_messages.Texts.size(), 1U);
+    m_main->Actions().Execute(aOptions);
+    EXPECT_TRUE(m_main->IsShown());
+    // Whatever minimises the window hides it.
+    m_main->Iconize();
+    EXPECT_TRUE(PumpUntil([&] { return !m_main->IsShown(); }));
+    m_services.TrayArea.Turn(TTrayState::Missing); // and without the icon it can be reached
+    EXPECT_TRUE(PumpUntil([&] { return m_main->IsShown(); }));
+    m_services.TrayArea.Turn(TTrayState::There);
+    Close();
+    EXPECT_FALSE(m_services.TrayArea.HasIcon);
+}
+
+TEST_F(MainWindow, AHiddenStartStaysHiddenUntilTheIconIsClicked)
+{
+    m_services.TrayArea.Place = TTrayState::There;
+    Start();
+    m_services.TrayArea.Events->TrayLeftClick();
+    Close();
+    m_services.TrayArea.Place = TTrayState::Asking; // the desktop is slow
+    m_main = new TfMain(m_services.Services(), m_link);
+    m_main->Activate({});
+    Pump(600);
+    EXPECT_FALSE(m_main->IsShown());
+    m_services.TrayArea.Turn(TTrayState::There);
+    Pump(300);
+    EXPECT_FALSE(m_main->IsShown());
+    EXPECT_TRUE(m_services.TrayArea.HasIcon);
+    m_services.TrayArea.Events->TrayLeftClick();
+    Pump(600);
+    EXPECT_TRUE(m_main->IsShown());
+    EXPECT_FALSE(m_main->IsIconized());
+    EXPECT_EQ(m_messages.Texts.size(), 1U);
+    m_services.TrayArea.Events->TrayLeftClick();
+    Close();
+    m_services.TrayArea.Place = TTrayState::Asking;
+    m_main = new TfMain(m_services.Services(), m_link);
+    m_main->Activate({});
+    m_services.TrayArea.Turn(TTrayState::Missing); // there is none: minimised, then
+    EXPECT_TRUE(PumpUntil([&] { return m_main->IsShown() && m_main->IsIconized(); }));
+}

@@ -226,23 +226,24 @@ TEST_F(Tray, AnotherDesktopOfVeyraBringsItsSettingsAndNothingIsLost)
     m_murala->Core.Settings.LastChangeDate = 45000.25; // only in memory
     {
         TIniFile file = TIniFile::Load(m_services.ProgramFolder + "Murala.ini");
-        file.Write("Main", "UseWallpaperCategories", "0");
+        file.Write("Main", "RefreshIcons", "0");
         file.Write("Main", "WallpaperCurrent3", Item(2).FileName());
         file.Save(m_services.ProgramFolder + "Murala.ini");
     }
     RightClick(); // the list is new to the menu: that reads the settings, too
-    EXPECT_FALSE(m_murala->Core.Settings.UseWallpaperCategories);
+    EXPECT_FALSE(m_murala->Core.Settings.RefreshIcons);
     EXPECT_EQ(CurrentIndex(), 1);
-    m_murala->Core.Settings.UseWallpaperCategories = true;
+    m_murala->Core.Settings.RefreshIcons = true;
     RightClick();
-    EXPECT_TRUE(m_murala->Core.Settings.UseWallpaperCategories);
+    EXPECT_TRUE(m_murala->Core.Settings.RefreshIcons);
     m_services.Siblings.VeyraDesktop = 3;
     m_services.Desktop.Calls.clear();
     RightClick();
-    EXPECT_FALSE(m_murala->Core.Settings.UseWallpaperCategories);
+    EXPECT_FALSE(m_murala->Core.Settings.RefreshIcons);
+    EXPECT_TRUE(m_murala->Core.Settings.UseWallpaperCategories);
     EXPECT_EQ(m_murala->Core.Settings.LastChangeDate, 45000.25);
     EXPECT_EQ(CurrentIndex(), 2);
-    EXPECT_TRUE(Wallpapers().Items[2].Checked);
+    EXPECT_TRUE(FindMenuItem(Wallpapers(), "CategoryMenuItem2")->Checked);
     EXPECT_TRUE(m_services.Desktop.Calls.empty());
 }
 

@@ -93,7 +93,12 @@ public:
     void Listen(TTrayEvents* events) override { m_events = events; }
     // Only trying tells.
     TTrayState State() override { return TTrayState::There; }
-    bool Add(const TTrayLook& look) override { return m_isAdded = Notify(NIM_ADD, look); }
+    bool Add(const TTrayLook& look) override
+    {
+        const bool isAdded = Notify(NIM_ADD, look);
+        m_isAdded = m_isAdded || isAdded;
+        return isAdded;
+    }
     bool Modify(const TTrayLook& look) override { return Notify(NIM_MODIFY, look); }
     void Remove() override
     {

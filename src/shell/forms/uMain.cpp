@@ -214,13 +214,7 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
         else
             m_murala.Applier.ComposeWallpaper(true, TReport::StatusLine);
     }
-    if (m_isStartHidden)
-        Iconize();
-    if (!m_isStartHidden || !m_murala.Tray.CanHide()) {
-        PrepareFirstShow(*this);
-        Show();
-        m_wasShown = true;
-    }
+    ShowAtStart();
     SetPreviewSize(m_murala.Core.Settings.PreviewSize);
     SetViewMode(m_murala.Core.Settings.ViewMode);
     SetThumbnailSize(m_murala.Core.Settings.ThumbnailSize);

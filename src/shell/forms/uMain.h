@@ -79,6 +79,8 @@ private:
     void WakeUp();
     void ConnectTray();
     void HideWhenMinimised();
+    void ShowFrame();
+    void ShowAtStart();
     void ReleasePictures();
     void EndSession();
     void CloseWhenAsked();

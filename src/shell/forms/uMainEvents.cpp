@@ -174,6 +174,7 @@ void TfMain::StartSchedule()
 void TfMain::tRefreshIconsTimer()
 {
     m_murala.Ticker.RefreshTick();
+    TrayChanged();
 }
 
 void TfMain::FormDropFiles(wxDropFilesEvent& event)

@@ -61,19 +61,35 @@ void TfMain::RestoreWindow()
 {
     const bool wasHidden = !IsShown();
     m_isStartHidden = false;
-    if (wasHidden) {
-        if (!std::exchange(m_wasShown, true))
-            PrepareFirstShow(*this);
-        Show();
-    }
-    if (IsIconized())
-        Iconize(false);
+    // First: a window that is shown as an icon would be hidden again.
+    Iconize(false);
+    if (wasHidden)
+        ShowFrame();
     Raise();
     if (!wasHidden)
         return;
     // The window manager may have put it elsewhere.
     tPlacement.StartOnce(SettlingTime);
     PreviewChanged(true);
+}
+
+void TfMain::ShowFrame()
+{
+    if (!std::exchange(m_wasShown, true))
+        PrepareFirstShow(*this);
+    Show();
+}
+
+// The window that starts hidden waits for the tray to be known.
+void TfMain::ShowAtStart()
+{
+    if (!m_isStartHidden)
+        return ShowFrame();
+    if (m_murala.Tray.CanHide() || m_murala.Tray.IsAsking())
+        return;
+    Iconize();
+    ShowFrame();
+    tPlacement.StartOnce(SettlingTime);
 }
 
 void TfMain::BringToFront()
@@ -105,7 +121,7 @@ const TMenuItem* TfMain::ShowMenu(const TMenuItem& menu, TPoint place)
 
 void TfMain::TrayChanged()
 {
-    if (m_isStarting)
+    if (m_isStarting || m_murala.Tray.IsAsking())
         return;
     if (m_murala.Tray.CanHide()) {
         if (IsShown() && IsIconized())
@@ -113,8 +129,7 @@ void TfMain::TrayChanged()
     } else if (!IsShown()) {
         // Without the icon it could not be reached.
         Iconize();
-        Show();
-        m_wasShown = true;
+        ShowFrame();
     }
 }
 

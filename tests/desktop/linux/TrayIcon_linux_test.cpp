@@ -1,0 +1,301 @@
+#include "uTestSession.h"
+#include "uTrayIcon.h"
+
+#include <gtest/gtest.h>
+
+using namespace murala;
+
+namespace
+{
+
+// The notifier watcher of a desktop, on a connection of its own.
+class TTestWatcher
+{
+public:
+    bool HasHost = true;
+    bool Refuses = false;
+    TWords Items;
+
+    TTestWatcher()
+    {
+        constexpr auto flags = G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                               G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION;
+        m_bus.reset(g_dbus_connection_new_for_address_sync(std::getenv("DBUS_SESSION_BUS_ADDRESS"),
+                                                           static_cast<GDBusConnectionFlags>(flags),
+                                                           nullptr, nullptr, nullptr));
+        constexpr const char* xml = "<node><interface name='org.kde.StatusNotifierWatcher'>"
+                                    "<method name='RegisterStatusNotifierItem'>"
+                                    "<arg type='s' direction='in'/></method>"
+                                    "<property name='IsStatusNotifierHostRegistered' type='b' "
+                                    "access='read'/></interface></node>";
+        static const GDBusInterfaceVTable table{OnCall, OnGet, nullptr, {}};
+        GDBusNodeInfo* node = g_dbus_node_info_new_for_xml(xml, nullptr);
+        g_dbus_connection_register_object(m_bus.get(), "/StatusNotifierWatcher",
+                                          node->interfaces[0], &table, this, nullptr, nullptr);
+        g_dbus_node_info_unref(node);
+        const TVariant named(g_dbus_connection_call_sync(
+            m_bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+            "RequestName", g_variant_new("(su)", "org.kde.StatusNotifierWatcher", 0), nullptr,
+            G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
+        EXPECT_TRUE(named);
+    }
+    ~TTestWatcher() { g_dbus_connection_close_sync(m_bus.get(), nullptr, nullptr); }
+
+    GDBusConnection* Bus() const { return m_bus.get(); }
+    void TellHost(bool hasHost)
+    {
+        HasHost = hasHost;
+        g_dbus_connection_emit_signal(
+            m_bus.get(), nullptr, "/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher",
+            hasHost ? "StatusNotifierHostRegistered" : "StatusNotifierHostUnregistered", nullptr,
+            nullptr);
+    }
+
+    // What the first item answers; null for an error. Both ends are in this thread.
+    TVariant Call(const char* path, const char* interface, const char* method, GVariant* arguments)
+    {
+        struct TAnswerSlot {
+            TVariant Answer;
+            bool IsThere = false;
+        } slot;
+        g_dbus_connection_call(
+            m_bus.get(), Items.front().c_str(), path, interface, method, arguments, nullptr,
+            G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
+            [](GObject* bus, GAsyncResult* result, gpointer data) {
+                auto* to = static_cast<TAnswerSlot*>(data);
+                to->Answer.reset(
+                    g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, nullptr));
+                to->IsThere = true;
+            },
+            &slot);
+        EXPECT_TRUE(Eventually([&] { return slot.IsThere; }));
+        return std::move(slot.Answer);
+    }
+    TVariant Item(const char* method, GVariant* arguments)
+    {
+        return Call("/StatusNotifierItem", "org.kde.StatusNotifierItem", method, arguments);
+    }
+    TVariant Property(const char* name)
+    {
+        const TVariant answer =
+            Call("/StatusNotifierItem", "org.freedesktop.DBus.Properties", "Get",
+                 g_variant_new("(ss)", "org.kde.StatusNotifierItem", name));
+        GVariant* value = nullptr;
+        if (answer)
+            g_variant_get(answer.get(), "(v)", &value);
+        return TVariant(value);
+    }
+    TVariant Menu(const char* method, GVariant* arguments)
+    {
+        return Call("/MenuBar", "com.canonical.dbusmenu", method, arguments);
+    }
+    // The whole menu, as text.
+    std::string Layout()
+    {
+        const char* const none[] = {nullptr};
+        const TVariant layout = Menu("GetLayout", g_variant_new("(ii^as)", 0, -1, none));
+        const TGText text(layout ? g_variant_print(layout.get(), FALSE) : g_strdup("no menu"));
+        return text.get();
+    }
+
+private:
+    static void OnCall(GDBusConnection*, const char*, const char*, const char*, const char*,
+                       GVariant* arguments, GDBusMethodInvocation* call, gpointer data)
+    {
+        auto* self = static_cast<TTestWatcher*>(data);
+        if (self->Refuses)
+            return g_dbus_method_invocation_return_dbus_error(call, "org.example.No", "no");
+        const char* name = nullptr;
+        g_variant_get(arguments, "(&s)", &name);
+        self->Items.emplace_back(name);
+        g_dbus_method_invocation_return_value(call, nullptr);
+    }
+    static GVariant* OnGet(GDBusConnection*, const char*, const char*, const char*, const char*,
+                           GError**, gpointer data)
+    {
+        return g_variant_new_boolean(static_cast<TTestWatcher*>(data)->HasHost);
+    }
+
+    TGObject<GDBusConnection> m_bus;
+};
+
+struct TTestEvents : TTrayEvents {
+    TWords Told;
+    TTrayArea* Area = nullptr;
+    TMenuItem Menu; // set when the menu opens
+    void TrayLeftClick() override { Told.emplace_back("left"); }
+    void TrayRightClick(TPoint at) override
+    {
+        Told.push_back("right " + std::to_string(at.X) + ' ' + std::to_string(at.Y));
+    }
+    void TrayMenuOpens() override
+    {
+        Told.emplace_back("opens");
+        Area->SetMenu(Menu);
+    }
+    void TrayMenuChosen(const std::string& name) override { Told.push_back("chosen " + name); }
+    void TrayAreaChanged() override { Told.emplace_back("changed"); }
+};
+
+TMenuItem Entry(const char* name, const char* caption)
+{
+    TMenuItem item;
+    item.Name = name;
+    item.Caption = caption;
+    return item;
+}
+
+TTrayLook Look(const char* hint)
+{
+    auto image = std::make_shared<TIconImage>();
+    image->emplace_back(1, 2);
+    image->front().Row(0)[0] = 0x80112233;
+    image->front().Row(1)[0] = 0xFF445566;
+    return {hint, image};
+}
+
+class NotifierItem : public testing::Test
+{
+protected:
+    NotifierItem() : m_bus(m_session) {}
+    // The next test's bus is another one.
+    ~NotifierItem() override
+    {
+        m_area.reset();
+        for (int i = 0; i < 20; i++, g_usleep(10000))
+            while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
+            }
+    }
+
+    void Start()
+    {
+        m_area = NewTrayArea();
+        m_events.Area = m_area.get();
+        m_area->Listen(&m_events);
+    }
+    bool Becomes(TTrayState state)
+    {
+        return Eventually([&] { return m_area->State() == state; });
+    }
+
+    TTestSession m_session;
+    TTestBus m_bus;
+    TTestEvents m_events;
+    std::unique_ptr<TTrayArea> m_area;
+};
+
+} // namespace
+
+TEST(NotifierItemAlone, WithoutABusThereIsNoTray)
+{
+    const TTestSession session;
+    const auto area = NewTrayArea();
+    EXPECT_EQ(area->State(), TTrayState::Missing);
+    EXPECT_FALSE(area->Add(Look("hint")));
+    EXPECT_FALSE(area->Modify(Look("hint")));
+    area->Remove();
+}
+
+TEST_F(NotifierItem, FollowsTheWatcherAndItsHosts)
+{
+    Start();
+    EXPECT_EQ(m_area->State(), TTrayState::Asking);
+    EXPECT_FALSE(m_area->Add(Look("hint")));
+    EXPECT_TRUE(Becomes(TTrayState::Missing));
+    {
+        TTestWatcher watcher;
+        EXPECT_TRUE(Becomes(TTrayState::There));
+        EXPECT_FALSE(m_area->Modify(Look("hint"))); // never added
+        EXPECT_TRUE(m_area->Add(Look("hint")));
+        EXPECT_TRUE(Eventually([&] { return watcher.Items.size() == 1; }));
+        EXPECT_TRUE(m_area->Modify(Look("other")));
+        watcher.TellHost(false);
+        EXPECT_TRUE(Becomes(TTrayState::Missing));
+        EXPECT_FALSE(m_area->Modify(Look("other")));
+        watcher.TellHost(true);
+        EXPECT_TRUE(Becomes(TTrayState::There));
+    }
+    EXPECT_TRUE(Becomes(TTrayState::Missing));
+    EXPECT_EQ(m_events.Told.back(), "changed");
+    TTestWatcher restarted;
+    restarted.Refuses = true;
+    EXPECT_TRUE(Becomes(TTrayState::There));
+    EXPECT_FALSE(m_area->Modify(Look("hint"))); // it does not know the icon
+    m_area->Add(Look("hint"));
+    EXPECT_TRUE(Eventually([&] { return !m_area->Modify(Look("hint")); })); // refused
+    restarted.Refuses = false;
+    EXPECT_TRUE(m_area->Add(Look("hint")));
+    EXPECT_TRUE(Eventually([&] { return restarted.Items.size() == 1; }));
+    EXPECT_TRUE(m_area->Modify(Look("hint")));
+}
+
+TEST_F(NotifierItem, ShowsPictureAndHintAndTellsOfClicks)
+{
+    TTestWatcher watcher;
+    Start();
+    ASSERT_TRUE(Becomes(TTrayState::There));
+    m_area->Add(Look("A\xFF (b)"));
+    ASSERT_TRUE(Eventually([&] { return !watcher.Items.empty(); }));
+    const auto text = [&](const char* property) {
+        const TVariant value = watcher.Property(property);
+        const TGText printed(value ? g_variant_print(value.get(), FALSE) : g_strdup("nothing"));
+        return std::string(printed.get());
+    };
+    EXPECT_EQ(text("IconPixmap"), "[(1, 2, [0x80, 0x11, 0x22, 0x33, 0xff, 0x44, 0x55, 0x66])]");
+    EXPECT_EQ(text("ToolTip"), "('', [], 'A\xEF\xBF\xBD (b)', '')");
+    EXPECT_EQ(text("Status"), "'Active'");
+    EXPECT_EQ(text("Menu"), "'/MenuBar'");
+    EXPECT_EQ(text("ItemIsMenu"), "false");
+    m_events.Told.clear();
+    watcher.Item("Activate", g_variant_new("(ii)", 3, 4));
+    watcher.Item("ContextMenu", g_variant_new("(ii)", 30, 40));
+    watcher.Item("SecondaryActivate", g_variant_new("(ii)", 3, 4));
+    watcher.Item("Scroll", g_variant_new("(is)", 3, "vertical"));
+    EXPECT_EQ(m_events.Told, (TWords{"left", "right 30 40"}));
+    m_area->Remove();
+    EXPECT_FALSE(watcher.Property("Status"));
+    m_area.reset(); // while an answer may be on its way
+}
+
+TEST_F(NotifierItem, TheMenuIsToldWithStatesSubmenusAndChoices)
+{
+    TTestWatcher watcher;
+    Start();
+    ASSERT_TRUE(Becomes(TTrayState::There));
+    m_area->Add(Look("hint"));
+    ASSERT_TRUE(Eventually([&] { return !watcher.Items.empty(); }));
+    TMenuItem menu = Entry("", "");
+    menu.Items = {Entry("a", "&Next && _x\xFF"), Entry("", "-"), Entry("below", "Wallpaper")};
+    menu.Items[0].Enabled = false;
+    menu.Items[2].Items = {Entry("CategoryMenuItem0", "One"), Entry("CategoryMenuItem1", "Two")};
+    menu.Items[2].Items[1].Checked = true;
+    m_area->SetMenu(menu);
+    const auto has = [&](const char* text) {
+        return watcher.Layout().find(text) != std::string::npos;
+    };
+    EXPECT_TRUE(Eventually([&] { return has("_Next & __x\xEF\xBF\xBD"); })) << watcher.Layout();
+    EXPECT_TRUE(has("'type': <'separator'>"));
+    EXPECT_TRUE(has("'enabled': <false>"));
+    EXPECT_TRUE(has("'children-display': <'submenu'>"));
+    EXPECT_TRUE(has("'toggle-state': <1>"));
+
+    // Only states: the entries are the same, and what was checked is not any more.
+    menu.Items[2].Items[1].Checked = false;
+    menu.Items[0].Enabled = true;
+    m_area->SetMenu(menu);
+    EXPECT_FALSE(has("'toggle-state': <1>"));
+    EXPECT_FALSE(has("'enabled': <false>"));
+
+    m_events.Menu = menu;
+    m_events.Menu.Items[2].Items.push_back(Entry("CategoryMenuItem2", "Three"));
+    m_events.Told.clear();
+    EXPECT_TRUE(watcher.Menu("AboutToShow", g_variant_new("(i)", 0)));
+    EXPECT_EQ(m_events.Told, TWords{"opens"});
+    EXPECT_TRUE(has("'Three'"));
+
+    const std::string layout = watcher.Layout();
+    const std::size_t three = layout.rfind('(', layout.find("'Three'"));
+    const int id = std::stoi(layout.substr(three + 1));
+    watcher.Menu("Event", g_variant_new("(isvu)", id, "clicked", g_variant_new_int32(0), 0));
+    EXPECT_TRUE(Eventually([&] { return m_events.Told.back() == "chosen CategoryMenuItem2"; }));
+}

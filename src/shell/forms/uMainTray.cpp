@@ -61,16 +61,16 @@ void TfMain::RestoreWindow()
 {
     const bool wasHidden = !IsShown();
     m_isStartHidden = false;
+    // The window manager may put it elsewhere, and until it has done so the frame has no borders.
+    if (wasHidden)
+        tPlacement.StartOnce(SettlingTime);
     // First: a window that is shown as an icon would be hidden again.
     Iconize(false);
     if (wasHidden)
         ShowFrame();
     Raise();
-    if (!wasHidden)
-        return;
-    // The window manager may have put it elsewhere.
-    tPlacement.StartOnce(SettlingTime);
-    PreviewChanged(true);
+    if (wasHidden)
+        PreviewChanged(true);
 }
 
 void TfMain::ShowFrame()

@@ -164,4 +164,16 @@ void TintRectangle(TBitmap& bitmap, const TRect& rectangle, TTint tint)
         even.Tint(bitmap.Row(y) + left, right - left);
 }
 
+TTint WithChannel(TTint tint, TChannel channel, int value)
+{
+    const auto set = [&](TChannel which, int& target) {
+        if (channel == which || channel == TChannel::All)
+            target = value;
+    };
+    set(TChannel::Red, tint.Red);
+    set(TChannel::Green, tint.Green);
+    set(TChannel::Blue, tint.Blue);
+    return tint;
+}
+
 } // namespace murala

@@ -22,4 +22,7 @@ void TintVertical(TBitmap& bitmap, TTint start, TTint end);
 // The part of the rectangle that lies on the bitmap.
 void TintRectangle(TBitmap& bitmap, const TRect& rectangle, TTint tint);
 
+// The tint with another value in one channel or in all of them.
+TTint WithChannel(TTint tint, TChannel channel, int value);
+
 } // namespace murala

@@ -1,29 +1,13 @@
 #include "uItemEditor.h"
 
 #include "uDisplayMode.h"
+#include "uTint.h"
 
 #include <algorithm>
 #include <iterator>
 
 namespace murala
 {
-
-namespace
-{
-
-TTint WithChannel(TTint tint, TChannel channel, int value)
-{
-    const auto set = [&](TChannel which, int& target) {
-        if (channel == which || channel == TChannel::All)
-            target = value;
-    };
-    set(TChannel::Red, tint.Red);
-    set(TChannel::Green, tint.Green);
-    set(TChannel::Blue, tint.Blue);
-    return tint;
-}
-
-} // namespace
 
 void TItemEditor::Tell(const TItems& items)
 {

@@ -49,6 +49,13 @@ void TChannelBars::Show(TChannel channel, int value)
     bar->SetToolTip(wxString::Format("%d", value));
 }
 
+void TChannelBars::ShowChannels(bool show)
+{
+    for (std::size_t i = 2; i < 2 * m_bars.size(); ++i) // behind the first row
+        GetSizer()->Show(i, show);
+    Layout();
+}
+
 void TChannelBars::ShowTint(const TTint& tint)
 {
     Show(TChannel::All, tint.IsGrey() ? tint.Red : 0);

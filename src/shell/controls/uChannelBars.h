@@ -33,6 +33,8 @@ public:
     // Nobody is told. Where the channels differ no position of the slider for all of them is right:
     // it stands at 0.
     void ShowTint(const TTint& tint);
+    // The three sliders of single channels; they are shown at first.
+    void ShowChannels(bool show);
     // Tells at once of what has not settled yet.
     void Settle();
 

@@ -17,6 +17,9 @@ void PrepareFirstShow(wxTopLevelWindow& window);
 // systems the window manager moves it, and snaps it as its own settings say.
 bool IsAskedWhileDragging();
 
+// Whether the system's font dialog asks for lines and the colour, too.
+bool HasFontEffects();
+
 // The icons that files of these kinds have in the shell; empty where there is none.
 enum class TFileIcon { DisplayProperties, WebPage };
 wxBitmapBundle FileIcon(TFileIcon icon);

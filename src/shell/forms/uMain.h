@@ -59,6 +59,9 @@ private:
     void aAddExecute();
     void aDesktopColorExecute();
     void aAboutExecute();
+    void aNewGradientExecute();
+    void aCalendarOptionsExecute();
+    void aIconBoxOptionsExecute();
     void aConfigurationExecute();
     void aChangeCategoryExecute();
     void SetPreviewSize(TPreviewSize size);

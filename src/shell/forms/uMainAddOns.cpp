@@ -3,6 +3,10 @@
 #include "uMain.h"
 
 #include "uAddOnsPage.h"
+#include "uGradientDesk.h"
+#include "uGradientEditor.h"
+#include "uIconBoxOptions.h"
+#include "uMainCalendar.h"
 
 namespace murala
 {
@@ -18,12 +22,37 @@ void TfMain::BindAddOnActions()
     iconBox.OnExecute = [&] { addOns.SetUseIconBox(!settings.UseIconBox); };
     iconBox.OnChecked = [&settings] { return settings.UseIconBox; };
 
+    alMain[aNewGradient].OnExecute = [this] { aNewGradientExecute(); };
+    alMain[aCalendarOptions].OnExecute = [this] { aCalendarOptionsExecute(); };
+    alMain[aIconBoxOptions].OnExecute = [this] { aIconBoxOptionsExecute(); };
     alMain[aConfigureAddOn].OnExecute = [this] { alMain.Execute(m_addOnsPage->OptionsAction()); };
     alMain[aConfigureAddOn].OnEnabled = [this] {
         const TActionId options =
             m_addOnsPage != nullptr ? m_addOnsPage->OptionsAction() : ActionCount;
         return options != ActionCount && alMain[options].Enabled();
     };
+}
+
+void TfMain::aNewGradientExecute()
+{
+    TfGradientEditor dialog(this);
+    if (RunModal(dialog) == wxID_OK)
+        AddGradient(m_murala.Core, m_murala.Desk, m_murala.Storage, dialog.Shade(),
+                    dialog.Direction());
+}
+
+void TfMain::aCalendarOptionsExecute()
+{
+    TfMainCalendar dialog(this, m_services);
+    if (RunModal(dialog) == wxID_OK)
+        m_murala.AddOns.CalendarChanged();
+}
+
+void TfMain::aIconBoxOptionsExecute()
+{
+    TfIconBoxOptions dialog(this, m_murala.AddOns.IconBox());
+    if (RunModal(dialog) == wxID_OK)
+        m_murala.AddOns.SetIconBox(dialog.Options());
 }
 
 } // namespace murala

@@ -24,6 +24,11 @@ bool IsAskedWhileDragging()
     return false;
 }
 
+bool HasFontEffects()
+{
+    return false;
+}
+
 wxBitmapBundle FileIcon(TFileIcon icon)
 {
     return wxArtProvider::GetBitmapBundle(

@@ -57,6 +57,11 @@ bool IsAskedWhileDragging()
     return true;
 }
 
+bool HasFontEffects()
+{
+    return true;
+}
+
 wxBitmapBundle FileIcon(TFileIcon icon)
 {
     wxIconLocation place("desk.cpl", 0);

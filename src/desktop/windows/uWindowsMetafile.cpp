@@ -1,0 +1,94 @@
+#include "uImageFile.h"
+#include "uMetafile.h"
+#include "uSafeFile.h"
+#include "uWideText.h"
+#include "uWindowsHandles.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+
+namespace murala
+{
+
+namespace
+{
+
+struct TMetafileDeleter {
+    using pointer = HENHMETAFILE;
+    void operator()(HENHMETAFILE file) const noexcept { DeleteEnhMetaFile(file); }
+};
+using TMetafile = std::unique_ptr<HENHMETAFILE, TMetafileDeleter>;
+
+// What most metafiles of the old kind begin with; the system's functions do not know it.
+constexpr DWORD PlaceableMark = 0x9AC6CDD7;
+constexpr std::size_t PlaceableSize = 22;
+
+TMetafile OpenMetafile(const std::string& fileName)
+{
+    if (TMetafile file{GetEnhMetaFileW(WideText(fileName).c_str())})
+        return file;
+    const std::string content = ReadWholeFile(fileName);
+    DWORD mark = 0;
+    if (content.size() > PlaceableSize)
+        std::memcpy(&mark, content.data(), sizeof mark);
+    const std::size_t begin = mark == PlaceableMark ? PlaceableSize : 0;
+    return TMetafile(SetWinMetaFileBits(static_cast<UINT>(content.size() - begin),
+                                        reinterpret_cast<const BYTE*>(content.data()) + begin,
+                                        nullptr, nullptr));
+}
+
+// Its frame is in hundredths of a millimetre; pixels by 96 dots an inch.
+TSize SizeOf(HENHMETAFILE file)
+{
+    ENHMETAHEADER header{};
+    GetEnhMetaFileHeader(file, sizeof header, &header);
+    const auto pixels = [](LONG from, LONG to) {
+        return static_cast<int>((static_cast<std::int64_t>(to) - from) * 96 / 2540);
+    };
+    return {pixels(header.rclFrame.left, header.rclFrame.right),
+            pixels(header.rclFrame.top, header.rclFrame.bottom)};
+}
+
+void Play(HENHMETAFILE file, TBitmap& bitmap)
+{
+    BITMAPINFO info{};
+    info.bmiHeader = {
+        sizeof info.bmiHeader, bitmap.Width(), -bitmap.Height(), 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const auto context = CreateCompatibleDC(nullptr);
+    void* pixels = nullptr;
+    const auto section = CreateDIBSection(context, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
+    const auto bytes = sizeof(TPixel) * static_cast<std::size_t>(bitmap.Width()) * bitmap.Height();
+    if (section != nullptr) {
+        const auto before = SelectObject(context, section);
+        std::memset(pixels, 0xFF, bytes);
+        const RECT place{0, 0, bitmap.Width(), bitmap.Height()};
+        PlayEnhMetaFile(context, file, &place);
+        GdiFlush();
+        std::memcpy(bitmap.Row(0), pixels, bytes);
+        SelectObject(context, before);
+        DeleteObject(section);
+    }
+    DeleteDC(context);
+    if (section == nullptr)
+        throw std::bad_alloc();
+}
+
+} // namespace
+
+TBitmap LoadMetafile(const std::string& fileName)
+{
+    try {
+        const TMetafile file = OpenMetafile(fileName);
+        const TSize size = file ? SizeOf(file.get()) : TSize();
+        if (size.Width < 1 || size.Height < 1)
+            throw EInvalidImage(fileName, "not a metafile");
+        TBitmap bitmap(size.Width, size.Height);
+        Play(file.get(), bitmap);
+        return bitmap;
+    } catch (const EFileError& error) {
+        throw EInvalidImage(fileName, error.what());
+    }
+}
+
+} // namespace murala

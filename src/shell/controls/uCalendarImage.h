@@ -1,0 +1,46 @@
+// The picture with the calendar on it, which can be dragged to another place.
+#pragma once
+
+#include "uBitmap.h"
+#include "uCalendarView.h"
+
+#include <functional>
+#include <optional>
+
+#include <wx/panel.h>
+
+namespace murala
+{
+
+class TCalendarImage : public wxPanel
+{
+public:
+    std::function<void(TCalendarView::TPlace place)> OnDropped;
+
+    TCalendarImage(wxWindow* parent, const wxString& name);
+
+    // The picture with its calendar, shown in that size.
+    void ShowPicture(TBitmap picture, const TCalendarSettings& settings, TSize size);
+    // The same picture in another size.
+    void ShowSize(TSize size);
+    const TBitmap& Picture() const { return m_picture; }
+
+private:
+    void OnPaint(wxPaintEvent& event);
+    void OnLeftDown(wxMouseEvent& event);
+    void OnMotion(wxMouseEvent& event);
+    void OnLeftUp(wxMouseEvent& event);
+    void ShowOutline(const TRect& outline);
+    void HideOutline();
+    void RefreshOutline();
+    TCalendarView View() const { return {m_size, m_picture.Size(), m_settings}; }
+
+    TBitmap m_picture;
+    TBitmap m_shown; // the picture in its size, unless it is that of the picture
+    TCalendarSettings m_settings;
+    TSize m_size;
+    std::optional<TRect> bDrag; // the outline while the calendar is dragged
+    int m_grabX = 0, m_grabY = 0;
+};
+
+} // namespace murala

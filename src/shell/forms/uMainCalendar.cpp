@@ -1,0 +1,270 @@
+#include "uMainCalendar.h"
+
+#include "uCompose.h"
+#include "uFileError.h"
+#include "uPath.h"
+#include "uPictureFile.h"
+#include "uScopes.h"
+#include "uShippedFile.h"
+#include "uWxBitmap.h"
+#include "uWxFont.h"
+#include "uWxText.h"
+
+#include <algorithm>
+
+#include <wx/colordlg.h>
+#include <wx/filedlg.h>
+#include <wx/fontdlg.h>
+#include <wx/msgdlg.h>
+
+namespace murala
+{
+
+namespace
+{
+
+constexpr const char* BackgroundFilter =
+    "All (*.jpg;*.jpeg;*.bmp;*.ico;*.emf;*.wmf)|*.jpg;*.jpeg;*.bmp;*.ico;*.emf;*.wmf|"
+    "JPEG Image File (*.jpg)|*.jpg|JPEG Image File (*.jpeg)|*.jpeg|Bitmaps (*.bmp)|*.bmp|"
+    "Icons (*.ico)|*.ico|Enhanced Metafiles (*.emf)|*.emf|Metafiles (*.wmf)|*.wmf";
+
+constexpr const char* SamplePlanet = "samples/Planet.jpg";
+
+enum TCalendarViewMode : int { FitToWindow, ActualSize };
+
+} // namespace
+
+TfMainCalendar::TfMainCalendar(wxWindow* parent, const TServices& services,
+                               std::optional<TBitmap> background)
+    : wxDialog(parent, wxID_ANY, "Mu Calendar", wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, "TfMainCalendar"),
+      m_services(services), m_calendar(services.Text, services.DateNames, services.Clock.Now()),
+      m_hasBackgroundFile(!background)
+{
+    if (background)
+        m_calendar.Picture = std::move(*background);
+    Load();
+    auto* client = new wxBoxSizer(wxHORIZONTAL);
+    client->Add(BuildPages(), wxSizerFlags().Expand());
+    BuildPreview();
+    client->Add(sbCalendar, wxSizerFlags(1).Expand().Border(wxLEFT));
+    auto* frame = new wxBoxSizer(wxVERTICAL);
+    frame->Add(BuildToolBar(), wxSizerFlags().Expand().Border());
+    frame->Add(client, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT));
+    frame->Add(BuildBottom(), wxSizerFlags().Expand().Border());
+    SetSizerAndFit(frame);
+    SetMinSize(GetSize());
+    BindEvents();
+    if (m_hasBackgroundFile)
+        LoadBackground();
+    ShowSettings();
+    Maximize();
+    aRenderExecute();
+    SetViewMode(m_editor.ViewMode);
+}
+
+void TfMainCalendar::Load()
+{
+    const TIniFile file = TIniFile::Load(JoinPath(m_services.ProgramFolder, CalendarFileName));
+    m_calendar.Settings = LoadCalendarSettings(file, CalendarSection);
+    m_editor = LoadCalendarEditorSettings(file, CalendarSection);
+}
+
+void TfMainCalendar::ShowSettings()
+{
+    const TValueScope showing(m_isShowing, true);
+    const TCalendarSettings& settings = m_calendar.Settings;
+    seCalendarWidth->SetValue(settings.CalendarWidth);
+    seCalendarHeight->SetValue(settings.CalendarHeight);
+    tbXPos->SetValue(settings.CalendarX);
+    tbYPos->SetValue(settings.CalendarY);
+    if (cbTitleFormat->GetValue() != ToWx(settings.TitleFormat))
+        cbTitleFormat->SetValue(ToWx(settings.TitleFormat));
+    cbBorders->SetValue(settings.CalendarBorders);
+    pBorderColor->SetBackgroundColour(ToWxColour(settings.BorderColor));
+    pBorderColor->Refresh();
+    for (const TFontColor& each : m_fontColors)
+        each.Picker->SetColour(ToWxColour((settings.*each.Font).Color));
+    for (const TBlendingArea& area : m_areas)
+        area.Bars->ShowTint(settings.*area.Tint);
+}
+
+// Where the stored name leads; the sample planet when there is nothing.
+std::optional<std::string> TfMainCalendar::BackgroundPath() const
+{
+    const std::string& name = m_editor.BackgroundFileName;
+    std::optional<std::string> path;
+    if (NativePath(name).is_absolute())
+        path = FileExists(name) ? std::optional(name) : std::nullopt;
+    else if (!name.empty())
+        path = FindShippedFile(m_services, name);
+    return path ? path : FindShippedFile(m_services, SamplePlanet);
+}
+
+void TfMainCalendar::LoadBackground()
+{
+    eBackground->ChangeValue(ToWx(m_editor.BackgroundFileName));
+    try {
+        if (const auto path = BackgroundPath())
+            m_calendar.Picture = LoadPictureFile(*path);
+    } catch (const EInvalidImage& error) {
+        CallAfter([this, text = std::string(error.what())] { ShowMessage(text); });
+    }
+    if (m_calendar.Picture.Width() > 0)
+        return;
+    const TSize screen = m_services.Desktop.ScreenSize();
+    FillBackground(m_calendar.Picture, screen, m_services.Desktop.DesktopColor());
+}
+
+void TfMainCalendar::aRenderExecute()
+{
+    TBitmap picture;
+    m_calendar.Render(picture);
+    iCalendar->ShowPicture(std::move(picture), m_calendar.Settings, ShownSize());
+}
+
+TSize TfMainCalendar::ShownSize() const
+{
+    const TSize picture = m_calendar.Picture.Size();
+    const wxSize client = sbCalendar->GetSize();
+    return m_editor.ViewMode == FitToWindow ? FittedSize({client.x, client.y}, picture) : picture;
+}
+
+void TfMainCalendar::SetViewMode(int mode)
+{
+    m_editor.ViewMode = mode == FitToWindow ? FitToWindow : ActualSize;
+    bFitToWindow->SetValue(m_editor.ViewMode == FitToWindow);
+    bActualSize->SetValue(m_editor.ViewMode == ActualSize);
+    const TSize size = ShownSize();
+    iCalendar->ShowSize(size);
+    sbCalendar->SetVirtualSize(size.Width, size.Height);
+    if (m_editor.ViewMode == FitToWindow)
+        sbCalendar->Scroll(0, 0);
+}
+
+void TfMainCalendar::aFontExecute(TMuFont TCalendarSettings::*font, const wxString& caption)
+{
+    TMuFont& present = m_calendar.Settings.*font;
+    wxFontData preset;
+    preset.SetInitialFont(ToWxFont(present));
+    preset.SetColour(ToWxColour(present.Color));
+    preset.EnableEffects(true);
+    wxFontDialog dialog(this, preset);
+    dialog.SetTitle(caption);
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    present = FromWxFont(dialog.GetFontData(), present);
+    ShowSettings();
+    aRenderExecute();
+}
+
+void TfMainCalendar::aBackgroundFileExecute()
+{
+    wxFileDialog dialog(this, "Background File", "", "", BackgroundFilter,
+                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    if (const auto path = BackgroundPath())
+        dialog.SetDirectory(ToWx(FolderPart(*path)));
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    const std::string path = dialog.GetPath().utf8_string();
+    try {
+        m_calendar.Picture = LoadPictureFile(path);
+    } catch (const EInvalidImage& error) {
+        return ShowMessage(error.what());
+    }
+    m_editor.BackgroundFileName = path;
+    eBackground->ChangeValue(ToWx(path));
+    aRenderExecute();
+    SetViewMode(m_editor.ViewMode);
+}
+
+void TfMainCalendar::aSaveExecute()
+{
+    wxFileDialog dialog(this, "Save Image", "", "", "Bitmaps (*.bmp)|*.bmp",
+                        wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    std::string path = dialog.GetPath().utf8_string();
+    if (NativePath(path).extension().empty())
+        path += ".bmp";
+    try {
+        SaveBitmapFile(iCalendar->Picture(), path);
+    } catch (const EFileError& error) {
+        ShowMessage(error.what());
+    }
+}
+
+void TfMainCalendar::aAdvancedExecute(TBlendingArea& area)
+{
+    area.Bars->ShowChannels(area.Advanced->GetValue());
+    auto* page = dynamic_cast<wxScrolledWindow*>(area.Box->GetParent());
+    page->Layout();
+    page->FitInside();
+}
+
+void TfMainCalendar::aBordersExecute()
+{
+    m_calendar.Settings.CalendarBorders = !m_calendar.Settings.CalendarBorders;
+    ShowSettings();
+    aRenderExecute();
+}
+
+void TfMainCalendar::aBorderColorExecute()
+{
+    wxColourData preset;
+    preset.SetChooseFull(true);
+    preset.SetColour(ToWxColour(m_calendar.Settings.BorderColor));
+    wxColourDialog dialog(this, &preset);
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    m_calendar.Settings.BorderColor = FromWxColour(dialog.GetColourData().GetColour());
+    ShowSettings();
+    aRenderExecute();
+}
+
+// What cannot be saved keeps the window open, so that nothing is lost.
+void TfMainCalendar::aOkExecute()
+{
+    const std::string path = JoinPath(m_services.ProgramFolder, CalendarFileName);
+    try {
+        TIniFile file = TIniFile::Load(path);
+        SaveCalendarEditorSettings(file, CalendarSection, m_editor, m_hasBackgroundFile);
+        SaveCalendarSettings(file, CalendarSection, m_calendar.Settings);
+        file.Save(path);
+    } catch (const EFileError& error) {
+        return ShowMessage(error.what());
+    }
+    EndModal(wxID_OK);
+}
+
+void TfMainCalendar::TitleFormatChanged()
+{
+    const std::string format = cbTitleFormat->GetValue().utf8_string();
+    if (m_isShowing || format == m_calendar.Settings.TitleFormat)
+        return;
+    m_calendar.Settings.TitleFormat = format;
+    aRenderExecute();
+}
+
+// The new size shows when something else draws the calendar, or the user asks for it.
+void TfMainCalendar::WidthTyped(const wxString& text)
+{
+    long width = 0;
+    if (!m_isShowing && text.ToLong(&width))
+        m_calendar.Settings.CalendarWidth = static_cast<int>(width);
+}
+
+void TfMainCalendar::HeightTyped(const wxString& text)
+{
+    long height = 0;
+    if (!m_isShowing && text.ToLong(&height))
+        m_calendar.Settings.CalendarHeight = static_cast<int>(
+            std::clamp<long>(height, seCalendarHeight->GetMin(), seCalendarHeight->GetMax()));
+}
+
+void TfMainCalendar::ShowMessage(const std::string& text)
+{
+    wxMessageBox(ToWx(text), "Murala", wxOK | wxICON_INFORMATION | wxCENTRE, this);
+}
+
+} // namespace murala

@@ -41,6 +41,7 @@ public:
     {
         Storage.LoadSettings(placement);
         Session.Load();
+        Core.Listeners.Tell(&TListener::AddOnsChanged);
     }
     void Close()
     {

@@ -37,6 +37,13 @@ TCalendarImage::TCalendarImage(wxWindow* parent, const wxString& name)
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { HideOutline(); });
 }
 
+// The window may be closed by a key meanwhile.
+TCalendarImage::~TCalendarImage()
+{
+    if (HasCapture())
+        ReleaseMouse();
+}
+
 void TCalendarImage::ShowPicture(TBitmap picture, const TCalendarSettings& settings, TSize size)
 {
     m_picture = std::move(picture);

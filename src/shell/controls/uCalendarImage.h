@@ -18,6 +18,7 @@ public:
     std::function<void(TCalendarView::TPlace place)> OnDropped;
 
     TCalendarImage(wxWindow* parent, const wxString& name);
+    ~TCalendarImage() override;
 
     // The picture with its calendar, shown in that size.
     void ShowPicture(TBitmap picture, const TCalendarSettings& settings, TSize size);

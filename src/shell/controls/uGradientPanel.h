@@ -19,6 +19,7 @@ public:
     std::function<void()> OnChange;
 
     TGradientPanel(wxWindow* parent, const wxString& name);
+    ~TGradientPanel() override { EndDrag(); } // a dialog may be closed by a key meanwhile
 
     TColor StartColor() const { return m_start; }
     TColor EndColor() const { return m_end; }

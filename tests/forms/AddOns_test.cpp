@@ -73,8 +73,9 @@ protected:
                     continue;
                 timer->Stop();
                 m_scriptsRun++;
+                dialog->SetReturnCode(0);
                 script(*dialog);
-                if (dialog->IsModal())
+                if (dialog->GetReturnCode() == 0)
                     dialog->EndModal(wxID_CANCEL);
                 return;
             }

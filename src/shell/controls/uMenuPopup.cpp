@@ -5,8 +5,11 @@
 #include <memory>
 #include <vector>
 
+#include <wx/app.h>
+#include <wx/dcclient.h>
 #include <wx/frame.h>
 #include <wx/menu.h>
+#include <wx/utils.h>
 
 namespace murala
 {
@@ -16,6 +19,9 @@ namespace
 
 // Above the toolkit's own numbers, whose entries get captions of theirs.
 constexpr int FirstId = wxID_HIGHEST + 10000;
+
+// Milliseconds.
+constexpr int LongestWait = 400, WaitingStep = 10;
 
 class TBuilder
 {
@@ -60,6 +66,25 @@ private:
     std::vector<const TMenuItem*> m_items;
 };
 
+// Shows it and waits, but not for long, until the desktop has done so.
+void ShowNow(wxFrame& window)
+{
+    const auto isThere = std::make_shared<bool>(false); // the window tells it for longer
+    window.Bind(wxEVT_PAINT, [=](wxPaintEvent& event) {
+        event.Skip();
+        *isThere = true;
+    });
+    window.Bind(wxEVT_ACTIVATE, [=](wxActivateEvent& event) {
+        event.Skip();
+        *isThere = true;
+    });
+    window.Show();
+    for (int waited = 0; !*isThere && waited < LongestWait; waited += WaitingStep) {
+        wxYield();
+        wxMilliSleep(WaitingStep);
+    }
+}
+
 } // namespace
 
 const TMenuItem* PopupMenuAt(const TMenuItem& menu, const wxPoint& place)
@@ -67,12 +92,13 @@ const TMenuItem* PopupMenuAt(const TMenuItem& menu, const wxPoint& place)
     TBuilder builder;
     wxMenu built;
     builder.Fill(built, menu);
-    // A menu needs a window that it belongs to, on some desktops a visible one.
+    // A menu needs a window that it belongs to, on some desktops one that is really there.
     auto* owner = new wxFrame(
         nullptr, wxID_ANY, "", place, wxSize(1, 1),
         wxBORDER_NONE | wxFRAME_NO_TASKBAR | wxFRAME_TOOL_WINDOW | wxSTAY_ON_TOP, "TfMenuOwner");
-    owner->Show();
-    const int chosen = owner->GetPopupMenuSelectionFromUser(built, owner->ScreenToClient(place));
+    ShowNow(*owner);
+    // There, whatever the window's place is: not every desktop tells it, or lets it be chosen.
+    const int chosen = owner->GetPopupMenuSelectionFromUser(built, 0, 0);
     owner->Destroy();
     return builder.Item(chosen);
 }

@@ -67,6 +67,9 @@ TEST(CalendarView, DraggedToTheEdgesItIsAtNoughtAndAHundredWhateverTheZoom)
 TEST(CalendarView, TheGrabbedPointStaysUnderTheMouse)
 {
     const TCalendarView view({1000, 800}, {1000, 800}, Calendar(200, 100, 0, 0));
+    EXPECT_TRUE(view.IsOverCalendar(199, 99));
+    EXPECT_FALSE(view.IsOverCalendar(200, 99));
+    EXPECT_FALSE(view.IsOverCalendar(199, 100));
     const TRect outline = view.Dragged(410, 365, 10, 15);
     EXPECT_EQ(outline, (TRect{400, 350, 600, 450}));
     EXPECT_EQ(view.Dropped(outline).X, 50);

@@ -1,6 +1,6 @@
 #include "MuralaFixture.h"
 
-#include "uMuCalendar.h"
+#include "uIconBox.h"
 
 using namespace murala;
 
@@ -53,6 +53,9 @@ TEST_F(AddOnDesk, TheDesktopHasBothAndThePreviewTheCalendarOnly)
     Apply(0);
     const TRect icons = Difference(Installed(), Plain());
     EXPECT_EQ(icons, (TRect{15, 5, 35, 25}));
+    TBitmap once = Plain();
+    DrawIconBox(once, m_murala->Core.Settings, m_services.IconView.Region);
+    EXPECT_EQ(Difference(Installed(), once), TRect{}) << "tinted once";
     ASSERT_EQ(m_murala->Preview.Load(), "");
     EXPECT_EQ(Difference(m_murala->Preview.Picture(400), Plain()), TRect{});
     m_murala->AddOns.SetUseCalendar(true);

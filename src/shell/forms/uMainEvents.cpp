@@ -4,6 +4,7 @@
 
 #include "uCallLater.h"
 #include "uPath.h"
+#include "uProcessMemory.h"
 #include "uProgress.h"
 #include "uStickyEdges.h"
 #include "uText.h"
@@ -349,6 +350,9 @@ void TfMain::PauseChanged()
     StartSchedule();
     if (m_murala.Core.Pauses.IsPaused())
         return;
+    // What the change of a hidden program's wallpaper took.
+    if (!m_isStarting && !IsWindowVisible())
+        GiveBackFreeMemory();
     if (m_isClosePending)
         CallLater(*this, [this] { CloseWhenAsked(); });
     else if (m_isWakePending)

@@ -3,6 +3,7 @@
 #include "uMain.h"
 
 #include "uMenuPopup.h"
+#include "uProcessMemory.h"
 #include "uTrayFrames.h"
 #include "uWindowSystem.h"
 
@@ -55,6 +56,7 @@ void TfMain::ReleasePictures()
     iPreview->ShowText("");
     m_murala.Preview.Release();
     m_murala.Core.List.FreeAllThumbnails();
+    GiveBackFreeMemory();
 }
 
 void TfMain::RestoreWindow()

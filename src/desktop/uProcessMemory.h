@@ -1,0 +1,10 @@
+// The memory of the process.
+#pragma once
+
+namespace murala
+{
+
+// Gives back to the system what was freed and is kept for later: nobody looks at the program.
+void GiveBackFreeMemory();
+
+} // namespace murala

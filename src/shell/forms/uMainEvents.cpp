@@ -56,6 +56,12 @@ void TfMain::BindEvents()
         TrackPlacement();
     });
     Bind(wxEVT_MOVING, &TfMain::FormMoving, this);
+    // Back from another program, in which the picture may have been edited.
+    Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
+        event.Skip();
+        if (event.GetActive() && m_murala.Preview.IsOutOfDate())
+            PreviewChanged(true);
+    });
     // What was not loaded while nobody saw it.
     Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
         event.Skip();

@@ -75,6 +75,9 @@ protected:
         if (action == aRemove)
             return RemoveSelected();
         m_main->Actions().Execute(action);
+        // Its dialog was answered with "Ok".
+        if (action == aNewGradient)
+            m_expected.merge(Names());
     }
 
     void RemoveSelected()

@@ -18,7 +18,8 @@ test_linux() {
     scripts/build.sh linux-release
     say "core tests and the monkey under the sanitizers"
     scripts/build.sh linux-asan
-    run_ctest linux-asan -L 'core|monkey'
+    LSAN_OPTIONS=suppressions=$PWD/tests/leaks.supp:print_suppressions=0 \
+        run_ctest linux-asan -L 'core|monkey'
     say "fuzzing"
     scripts/build.sh linux-fuzz
     run_ctest linux-fuzz

@@ -61,7 +61,8 @@ protected:
         Connect();
     }
     // The window's fake is the fixture's, which must be there first.
-    ~Tray() override { m_murala->Tray.Remove(); }
+    // The icon goes before the areas that it is in.
+    ~Tray() override { m_murala.reset(); }
 
     void Connect()
     {

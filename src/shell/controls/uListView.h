@@ -2,6 +2,7 @@
 // it shows, so that its length costs nothing.
 #pragma once
 
+#include "uScopes.h"
 #include "uWallpaperView.h"
 
 #include <wx/string.h>
@@ -12,6 +13,8 @@ namespace murala
 class TMuListView : public TWallpaperView
 {
 public:
+    explicit TMuListView(TRows& rows) : m_rows(rows) {}
+
     // The arrow in the header.
     virtual void ShowOrder(TListColumn column, bool ascending) = 0;
 
@@ -20,6 +23,29 @@ public:
     virtual wxString ShownText(int row, TListColumn column) const = 0;
     virtual std::vector<int> ShownSelection() const = 0;
     virtual int FocusedRow() const = 0;
+
+    void TellSelection() override;
+
+protected:
+    // The control's selection changes by the program, not by the user; what the user had selected
+    // until then is no longer told.
+    class TProgramSelects
+    {
+    public:
+        explicit TProgramSelects(TMuListView& view);
+
+    private:
+        TValueScope<bool> m_selecting;
+    };
+
+    // The control says that its selection has changed.
+    void SelectionEvent();
+
+    TRows& m_rows;
+
+private:
+    bool m_isSelecting = false;        // the program, not the user
+    bool m_isSelectionPending = false; // of the user
 };
 
 TMuListView* NewListView(wxWindow* parent, TRows& rows, const wxString& name);

@@ -1,5 +1,6 @@
 #include "uCategory.h"
 
+#include "uDialog.h"
 #include "uWindowSystem.h"
 #include "uWxText.h"
 
@@ -38,13 +39,7 @@ TfCategory::TfCategory(wxWindow* parent, const std::vector<std::string>& categor
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(text, wxSizerFlags().Expand().DoubleBorder(wxBOTTOM));
     content->Add(cbCategory, wxSizerFlags().Expand());
-    auto* frame = new wxBoxSizer(wxVERTICAL);
-    frame->Add(content, wxSizerFlags(1).Expand().TripleBorder());
-    auto* buttons = CreateSeparatedButtonSizer(wxOK | wxCANCEL);
-    FindWindow(wxID_OK)->SetLabel("Ok");
-    frame->Add(buttons, wxSizerFlags().Expand().DoubleBorder());
-    SetSizerAndFit(frame);
-    CentreOnParent();
+    FinishDialog(*this, content);
     cbCategory->SetFocus();
     cbCategory->SelectAll();
 }

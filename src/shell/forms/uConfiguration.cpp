@@ -1,6 +1,7 @@
 #include "uConfiguration.h"
 
 #include "uCallLater.h"
+#include "uDialog.h"
 #include "uWallpaperSchedule.h"
 #include "uWindowSystem.h"
 #include "uWxText.h"
@@ -110,13 +111,7 @@ TfConfiguration::TfConfiguration(wxWindow* parent, TMurala& murala, const TActio
         if (pages->GetCurrentPage() == thumbnails)
             CallLater(*this, [this] { ShowStatistics(); });
     });
-    auto* frame = new wxBoxSizer(wxVERTICAL);
-    frame->Add(pages, wxSizerFlags(1).Expand().DoubleBorder());
-    auto* buttons = CreateSeparatedButtonSizer(wxOK | wxCANCEL);
-    FindWindow(wxID_OK)->SetLabel("Ok");
-    frame->Add(buttons, wxSizerFlags().Expand().DoubleBorder());
-    SetSizerAndFit(frame);
-    CentreOnParent();
+    FinishDialog(*this, pages);
     UpdateStartBoxes();
     pages->SetFocus();
 }

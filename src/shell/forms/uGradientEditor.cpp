@@ -1,5 +1,6 @@
 #include "uGradientEditor.h"
 
+#include "uDialog.h"
 #include "uWindowSystem.h"
 
 #include <wx/sizer.h>
@@ -42,14 +43,8 @@ TfGradientEditor::TfGradientEditor(wxWindow* parent)
     auto* content = new wxBoxSizer(wxHORIZONTAL);
     content->Add(colors, wxSizerFlags(1).Expand());
     content->Add(right, wxSizerFlags(1).Expand().DoubleBorder(wxLEFT));
-    auto* frame = new wxBoxSizer(wxVERTICAL);
-    frame->Add(content, wxSizerFlags(1).Expand().TripleBorder());
-    auto* buttons = CreateSeparatedButtonSizer(wxOK | wxCANCEL);
-    FindWindow(wxID_OK)->SetLabel("Ok");
-    frame->Add(buttons, wxSizerFlags().Expand().DoubleBorder());
-    SetSizerAndFit(frame);
+    FinishDialog(*this, content);
     SetMinSize(GetSize());
-    CentreOnParent();
     BindEvents();
 }
 

@@ -1,5 +1,6 @@
 #include "uIconBoxOptions.h"
 
+#include "uDialog.h"
 #include "uDisplayMode.h"
 #include "uIconBoxExample.h"
 #include "uWindowSystem.h"
@@ -29,7 +30,7 @@ TfIconBoxOptions::TfIconBoxOptions(wxWindow* parent, const TIconBoxOptions& opti
       m_borderColor(options.BorderColor)
 {
     BuildControls();
-    SetSizerAndFit(BuildLayout());
+    FinishDialog(*this, BuildLayout());
     const long double tint = static_cast<long double>(options.Gamma) / MaximumGamma * MaximumTint;
     tbTint->SetValue(static_cast<int>(RoundHalfEven(tint)));
     cbBorder->SetValue(options.Border);
@@ -106,20 +107,17 @@ wxSizer* TfIconBoxOptions::BuildLayout()
     examples->Add(iBoxAroundAllIcons);
     examples->Add(iJustTintBehindEachIcon);
     iJustTintBehindEachIcon->Hide();
-    auto* content = new wxBoxSizer(wxHORIZONTAL);
-    content->Add(left, wxSizerFlags(1).Expand());
-    content->Add(examples, wxSizerFlags().Expand().TripleBorder(wxLEFT));
+    auto* columns = new wxBoxSizer(wxHORIZONTAL);
+    columns->Add(left, wxSizerFlags(1).Expand());
+    columns->Add(examples, wxSizerFlags().Expand().TripleBorder(wxLEFT));
     auto* banner = new wxStaticText(
         this, wxID_ANY,
         "The preview (below right) shows an example of the two different Icon Box Types.");
-    banner->Wrap(content->CalcMin().x);
-    auto* frame = new wxBoxSizer(wxVERTICAL);
-    frame->Add(banner, wxSizerFlags().Expand().TripleBorder(wxLEFT | wxTOP | wxRIGHT));
-    frame->Add(content, wxSizerFlags(1).Expand().TripleBorder());
-    auto* buttons = CreateSeparatedButtonSizer(wxOK | wxCANCEL);
-    FindWindow(wxID_OK)->SetLabel("Ok");
-    frame->Add(buttons, wxSizerFlags().Expand().DoubleBorder());
-    return frame;
+    banner->Wrap(columns->CalcMin().x);
+    auto* content = new wxBoxSizer(wxVERTICAL);
+    content->Add(banner, wxSizerFlags().Expand().TripleBorder(wxBOTTOM));
+    content->Add(columns, wxSizerFlags(1).Expand());
+    return content;
 }
 
 TIconBoxOptions TfIconBoxOptions::Options() const

@@ -1,6 +1,7 @@
 #include "uWallpaperSchedule.h"
 
 #include "uActionBinder.h"
+#include "uDialog.h"
 
 #include <algorithm>
 
@@ -36,14 +37,8 @@ TfSchedule::TfSchedule(wxWindow* parent, const TScheduleSettings& schedule, TDat
     content->Add(new wxStaticText(this, wxID_ANY,
                                   "Last Change: " + ToWx(DateTimeToDisplayText(lastChange)),
                                   wxDefaultPosition, wxDefaultSize, 0, "lLastChange"));
-    auto* frame = new wxBoxSizer(wxVERTICAL);
-    frame->Add(content, wxSizerFlags(1).Expand().TripleBorder());
-    auto* buttons = CreateSeparatedButtonSizer(wxOK | wxCANCEL);
-    FindWindow(wxID_OK)->SetLabel("Ok");
-    frame->Add(buttons, wxSizerFlags().Expand().DoubleBorder());
     ShowSchedule(schedule);
-    SetSizerAndFit(frame);
-    CentreOnParent();
+    FinishDialog(*this, content);
     cbUseSchedule->SetFocus();
     cbUseSchedule->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { UpdateControls(); });
     cbUnits->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { UpdateControls(); });

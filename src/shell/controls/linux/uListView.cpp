@@ -1,11 +1,7 @@
 #include "uListView.h"
 
-#include "uCallLater.h"
 #include "uListColumn.h"
-#include "uScopes.h"
 #include "uWxText.h"
-
-#include <utility>
 
 #include <wx/dataview.h>
 
@@ -57,7 +53,7 @@ public:
     TNativeListView(wxWindow* parent, TRows& rows, const wxString& name)
         : wxDataViewCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxDV_MULTIPLE,
                          wxDefaultValidator, name),
-          m_rows(rows), m_model(new TRowsModel(rows))
+          TMuListView(rows), m_model(new TRowsModel(rows))
     {
         AssociateModel(m_model.get());
         for (int i = 0; i < ListColumnCount; ++i)
@@ -75,7 +71,6 @@ public:
     void ShowRows() override;
     void ShowTexts() override { Refresh(); }
     void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
-    void TellSelection() override;
     void EditTitle(int row) override;
     bool IsEditing() const override { return m_isEditing; }
 
@@ -86,16 +81,12 @@ public:
 
 private:
     void BindEvents();
-    void SelectionEvent();
     int RowOf(const wxDataViewItem& item) const
     {
         return item.IsOk() ? static_cast<int>(m_model->GetRow(item)) : -1;
     }
 
-    TRows& m_rows;
     wxObjectDataPtr<TRowsModel> m_model;
-    bool m_isSelecting = false;        // the program, not the user
-    bool m_isSelectionPending = false; // of the user
     bool m_isEditing = false;
 };
 
@@ -112,20 +103,6 @@ void TNativeListView::BindEvents()
         m_isEditing = false;
         GetColumn(lcTitle)->GetRenderer()->SetMode(wxDATAVIEW_CELL_INERT);
     });
-}
-
-// Selecting ten thousand rows makes as many events; they are answered together.
-void TNativeListView::SelectionEvent()
-{
-    if (m_isSelecting || std::exchange(m_isSelectionPending, true))
-        return;
-    CallLater(*this, [this] { TellSelection(); });
-}
-
-void TNativeListView::TellSelection()
-{
-    if (std::exchange(m_isSelectionPending, false))
-        m_rows.UserSelects(ShownSelection(), FocusedRow());
 }
 
 int TNativeListView::FocusedRow() const
@@ -153,15 +130,13 @@ wxString TNativeListView::ShownText(int row, TListColumn column) const
 
 void TNativeListView::ShowRows()
 {
-    const TValueScope selecting(m_isSelecting, true);
-    m_isSelectionPending = false;
+    const TProgramSelects selecting(*this);
     m_model->Reset(static_cast<unsigned>(m_rows.Count()));
 }
 
 void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow)
 {
-    const TValueScope selecting(m_isSelecting, true);
-    m_isSelectionPending = false;
+    const TProgramSelects selecting(*this);
     if (focusedRow >= 0 && focusedRow != FocusedRow())
         SetCurrentItem(m_model->GetItem(static_cast<unsigned>(focusedRow)));
     if (rows != ShownSelection()) {

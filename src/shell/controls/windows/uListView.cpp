@@ -1,12 +1,9 @@
 #include "uListView.h"
 
-#include "uCallLater.h"
 #include "uListColumn.h"
-#include "uScopes.h"
 #include "uWxText.h"
 
 #include <algorithm>
-#include <utility>
 
 #include <wx/listctrl.h>
 #include <wx/wupdlock.h>
@@ -33,7 +30,6 @@ public:
     void ShowRows() override;
     void ShowTexts() override { Refresh(); }
     void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
-    void TellSelection() override;
     void EditTitle(int row) override { EditLabel(row); }
     bool IsEditing() const override { return GetEditControl() != nullptr; }
 
@@ -49,18 +45,14 @@ private:
     wxString OnGetItemText(long row, long column) const override;
     wxItemAttr* OnGetItemAttr(long row) const override;
     void BindEvents();
-    void SelectionEvent();
 
-    TRows& m_rows;
-    bool m_isSelecting = false;        // the program, not the user
-    bool m_isSelectionPending = false; // of the user
     mutable wxItemAttr m_currentAttr;
 };
 
 TNativeListView::TNativeListView(wxWindow* parent, TRows& rows, const wxString& name)
     : wxListView(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                  wxLC_REPORT | wxLC_VIRTUAL | wxLC_EDIT_LABELS, wxDefaultValidator, name),
-      m_rows(rows)
+      TMuListView(rows)
 {
     for (const TListColumnInfo& column : ListColumns)
         AppendColumn(ToWx(column.Caption), wxLIST_FORMAT_LEFT, FromDIP(column.Width));
@@ -87,20 +79,6 @@ void TNativeListView::BindEvents()
     });
 }
 
-// Selecting ten thousand rows makes as many events; they are answered together.
-void TNativeListView::SelectionEvent()
-{
-    if (m_isSelecting || std::exchange(m_isSelectionPending, true))
-        return;
-    CallLater(*this, [this] { TellSelection(); });
-}
-
-void TNativeListView::TellSelection()
-{
-    if (std::exchange(m_isSelectionPending, false))
-        m_rows.UserSelects(ShownSelection(), FocusedRow());
-}
-
 int TNativeListView::FocusedRow() const
 {
     return static_cast<int>(GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED));
@@ -117,16 +95,14 @@ std::vector<int> TNativeListView::ShownSelection() const
 
 void TNativeListView::ShowRows()
 {
-    const TValueScope selecting(m_isSelecting, true);
-    m_isSelectionPending = false;
+    const TProgramSelects selecting(*this);
     SetItemCount(m_rows.Count());
     Refresh();
 }
 
 void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow)
 {
-    const TValueScope selecting(m_isSelecting, true);
-    m_isSelectionPending = false;
+    const TProgramSelects selecting(*this);
     const std::vector<int> shown = ShownSelection();
     const wxWindowUpdateLocker lock(this);
     for (const int row : shown)

@@ -20,6 +20,16 @@ int FontPixels(int points)
     return std::max(1, (std::abs(size) * DotsPerInch + PointsPerInch / 2) / PointsPerInch);
 }
 
+// Letters may lean out of their line, and another font may help out with larger ones.
+TRect TextPart(TTextDrawing& drawing, const TMuFont& font, const std::string& text, int x, int y,
+               const TRect& clip, const TBitmap& bitmap)
+{
+    const TSize size = drawing.Measure(font, text);
+    const int margin = size.Height;
+    return VisiblePart({x - margin, y - margin, x + size.Width + margin, y + size.Height + margin},
+                       clip, bitmap);
+}
+
 TRect VisiblePart(const TRect& area, const TRect& clip, const TBitmap& bitmap)
 {
     const TRect part{std::max({area.Left, clip.Left, 0}), std::max({area.Top, clip.Top, 0}),

@@ -33,6 +33,10 @@ std::unique_ptr<TTextDrawing> NewTextDrawing();
 // picture looks the same on every road. What is no size a font could have is brought near to one.
 int FontPixels(int points);
 
+// The part of the bitmap that the text may touch.
+TRect TextPart(TTextDrawing& drawing, const TMuFont& font, const std::string& text, int x, int y,
+               const TRect& clip, const TBitmap& bitmap);
+
 // The part of `area` that lies in `clip` and on the bitmap; empty when there is none.
 TRect VisiblePart(const TRect& area, const TRect& clip, const TBitmap& bitmap);
 

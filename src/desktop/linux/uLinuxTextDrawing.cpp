@@ -37,12 +37,7 @@ public:
     void Draw(TBitmap& bitmap, const TRect& clip, int x, int y, const TMuFont& font, TColor color,
               const std::string& text) override
     {
-        // Letters may lean out of their line, and another font may help out with larger ones.
-        const TSize size = Measure(font, text);
-        const int margin = size.Height;
-        const TRect part =
-            VisiblePart({x - margin, y - margin, x + size.Width + margin, y + size.Height + margin},
-                        clip, bitmap);
+        const TRect part = TextPart(*this, font, text, x, y, clip, bitmap);
         if (part.Width() == 0)
             return;
         const TSurface surface(m_pango.cairo_image_surface_create_for_data(

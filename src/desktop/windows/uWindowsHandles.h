@@ -1,6 +1,8 @@
 // Owners for what Win32 hands out.
 #pragma once
 
+#include "uBitmap.h"
+
 #include <windows.h>
 
 #include <memory>
@@ -28,6 +30,54 @@ struct THandleCloser {
     void operator()(HANDLE handle) const noexcept { CloseHandle(handle); }
 };
 using THandle = std::unique_ptr<HANDLE, THandleCloser>;
+
+struct TContextDeleter {
+    using pointer = HDC;
+    void operator()(HDC context) const noexcept { DeleteDC(context); }
+};
+using TMemoryContext = std::unique_ptr<HDC, TContextDeleter>;
+
+template<class THandle>
+struct TGdiDeleter {
+    using pointer = THandle;
+    void operator()(THandle object) const noexcept { DeleteObject(object); }
+};
+template<class THandle>
+using TGdiObject = std::unique_ptr<THandle, TGdiDeleter<THandle>>;
+
+// An object is in use in a context for a time.
+class TSelection
+{
+public:
+    TSelection(HDC context, HGDIOBJ object)
+        : m_context(context), m_before(SelectObject(context, object))
+    {
+    }
+    TSelection(const TSelection&) = delete;
+    TSelection& operator=(const TSelection&) = delete;
+    ~TSelection() { SelectObject(m_context, m_before); }
+
+private:
+    HDC m_context;
+    HGDIOBJ m_before;
+};
+
+// A bitmap that the system draws on and whose pixels, row by row from the top, can be reached;
+// empty when there is no memory for it.
+inline TGdiObject<HBITMAP> NewPixels(const TSize& size, TPixel*& pixels)
+{
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = size.Width;
+    info.bmiHeader.biHeight = -size.Height; // from the top down
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    void* memory = nullptr;
+    TGdiObject<HBITMAP> bitmap(
+        CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &memory, nullptr, 0));
+    pixels = static_cast<TPixel*>(memory);
+    return bitmap;
+}
 
 // The device context of the whole screen.
 class TScreenContext

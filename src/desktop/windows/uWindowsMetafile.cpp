@@ -52,26 +52,18 @@ TSize SizeOf(HENHMETAFILE file)
 
 void Play(HENHMETAFILE file, TBitmap& bitmap)
 {
-    BITMAPINFO info{};
-    info.bmiHeader = {
-        sizeof info.bmiHeader, bitmap.Width(), -bitmap.Height(), 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    const auto context = CreateCompatibleDC(nullptr);
-    void* pixels = nullptr;
-    const auto section = CreateDIBSection(context, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
-    const auto bytes = sizeof(TPixel) * static_cast<std::size_t>(bitmap.Width()) * bitmap.Height();
-    if (section != nullptr) {
-        const auto before = SelectObject(context, section);
-        std::memset(pixels, 0xFF, bytes);
-        const RECT place{0, 0, bitmap.Width(), bitmap.Height()};
-        PlayEnhMetaFile(context, file, &place);
-        GdiFlush();
-        std::memcpy(bitmap.Row(0), pixels, bytes);
-        SelectObject(context, before);
-        DeleteObject(section);
-    }
-    DeleteDC(context);
-    if (section == nullptr)
+    TPixel* pixels = nullptr;
+    const TMemoryContext context(CreateCompatibleDC(nullptr));
+    const TGdiObject<HBITMAP> paper = NewPixels({bitmap.Width(), bitmap.Height()}, pixels);
+    if (!context || !paper)
         throw std::bad_alloc();
+    const auto bytes = sizeof(TPixel) * static_cast<std::size_t>(bitmap.Width()) * bitmap.Height();
+    std::memset(pixels, 0xFF, bytes);
+    const TSelection selection(context.get(), paper.get());
+    const RECT place{0, 0, bitmap.Width(), bitmap.Height()};
+    PlayEnhMetaFile(context.get(), file, &place);
+    GdiFlush();
+    std::memcpy(bitmap.Row(0), pixels, bytes);
 }
 
 } // namespace

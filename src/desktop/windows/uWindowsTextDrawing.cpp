@@ -1,13 +1,10 @@
 #include "uTextDrawing.h"
 #include "uWideText.h"
-
-#include <windows.h>
+#include "uWindowsHandles.h"
 
 #include <algorithm>
 #include <optional>
 #include <system_error>
-#include <type_traits>
-#include <utility>
 
 namespace murala
 {
@@ -15,42 +12,11 @@ namespace murala
 namespace
 {
 
-struct TContextDeleter {
-    using pointer = HDC;
-    void operator()(HDC context) const noexcept { DeleteDC(context); }
-};
-using TContext = std::unique_ptr<HDC, TContextDeleter>;
-
-template<class THandle>
-struct TGdiDeleter {
-    using pointer = THandle;
-    void operator()(THandle object) const noexcept { DeleteObject(object); }
-};
-template<class THandle>
-using TGdiObject = std::unique_ptr<THandle, TGdiDeleter<THandle>>;
-
 [[noreturn]] void Fail()
 {
     throw std::system_error(static_cast<int>(GetLastError()), std::system_category(),
                             "Cannot draw text");
 }
-
-// An object is in use in a context for a time.
-class TSelection
-{
-public:
-    TSelection(HDC context, HGDIOBJ object)
-        : m_context(context), m_before(SelectObject(context, object))
-    {
-    }
-    TSelection(const TSelection&) = delete;
-    TSelection& operator=(const TSelection&) = delete;
-    ~TSelection() { SelectObject(m_context, m_before); }
-
-private:
-    HDC m_context;
-    HGDIOBJ m_before;
-};
 
 // Fonts of the same measures, of which a machine without the first has one.
 constexpr const wchar_t* Relatives[][3] = {
@@ -93,19 +59,11 @@ std::wstring PresentFont(HDC context, const std::wstring& name)
 class TDrawingPart
 {
 public:
-    TDrawingPart(HDC context, TBitmap& bitmap, const TRect& part) : m_bitmap(bitmap), m_part(part)
+    TDrawingPart(TBitmap& bitmap, const TRect& part) : m_bitmap(bitmap), m_part(part)
     {
-        BITMAPINFO info{};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = part.Width();
-        info.bmiHeader.biHeight = -part.Height(); // from the top down
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        void* pixels = nullptr;
-        m_section.reset(CreateDIBSection(context, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
+        m_section = NewPixels({part.Width(), part.Height()}, m_pixels);
         if (!m_section)
             Fail();
-        m_pixels = static_cast<TPixel*>(pixels);
         for (int y = 0; y < part.Height(); ++y)
             std::copy_n(BitmapRow(y), part.Width(), SectionRow(y));
     }
@@ -125,8 +83,8 @@ private:
 
     TBitmap& m_bitmap;
     TRect m_part;
-    TGdiObject<HBITMAP> m_section;
     TPixel* m_pixels = nullptr;
+    TGdiObject<HBITMAP> m_section;
 };
 
 class TWindowsTextDrawing : public TTextDrawing
@@ -155,15 +113,10 @@ public:
     void Draw(TBitmap& bitmap, const TRect& clip, int x, int y, const TMuFont& font, TColor color,
               const std::string& text) override
     {
-        // Letters may lean out of their line, and another font may help out with larger ones.
-        const TSize size = Measure(font, text);
-        const int margin = size.Height;
-        const TRect part =
-            VisiblePart({x - margin, y - margin, x + size.Width + margin, y + size.Height + margin},
-                        clip, bitmap);
+        const TRect part = TextPart(*this, font, text, x, y, clip, bitmap);
         if (part.Width() == 0)
             return;
-        TDrawingPart target(m_context.get(), bitmap, part);
+        TDrawingPart target(bitmap, part);
         const TSelection canvas(m_context.get(), target.Section());
         const TSelection selection(m_context.get(), Font(font));
         const std::wstring wide = WideText(text);
@@ -193,7 +146,7 @@ private:
         return m_handle.get();
     }
 
-    TContext m_context;
+    TMemoryContext m_context;
     TGdiObject<HFONT> m_handle;
     std::optional<TMuFont> m_font; // what the handle is for
 };

@@ -1,15 +1,13 @@
-#include "uTrayIcon.h"
-#include "uWindowsMenu.h"
-
 #include "uInstanceLink.h"
 #include "uText.h"
-
-#include <windows.h>
+#include "uTrayIcon.h"
+#include "uWindowsHandles.h"
+#include "uWindowsMenu.h"
 
 #include <shellapi.h>
 
+#include <algorithm>
 #include <cstddef>
-#include <cstring>
 
 namespace murala
 {
@@ -41,39 +39,19 @@ struct TIconDestroy {
 };
 using TIcon = std::unique_ptr<HICON, TIconDestroy>;
 
-struct TBitmapDelete {
-    using pointer = HBITMAP;
-    void operator()(HBITMAP bitmap) const noexcept { DeleteObject(bitmap); }
-};
-using TBitmapHandle = std::unique_ptr<HBITMAP, TBitmapDelete>;
-
-// The icon's four-byte pixels, top-down.
-TBitmapHandle NewColorBitmap(const TBitmap& picture)
-{
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = picture.Width();
-    info.bmiHeader.biHeight = -picture.Height();
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* pixels = nullptr;
-    TBitmapHandle bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
-    if (bitmap)
-        std::memcpy(pixels, picture.Row(0),
-                    sizeof(TPixel) * static_cast<std::size_t>(picture.Width()) *
-                        static_cast<std::size_t>(picture.Height()));
-    return bitmap;
-}
-
 TIcon NewIcon(const TBitmap& picture)
 {
-    const TBitmapHandle color = NewColorBitmap(picture);
-    const TBitmapHandle mask(CreateBitmap(picture.Width(), picture.Height(), 1, 1, nullptr));
+    TPixel* pixels = nullptr;
+    const auto color = NewPixels({picture.Width(), picture.Height()}, pixels);
+    const TGdiObject<HBITMAP> mask(CreateBitmap(picture.Width(), picture.Height(), 1, 1, nullptr));
+    if (!color || !mask)
+        return nullptr;
+    std::copy_n(picture.Row(0), std::ptrdiff_t{picture.Width()} * picture.Height(), pixels);
     ICONINFO info{};
     info.fIcon = TRUE;
     info.hbmColor = color.get();
     info.hbmMask = mask.get();
-    return TIcon(color && mask ? CreateIconIndirect(&info) : nullptr);
+    return TIcon(CreateIconIndirect(&info));
 }
 
 class TWindowsTrayArea : public TTrayArea

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 
 namespace murala
 {
@@ -85,14 +84,6 @@ bool ReadTime(TScanner& scanner, TDateParts& parts)
     return true;
 }
 
-template<class... TValues>
-std::string Print(const char* format, TValues... values)
-{
-    char text[64];
-    std::snprintf(text, sizeof text, format, values...);
-    return text;
-}
-
 } // namespace
 
 std::optional<TDateTime> EncodeDateTime(const TDateParts& parts)
@@ -147,13 +138,13 @@ int WeekdayOf(TDateTime dateTime)
 std::string DateTimeToText(TDateTime dateTime)
 {
     const TDateParts parts = DecodeDateTime(dateTime);
-    return Print("%04d-%02d-%02d ", parts.Year, parts.Month, parts.Day) + TimeToText(dateTime);
+    return PrintShort("%04d-%02d-%02d ", parts.Year, parts.Month, parts.Day) + TimeToText(dateTime);
 }
 
 std::string TimeToText(TDateTime dateTime)
 {
     const TDateParts parts = DecodeDateTime(dateTime);
-    return Print("%02d:%02d:%02d", parts.Hour, parts.Minute, parts.Second);
+    return PrintShort("%02d:%02d:%02d", parts.Hour, parts.Minute, parts.Second);
 }
 
 std::optional<TDateTime> TextToDateTime(std::string_view text)
@@ -180,8 +171,8 @@ std::optional<TDateTime> TextToTime(std::string_view text)
 std::string DateTimeToDisplayText(TDateTime dateTime)
 {
     const TDateParts parts = DecodeDateTime(dateTime);
-    return Print("%02d/%02d/%04d %02d:%02d", parts.Day, parts.Month, parts.Year, parts.Hour,
-                 parts.Minute);
+    return PrintShort("%02d/%02d/%04d %02d:%02d", parts.Day, parts.Month, parts.Year, parts.Hour,
+                      parts.Minute);
 }
 
 } // namespace murala

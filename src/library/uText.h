@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <initializer_list>
 #include <optional>
 #include <stdexcept>
@@ -37,6 +38,15 @@ std::string ReplaceAll(std::string_view text, std::string_view find, std::string
 
 // Replaces each "%s" and "%d" of the format, in order, by the next value; "%%" is a percent sign.
 std::string FormatText(std::string_view format, std::initializer_list<std::string_view> values);
+
+// As the C library's printf, for numbers: what is longer than 63 bytes is cut.
+template<class... TValues>
+std::string PrintShort(const char* format, TValues... values)
+{
+    char text[64];
+    std::snprintf(text, sizeof text, format, values...);
+    return text;
+}
 
 // The first `count` characters (code points), never cut inside one; broken bytes count one each.
 std::string_view FirstCharacters(std::string_view text, std::size_t count);

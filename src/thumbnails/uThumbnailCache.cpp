@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <new>
 #include <utility>
 
@@ -39,14 +38,6 @@ std::string ReasonText(std::string reason)
     return reason == "The parameter is incorrect.\r\n" ? std::string(OutOfResources) : reason;
 }
 
-template<class... TValues>
-std::string Print(const char* format, TValues... values)
-{
-    char text[64];
-    std::snprintf(text, sizeof text, format, values...);
-    return text;
-}
-
 } // namespace
 
 EThumbnail::EThumbnail(const std::string& fileName, const std::string& reason)
@@ -58,13 +49,13 @@ EThumbnail::EThumbnail(const std::string& fileName, const std::string& reason)
 
 std::string TThumbnailStatistics::SizeText() const
 {
-    return Print("%6.2f KB", static_cast<double>(Bytes) / 1024);
+    return PrintShort("%6.2f KB", static_cast<double>(Bytes) / 1024);
 }
 
 std::string TThumbnailStatistics::ShareText() const
 {
     const auto disk = static_cast<double>(DiskBytes);
-    return Print("%6.2f%%", DiskBytes > 0 ? static_cast<double>(Bytes) / disk * 100 : 0.0);
+    return PrintShort("%6.2f%%", DiskBytes > 0 ? static_cast<double>(Bytes) / disk * 100 : 0.0);
 }
 
 std::string TThumbnailStatistics::CountText() const

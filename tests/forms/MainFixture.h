@@ -5,6 +5,7 @@
 #include "uMain.h"
 #include "uPath.h"
 #include "uTempFolder.h"
+#include "uTestPictures.h"
 
 #include <chrono>
 
@@ -102,12 +103,7 @@ protected:
 
     std::string Picture(const std::string& name, int width, int height, TColor color)
     {
-        TBitmap bitmap(width, height);
-        for (int y = 0; y < height; ++y)
-            std::fill_n(bitmap.Row(y), width, ColorToPixel(color));
-        const std::string path = m_services.ProgramFolder + name;
-        SaveBitmapFile(bitmap, path);
-        return path;
+        return SavePicture(m_services.ProgramFolder + name, width, height, color);
     }
 
     void AddTwo()

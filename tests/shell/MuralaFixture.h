@@ -5,6 +5,7 @@
 #include "FakeServices.h"
 #include "uMurala.h"
 #include "uTempFolder.h"
+#include "uTestPictures.h"
 
 #include <gtest/gtest.h>
 
@@ -32,12 +33,7 @@ protected:
     std::string Picture(const std::string& name, int width = 8, int height = 4,
                         TColor color = 0x204060)
     {
-        TBitmap bitmap(width, height);
-        for (int y = 0; y < height; ++y)
-            std::fill_n(bitmap.Row(y), width, ColorToPixel(color));
-        const std::string path = m_services.ProgramFolder + name;
-        SaveBitmapFile(bitmap, path);
-        return path;
+        return SavePicture(m_services.ProgramFolder + name, width, height, color);
     }
 
     void AddPictures(int count)

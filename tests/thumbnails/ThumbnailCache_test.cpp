@@ -2,6 +2,7 @@
 
 #include "Pictures.h"
 #include "uJpegFile.h"
+#include "uTestPictures.h"
 
 #include <chrono>
 
@@ -11,13 +12,6 @@ namespace
 {
 
 namespace fs = std::filesystem;
-
-TBitmap Even(int width, int height, TPixel color)
-{
-    TBitmap bitmap(width, height);
-    std::fill_n(bitmap.Row(0), width * height, color);
-    return bitmap;
-}
 
 void SetAge(const std::string& file, int secondsAgo)
 {
@@ -34,7 +28,7 @@ protected:
     TMuWallpaper& Add(const std::string& name, TPixel color = 0x204060, int width = 9)
     {
         const std::string file = Folder.File(name);
-        SaveBitmapFile(Even(width, 5, color), file);
+        SaveBitmapFile(EvenBitmap(width, 5, color), file);
         SetAge(file, 60);
         return AddItem(file);
     }
@@ -95,7 +89,7 @@ TEST_F(ThumbnailCache, MakesThemOfOneSizeAndKeepsThemAsJpegFiles)
     TMuWallpaper& first = Add("a.bmp", 0x204060);
     List.SetThumbnailNumber(first, 17);
     TMuWallpaper& second = AddItem(Folder.File("b.jpg"));
-    TBitmap halves = Even(4000, 300, 0xFFFFFF);
+    TBitmap halves = EvenBitmap(4000, 300, 0xFFFFFF);
     for (int y = 0; y < 300; ++y)
         std::fill_n(halves.Row(y), 2000, 0U);
     SaveJpegFile(halves, second.FileName(), 90);
@@ -135,7 +129,7 @@ TEST_F(ThumbnailCache, AFileCountsOnlyWhenItIsStrictlyNewerThanItsPicture)
         bool HasImage, IsUsed;
     } const cases[] = {{59, true, true}, {60, true, false}, {61, true, false}, {600, false, true}};
     for (const auto& each : cases) {
-        SaveJpegFile(Even(64, 48, 0x00FF00), kept, 90);
+        SaveJpegFile(EvenBitmap(64, 48, 0x00FF00), kept, 90);
         SetAge(kept, each.KeptSecondsAgo);
         if (!each.HasImage)
             DeleteFileIfPresent(item.FileName());
@@ -156,7 +150,7 @@ TEST_F(ThumbnailCache, AnUnusableFileIsMadeAgain)
         EXPECT_EQ(Cache.GetThumbnail(item).Row(9)[9] & 0xFFFFFFU, 0xFFU);
         EXPECT_EQ(ImageFileSize(kept), StoredThumbnailSize);
     }
-    SaveJpegFile(Even(30, 30, 0x00FF00), kept, 90); // of another size
+    SaveJpegFile(EvenBitmap(30, 30, 0x00FF00), kept, 90); // of another size
     List.FreeAllThumbnails();
     EXPECT_EQ(Cache.GetThumbnail(item).Size(), StoredThumbnailSize);
 }
@@ -224,7 +218,7 @@ TEST_F(ThumbnailCache, AFailureFreesAllAndTriesOnceMoreThenReports)
     EXPECT_EQ(List.MaxThumbnails, 10); // 13 after the first try
     EXPECT_TRUE(List.LoadedThumbnails.empty());
     EXPECT_EQ(Color(List.Item(3)), -1);
-    SaveBitmapFile(Even(3, 3, 7), broken.FileName());
+    SaveBitmapFile(EvenBitmap(3, 3, 7), broken.FileName());
     EXPECT_FALSE(fails());
 }
 
@@ -241,7 +235,7 @@ TEST_F(ThumbnailCache, MakesWhatIsShownFirstInShortSteps)
     EXPECT_EQ(MakeAll({items[3], &broken, items[0]}), "dx!da");
     EXPECT_EQ(Color(*items[1]), -1);
     EXPECT_EQ(MakeAll({items[3], &broken, items[0]}), "");
-    SaveBitmapFile(Even(3, 3, 0x123456), broken.FileName());
+    SaveBitmapFile(EvenBitmap(3, 3, 0x123456), broken.FileName());
     Cache.Refresh(broken);
     EXPECT_EQ(MakeAll({&broken}), "x");
     EXPECT_EQ(Color(broken), 0x123456);
@@ -336,7 +330,8 @@ TEST_F(ThumbnailCache, RefreshingMakesAllAgainAndKeepsWhatIsDoneWhenStopped)
         Cache.GetThumbnail(Add(name));
     const auto number = List.Item(1).ThumbnailNumber();
     for (TMuWallpaper* item : Items()) {
-        SaveJpegFile(Even(64, 48, 0), item->ThumbnailFileName(), 90); // newer than the picture
+        SaveJpegFile(EvenBitmap(64, 48, 0), item->ThumbnailFileName(),
+                     90); // newer than the picture
         SetAge(item->ThumbnailFileName(), 5);
     }
     DeleteFileIfPresent(List.Item(1).FileName());

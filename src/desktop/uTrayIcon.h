@@ -53,7 +53,7 @@ public:
 enum class TTrayState { Missing, Asking, There };
 
 struct TMenuMetrics {
-    int ItemHeight = 20, SeparatorHeight = 9, BorderHeight = 3;
+    int ItemHeight = 26, SeparatorHeight = 9, BorderHeight = 3;
 };
 
 class TTrayArea

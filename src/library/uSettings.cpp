@@ -14,6 +14,8 @@ namespace
 
 constexpr std::string_view MainSection = "Main";
 constexpr std::string_view ConvertListSection = "ConvertList";
+// Written once it is true, with the window's state.
+constexpr std::string_view TrayExplainedKey = "TrayExplained";
 
 // A time of day is a TDateTime, too, but has a stored form of its own.
 template<class TValue>
@@ -132,6 +134,7 @@ TMuSettings LoadSettings(const TIniFile& file, const TSettingsDefaults& defaults
     settings.Placement = defaults.Placement;
     settings.LastChangeDate = defaults.Now;
     ForEachKey(settings, TReader{file});
+    settings.TrayExplained = file.ReadBoolean(MainSection, TrayExplainedKey, false);
     const std::string folder = file.ReadText(MainSection, "ThumbnailFolder", "");
     settings.ThumbnailFolder =
         ResolvePath(defaults.ProgramFolder, folder.empty() ? "Thumbnails" : folder);
@@ -152,6 +155,8 @@ void SaveSettings(TIniFile& file, const TMuSettings& settings, const TListState&
         if (parts[flag])
             file.Write(MainSection, key, StoredText(value));
     });
+    if (parts[sfWindowState] && settings.TrayExplained)
+        file.Write(MainSection, TrayExplainedKey, StoredText(true));
     if (parts[sfConvertList])
         file.WriteSection(ConvertListSection, ConvertListToPairs(settings.Titles.ConvertList));
 }

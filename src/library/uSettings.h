@@ -30,7 +30,8 @@ struct TMuSettings {
     TPreviewSize PreviewSize = psNormal;
     TThumbnailSize ThumbnailSize = tsNormal;
     TViewMode ViewMode = vmList;
-    bool WindowState = true; // the main window was visible
+    bool WindowState = true;    // the main window was visible
+    bool TrayExplained = false; // the user knows where a hidden window is
     bool ApplyOnStartup = false;
     bool NextOnStartup = false;
     TPlacement Placement;

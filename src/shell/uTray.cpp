@@ -1,5 +1,6 @@
 #include "uTray.h"
 
+#include "uProcessMemory.h"
 #include "uText.h"
 
 #include <algorithm>
@@ -11,7 +12,10 @@ namespace murala
 namespace
 {
 
-constexpr std::string_view ExplainedSection = "Main", ExplainedKey = "TrayExplained";
+// The menu of more wallpapers than these is made when it is wanted. It is kept for a while: calls
+// of RefreshMenu, a minute.
+constexpr int MostWallpapersKept = 200;
+constexpr int MenuRest = 12;
 
 // The pop-up, before and behind the wallpapers' menu; ActionCount stands for a separator.
 constexpr TActionId ActionsBefore[] = {aOptions};
@@ -83,7 +87,10 @@ void TTray::Enable()
 {
     m_isDisabled = false;
     PauseChanged();
-    RebuildTrayMenus(true);
+    if (IsMenuKept())
+        RebuildTrayMenus(true);
+    else
+        ReleaseMenu();
 }
 
 void TTray::Disable()
@@ -139,25 +146,22 @@ void TTray::Refresh()
     m_icon.Refresh();
 }
 
-// A desktop that draws the menu may not tell when it does.
 void TTray::RefreshMenu()
 {
-    if (m_icon.Added() && m_icon.Area()->DrawsMenu())
+    if (!IsMenuKept()) {
+        if (m_menuRest > 0 && --m_menuRest == 0)
+            ReleaseMenu();
+    } else if (m_icon.Added() && m_icon.Area()->DrawsMenu()) {
+        // Such a desktop may not tell when it shows the menu.
         RebuildTrayMenus(false);
+    }
 }
 
 void TTray::ExplainHiding()
 {
-    try {
-        const std::string path = m_core.FilePath(SettingsFileName);
-        TIniFile file = TIniFile::Load(path);
-        if (file.ReadBoolean(ExplainedSection, ExplainedKey, false))
-            return;
-        file.Write(ExplainedSection, ExplainedKey, "1");
-        file.Save(path);
-    } catch (const std::exception&) {
-        return; // better never than every time
-    }
+    if (std::exchange(m_core.Settings.TrayExplained, true))
+        return;
+    m_storage.SaveSettings(TSaveFlags().set(sfWindowState));
     m_core.Tell("Murala goes on in the notification area. Click its icon there to get the window "
                 "back, or right-click it for a menu.");
 }
@@ -204,6 +208,7 @@ TPoint TTray::PlaceOfMenu(TPoint cursor) const
 void TTray::MenuPopup()
 {
     const TPauseScope pause(m_core.Pauses);
+    m_menuRest = MenuRest;
     const int desktop = m_core.Services.Siblings.GetVeyraDesktop();
     if (IsMenuStale() || desktop != m_currentDesktop) {
         ReloadForDesktop(desktop);
@@ -263,7 +268,7 @@ TMenuItem TTray::ActionItem(TActionId id) const
     return item;
 }
 
-TMenuItem TTray::NewPopupMenu() const
+TMenuItem TTray::NewPopupMenu(const TMuWallpaperList& list) const
 {
     TMenuItem menu;
     const auto append = [&](TActionId id) {
@@ -277,7 +282,7 @@ TMenuItem TTray::NewPopupMenu() const
     const TSize screen = m_core.Services.Desktop.ScreenSize();
     const TMenuMetrics metrics = m_icon.Added() ? m_icon.Area()->MenuMetrics() : TMenuMetrics();
     TMenuItem wallpapers = NewWallpaperMenu(
-        m_core.List, m_core.Selection.CurrentIndex(),
+        list, m_core.Selection.CurrentIndex(),
         {m_core.Settings.UseWallpaperCategories, screen.Height / std::max(1, metrics.ItemHeight)});
     std::vector<TMenuItem> last;
     for (const TActionId id : ActionsOfWallpapers)
@@ -292,7 +297,7 @@ void TTray::RebuildTrayMenus(bool force)
 {
     if (m_core.Updating || m_actions == nullptr || (!force && !IsMenuStale()))
         return;
-    pmTrayIcon = NewPopupMenu();
+    pmTrayIcon = NewPopupMenu(m_core.List);
     m_menuWallpapers.clear();
     for (int i = 0; i < m_core.List.Count(); ++i)
         m_menuWallpapers.push_back(&m_core.List.Item(i));
@@ -300,6 +305,24 @@ void TTray::RebuildTrayMenus(bool force)
     m_menusDirty = false;
     m_isByCategory = m_core.Settings.UseWallpaperCategories;
     HandOverMenu();
+}
+
+bool TTray::IsMenuKept() const
+{
+    return m_core.List.Count() <= MostWallpapersKept;
+}
+
+// Of thousands of wallpapers it takes more memory than all the rest.
+void TTray::ReleaseMenu()
+{
+    if (m_core.Updating || m_actions == nullptr)
+        return;
+    pmTrayIcon = NewPopupMenu(TMuWallpaperList());
+    m_menuWallpapers = {};
+    m_menusDirty = true;
+    UpdateActions(pmTrayIcon);
+    HandOverMenu();
+    GiveBackFreeMemory();
 }
 
 void TTray::UpdateActions(TMenuItem& menu) const

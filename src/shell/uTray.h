@@ -63,7 +63,7 @@ public:
     // Tells the user where a hidden window is, once for all times.
     void ExplainHiding();
 
-    // Both every five seconds.
+    // Both every five seconds; the second one has the menu made anew, or lets a large one go.
     void Refresh();
     void RefreshMenu();
     // The next frame; whether there are more.
@@ -95,9 +95,11 @@ private:
     const TMenuItem* ShowMenu(TPoint place);
     TPoint PlaceOfMenu(TPoint cursor) const;
     TMenuItem ActionItem(TActionId id) const;
-    TMenuItem NewPopupMenu() const;
+    TMenuItem NewPopupMenu(const TMuWallpaperList& list) const;
     void UpdateActions(TMenuItem& menu) const;
     bool IsMenuStale() const;
+    bool IsMenuKept() const;
+    void ReleaseMenu();
     void ReloadForDesktop(int desktop);
     void ShowHint();
     // For a desktop that draws the menu itself.
@@ -117,6 +119,7 @@ private:
     bool m_isByCategory = false; // the menu
     bool m_isMenuOpen = false;
     bool m_isDisabled = true;
+    int m_menuRest = 0;       // until it is released
     int m_currentDesktop = 0; // of Veyra, as seen before
 };
 

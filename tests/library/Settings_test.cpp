@@ -126,6 +126,10 @@ TEST(Settings, OnlyChosenPartsAreWritten)
     EXPECT_EQ(Saved({}, current | 1U << sfUnused, {3, "", 0}, before), before);
     EXPECT_EQ(Saved({}, current | 1U << sfViewMode, {3, "/a ", 3}, before),
               "[Main]\r\nViewMode=0\r\nUnknown=x\r\nWallpaperCurrent3=\"/a \"\r\n");
+    TMuSettings settings;
+    settings.TrayExplained = true; // which is written once it is so
+    EXPECT_EQ(Saved(settings, 1U << sfWindowState),
+              "[Main]\r\nWindowState=1\r\nTrayExplained=1\r\n");
     EXPECT_EQ(Saved({}, current | 1U << sfWallpaperCount, {3, "/a", 1}),
               "[Main]\r\nWallpaperCount=3\r\nWallpaperCurrent=/a\r\n");
 }

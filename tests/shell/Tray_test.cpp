@@ -347,11 +347,40 @@ TEST_F(Tray, ADesktopThatDrawsTheMenuHasTheLatest)
     EXPECT_EQ(CurrentIndex(), 1);
 }
 
+TEST_F(Tray, TheMenuOfThousandsIsThereWhenItIsWantedAndGoesAgain)
+{
+    Area().Draws = true;
+    std::vector<std::string> files;
+    for (int i = 0; i < 300; ++i)
+        files.push_back(Picture("P" + std::to_string(i) + ".bmp"));
+    m_murala->Desk.AddFiles(files);
+    const auto isThere = [this] { return FindMenuItem(Area().Menu, "CategoryMenuItem299"); };
+    m_murala->Tray.Enable(); // as at the start
+    EXPECT_EQ(isThere(), nullptr);
+    EXPECT_NE(FindMenuItem(Area().Menu, "aExit"), nullptr);
+    Area().Events->TrayMenuOpens();
+    EXPECT_NE(isThere(), nullptr);
+    for (int minute = 0; minute < 3; ++minute) {
+        for (int i = 0; i < 11; ++i)
+            m_murala->Ticker.RefreshTick();
+        EXPECT_NE(isThere(), nullptr);
+        Area().Events->TrayMenuOpens(); // a menu below it: it is still in use
+    }
+    for (int i = 0; i < 12; ++i)
+        m_murala->Ticker.RefreshTick();
+    EXPECT_EQ(isThere(), nullptr);
+    Area().Events->TrayMenuOpens();
+    Area().Events->TrayMenuChosen("CategoryMenuItem299");
+    EXPECT_EQ(CurrentIndex(), 299);
+}
+
 TEST_F(Tray, HidingIsExplainedOnceForAllTimes)
 {
+    const std::string ini = m_services.ProgramFolder + "Murala.ini";
     m_murala->Tray.ExplainHiding();
     m_murala->Tray.ExplainHiding();
     EXPECT_EQ(m_view.Messages.size(), 1U);
+    EXPECT_EQ(TIniFile::Load(ini).ReadText("Main", "TrayExplained", ""), "1");
     m_murala->Tray.Remove();
     Restart();
     Connect();

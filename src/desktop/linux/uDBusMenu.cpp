@@ -37,15 +37,18 @@ std::string Utf8(const std::string& text)
 
 void SetState(DbusmenuMenuitem* item, const TMenuItem& from)
 {
-    dbusmenu_menuitem_property_set_bool(item, DBUSMENU_MENUITEM_PROP_ENABLED, from.Enabled);
-    if (!from.Checked &&
-        !dbusmenu_menuitem_property_exist(item, DBUSMENU_MENUITEM_PROP_TOGGLE_TYPE))
-        return;
-    dbusmenu_menuitem_property_set(item, DBUSMENU_MENUITEM_PROP_TOGGLE_TYPE,
-                                   DBUSMENU_MENUITEM_TOGGLE_CHECK);
-    dbusmenu_menuitem_property_set_int(item, DBUSMENU_MENUITEM_PROP_TOGGLE_STATE,
-                                       from.Checked ? DBUSMENU_MENUITEM_TOGGLE_STATE_CHECKED
-                                                    : DBUSMENU_MENUITEM_TOGGLE_STATE_UNCHECKED);
+    // Enabled is what entries are that say nothing: thousands of them then take less memory.
+    if (!from.Enabled || dbusmenu_menuitem_property_exist(item, DBUSMENU_MENUITEM_PROP_ENABLED))
+        dbusmenu_menuitem_property_set_bool(item, DBUSMENU_MENUITEM_PROP_ENABLED, from.Enabled);
+    if (from.Checked) {
+        dbusmenu_menuitem_property_set(item, DBUSMENU_MENUITEM_PROP_TOGGLE_TYPE,
+                                       DBUSMENU_MENUITEM_TOGGLE_CHECK);
+        dbusmenu_menuitem_property_set_int(item, DBUSMENU_MENUITEM_PROP_TOGGLE_STATE,
+                                           DBUSMENU_MENUITEM_TOGGLE_STATE_CHECKED);
+    } else {
+        dbusmenu_menuitem_property_remove(item, DBUSMENU_MENUITEM_PROP_TOGGLE_STATE);
+        dbusmenu_menuitem_property_remove(item, DBUSMENU_MENUITEM_PROP_TOGGLE_TYPE);
+    }
 }
 
 // Whether nothing but states differs.
@@ -117,6 +120,9 @@ void TDBusMenu::Build(DbusmenuMenuitem* parent, const TMenuItem& menu)
         g_object_set_data_full(G_OBJECT(item.get()), NameKey, g_strdup(from.Name.c_str()), g_free);
         g_signal_connect(item.get(), DBUSMENU_MENUITEM_SIGNAL_ITEM_ACTIVATED, G_CALLBACK(OnChosen),
                          this);
+        if (!from.Items.empty())
+            g_signal_connect(item.get(), DBUSMENU_MENUITEM_SIGNAL_ABOUT_TO_SHOW,
+                             G_CALLBACK(OnOpens), this);
         Build(item.get(), from);
         dbusmenu_menuitem_child_append(parent, item.get());
     }

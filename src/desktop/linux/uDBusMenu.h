@@ -16,7 +16,8 @@ namespace murala
 class TDBusMenu
 {
 public:
-    // At this path of the program's own connection to the session's bus.
+    // At this path of the program's own connection to the session's bus. `onOpens` is told of the
+    // menu and of every one below it.
     TDBusMenu(const char* path, std::function<void()> onOpens,
               std::function<void(const std::string& name)> onChosen);
     TDBusMenu(const TDBusMenu&) = delete;

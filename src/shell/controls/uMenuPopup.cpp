@@ -1,5 +1,6 @@
 #include "uMenuPopup.h"
 
+#include "uWindowSystem.h"
 #include "uWxText.h"
 
 #include <memory>
@@ -28,8 +29,13 @@ class TBuilder
 public:
     void Fill(wxMenu& to, const TMenuItem& from)
     {
-        for (const TMenuItem& item : from.Items)
-            Append(to, item);
+        std::vector<std::size_t> columns;
+        for (std::size_t i = 0; i < from.Items.size(); ++i) {
+            if (from.Items[i].BarBreak)
+                columns.push_back(i);
+            Append(to, from.Items[i]);
+        }
+        SetMenuColumns(to, columns);
     }
     const TMenuItem* Item(int id) const
     {
@@ -98,7 +104,8 @@ const TMenuItem* PopupMenuAt(const TMenuItem& menu, const wxPoint& place)
         wxBORDER_NONE | wxFRAME_NO_TASKBAR | wxFRAME_TOOL_WINDOW | wxSTAY_ON_TOP, "TfMenuOwner");
     ShowNow(*owner);
     // There, whatever the window's place is: not every desktop tells it, or lets it be chosen.
-    const int chosen = owner->GetPopupMenuSelectionFromUser(built, 0, 0);
+    int chosen = wxID_NONE;
+    RunAsClicked(*owner, [&] { chosen = owner->GetPopupMenuSelectionFromUser(built, 0, 0); });
     owner->Destroy();
     return builder.Item(chosen);
 }

@@ -4,6 +4,10 @@
 #include <wx/bmpbndl.h>
 #include <wx/string.h>
 
+#include <functional>
+#include <vector>
+
+class wxMenu;
 class wxTopLevelWindow;
 class wxWindow;
 
@@ -19,6 +23,13 @@ bool IsAskedWhileDragging();
 
 // Whether the system's font dialog asks for lines and the colour, too.
 bool HasFontEffects();
+
+// Runs it as if the user had just clicked into the window: some systems show menus only then.
+void RunAsClicked(wxWindow& window, const std::function<void()>& action);
+
+// Lays the menu's entries out in columns with bars between them; `firsts` are the places of the
+// entries that begin one, but for the first column's.
+void SetMenuColumns(wxMenu& menu, const std::vector<std::size_t>& firsts);
 
 // The icons that files of these kinds have in the shell; empty where there is none.
 enum class TFileIcon { DisplayProperties, WebPage };

@@ -2,10 +2,63 @@
 
 #include <gtk/gtk.h>
 #include <wx/artprov.h>
+#include <wx/menu.h>
 #include <wx/toplevel.h>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
 
 namespace murala
 {
+
+namespace
+{
+
+struct TEventFree {
+    void operator()(GdkEvent* event) const noexcept { gdk_event_free(event); }
+};
+using TEvent = std::unique_ptr<GdkEvent, TEventFree>;
+
+// A click of the pointer into the window.
+TEvent NewClick(GdkWindow* window)
+{
+    TEvent event(gdk_event_new(GDK_BUTTON_PRESS));
+    event->button.window = GDK_WINDOW(g_object_ref(window));
+    event->button.send_event = TRUE;
+    event->button.button = GDK_BUTTON_SECONDARY;
+    event->button.time = GDK_CURRENT_TIME;
+    GdkSeat* seat = gdk_display_get_default_seat(gdk_window_get_display(window));
+    gdk_event_set_device(event.get(), gdk_seat_get_pointer(seat));
+    return event;
+}
+
+struct TClick {
+    const GdkEvent* Event;
+    const std::function<void()>& Action;
+};
+
+gboolean OnEvent(GtkWidget*, GdkEvent* event, gpointer data)
+{
+    const auto* click = static_cast<const TClick*>(data);
+    if (event != click->Event)
+        return FALSE;
+    click->Action();
+    return TRUE;
+}
+
+// To the left of an entry.
+void DrawBar(GtkWidget* entry)
+{
+    GtkCssProvider* style = gtk_css_provider_new();
+    gtk_css_provider_load_from_data(
+        style, "menuitem { border-left: 1px solid alpha(currentColor, 0.3); }", -1, nullptr);
+    gtk_style_context_add_provider(gtk_widget_get_style_context(entry), GTK_STYLE_PROVIDER(style),
+                                   GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+    g_object_unref(style);
+}
+
+} // namespace
 
 // GTK 3 makes the window of the X server tiny, whatever size was set, lays everything out in it
 // when it is first shown, and complains about every widget that needs more.
@@ -27,6 +80,42 @@ bool IsAskedWhileDragging()
 bool HasFontEffects()
 {
     return false;
+}
+
+// GTK looks for the event that a menu is opened by, and complains without one.
+void RunAsClicked(wxWindow& window, const std::function<void()>& action)
+{
+    GtkWidget* widget = window.GetHandle();
+    GdkWindow* place = gtk_widget_get_window(widget);
+    if (place == nullptr)
+        return action();
+    const TEvent event = NewClick(place);
+    TClick click{event.get(), action};
+    const gulong handler = g_signal_connect(widget, "event", G_CALLBACK(OnEvent), &click);
+    gtk_main_do_event(event.get());
+    g_signal_handler_disconnect(widget, handler);
+}
+
+void SetMenuColumns(wxMenu& menu, const std::vector<std::size_t>& firsts)
+{
+    if (firsts.empty())
+        return;
+    GList* entries = gtk_container_get_children(GTK_CONTAINER(menu.m_menu));
+    std::size_t place = 0;
+    int column = 0, row = 0;
+    for (GList* each = entries; each != nullptr; each = each->next, ++place, ++row) {
+        auto* entry = GTK_WIDGET(each->data);
+        if (std::ranges::find(firsts, place) != firsts.end()) {
+            ++column;
+            row = 0;
+        }
+        if (column > 0)
+            DrawBar(entry);
+        gtk_container_child_set(GTK_CONTAINER(menu.m_menu), entry, "left-attach", column,
+                                "right-attach", column + 1, "top-attach", row, "bottom-attach",
+                                row + 1, nullptr);
+    }
+    g_list_free(entries);
 }
 
 wxBitmapBundle FileIcon(TFileIcon icon)

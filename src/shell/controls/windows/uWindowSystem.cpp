@@ -62,6 +62,16 @@ bool HasFontEffects()
     return true;
 }
 
+void RunAsClicked(wxWindow& /*window*/, const std::function<void()>& action)
+{
+    action();
+}
+
+// The toolkit has done so.
+void SetMenuColumns(wxMenu& /*menu*/, const std::vector<std::size_t>& /*firsts*/)
+{
+}
+
 wxBitmapBundle FileIcon(TFileIcon icon)
 {
     wxIconLocation place("desk.cpl", 0);

@@ -85,8 +85,11 @@ protected:
         if (Chance(70))
             m_main->Murala().Core.Selection.SelectRows(
                 {Below(m_main->Murala().Core.List.Count() + 1)}, -1);
+        // What another copy has left waiting is added again.
+        const auto& waiting = m_services.FileQueue.Names;
         for (const TMuWallpaper* item : m_main->Murala().Core.Selection.Items())
-            m_expected.erase(item->FileName());
+            if (std::ranges::find(waiting, item->FileName()) == waiting.end())
+                m_expected.erase(item->FileName());
         m_main->Actions().Execute(aRemove);
     }
 
@@ -240,8 +243,11 @@ protected:
             m_main = nullptr;
         }
         Start(Chance(50) ? std::vector<std::string>{"/apply"} : std::vector<std::string>{});
-        ASSERT_EQ(Names(), m_expected)
-            << "seed " << m_seed << ": a wallpaper was lost or came back";
+        const std::set<std::string> names = Names();
+        std::vector<std::string> differences;
+        std::ranges::set_symmetric_difference(names, m_expected, std::back_inserter(differences));
+        ASSERT_TRUE(differences.empty())
+            << "seed " << m_seed << ": lost or came back: " << testing::PrintToString(differences);
     }
 
     unsigned m_seed;

@@ -28,6 +28,10 @@ public:
     // Colours of more than 256 kinds; otherwise pictures are written with 8 bits a pixel.
     virtual int ScreenBitsPerPixel() = 0;
 
+    // From now on `onChange` is told out of the message loop, a second after monitors were plugged
+    // in or out, moved, turned or given another resolution; nothing ends that.
+    virtual void ListenToScreens(std::function<void()> onChange) = 0;
+
     // Before a picture is composed. Mode 0: the desktop is to tile it, mode 1: not to; any other
     // mode changes nothing.
     virtual void WriteTileWallpaper(int mode) = 0;

@@ -1,6 +1,9 @@
 #include "uTicker.h"
 
+#include "uCompose.h"
 #include "uIconView.h"
+#include "uPath.h"
+#include "uSafeFile.h"
 
 namespace murala
 {
@@ -71,6 +74,7 @@ void TTicker::RefreshTick()
 {
     if (m_core.Pauses.IsPaused() || m_core.Services.ScreenSaver.IsRunning())
         return;
+    ComposeForScreens();
     const bool isNewDay = IsNewDay();
     {
         const TValueScope updating(m_core.Updating, true);
@@ -103,12 +107,37 @@ bool TTicker::IsNewDay()
 
 void TTicker::DrawNewDay()
 {
-    // It stays the same wallpaper, with the effect that runs or does not run; the schedule counts
-    // from the day on which it was changed, or one of several days would never end.
+    if (!ComposeAgain())
+        m_noNewDayBefore = m_core.Services.Clock.Now() + RestAfterFailures;
+}
+
+// It stays the same wallpaper, with the effect that runs or does not run; the schedule counts from
+// the moment at which it was changed, or one of several days would never end.
+bool TTicker::ComposeAgain()
+{
     TDateTime& lastChange = m_core.Settings.LastChangeDate;
     const TValueScope unchanged(lastChange, lastChange);
-    if (!m_applier.ComposeWallpaper(false, TReport::StatusLine))
-        m_noNewDayBefore = m_core.Services.Clock.Now() + RestAfterFailures;
+    return m_applier.ComposeWallpaper(false, TReport::StatusLine);
+}
+
+void TTicker::ScreensChanged()
+{
+    m_isOtherScreen = true;
+    ComposeForScreens();
+}
+
+// A dialog or a screen saver puts it off.
+void TTicker::ComposeForScreens()
+{
+    if (!m_isOtherScreen || m_core.Updating || m_core.Pauses.IsPaused() ||
+        m_core.Services.ScreenSaver.IsRunning())
+        return;
+    m_isOtherScreen = false;
+    m_core.Listeners.Tell(&TListener::PreviewChanged, false); // in the screen's proportions
+    const std::string name = WallpaperBitmapName(m_core.Services.Siblings.GetVeyraDesktop());
+    // Before the first wallpaper was applied the desktop is the user's own.
+    if (m_core.Selection.Current() != nullptr && FileExists(m_core.FilePath(name)))
+        ComposeAgain();
 }
 
 } // namespace murala

@@ -15,6 +15,10 @@ public:
     TTicker(TCore& core, TStorage& storage, TApplier& applier, TTray& tray)
         : m_core(core), m_storage(storage), m_applier(applier), m_tray(tray)
     {
+        m_core.Services.Desktop.ListenToScreens([this, alive = std::weak_ptr(m_alive)] {
+            if (!alive.expired())
+                ScreensChanged();
+        });
     }
 
     // Every second: changes the wallpaper when the schedule says so.
@@ -25,7 +29,12 @@ public:
     // on the desktop as the day wants it.
     void RefreshTick();
 
+    // Another monitor or resolution: the wallpaper is made for it.
+    void ScreensChanged();
+
 private:
+    void ComposeForScreens();
+    bool ComposeAgain();
     bool IsChangeDue();
     void PassOver();
     bool IsNewDay();
@@ -39,6 +48,8 @@ private:
     int m_failedChanges = 0;        // one after the other
     TDateTime m_noChangeBefore = 0; // after too many of them
     TDateTime m_noNewDayBefore = 0; // after a failure
+    bool m_isOtherScreen = false;   // than the wallpaper was made for
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 
 } // namespace murala

@@ -37,6 +37,8 @@ struct TFakeDesktop : TDesktop {
 
     TSize ScreenSize() override { return Screen; }
     int ScreenBitsPerPixel() override { return 32; }
+    std::function<void()> OnScreens;
+    void ListenToScreens(std::function<void()> onChange) override { OnScreens = onChange; }
     void WriteTileWallpaper(int mode) override { Calls.push_back("tile " + std::to_string(mode)); }
     void Install(const std::string& path, TColor color, TOnInstalled onInstalled) override
     {

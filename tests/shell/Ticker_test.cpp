@@ -34,6 +34,43 @@ TEST_F(Ticker, TheScheduleChangesOnceWhenItIsDue)
     EXPECT_EQ(TickAfter(2), 1);
 }
 
+TEST_F(Ticker, AnotherScreenHasTheWallpaperInItsSize)
+{
+    AddPictures(2);
+    const auto installed = [this] { return m_services.Desktop.Calls.size(); };
+    m_services.Desktop.Screen = {80, 60};
+    m_services.Desktop.OnScreens();
+    EXPECT_EQ(installed(), 0U) << "the desktop is the user's own";
+    Apply(1);
+    StartSchedule();
+    const TDateTime changed = m_murala->Core.Settings.LastChangeDate;
+    m_services.Clock.Time += 0.5 / MinutesPerDay;
+    const auto size = [this] {
+        return LoadImageFile(m_services.ProgramFolder + "MuralaWallpaper.bmp").Size();
+    };
+    m_services.Desktop.Screen = {48, 32};
+    m_services.Desktop.OnScreens();
+    EXPECT_EQ(size(), (TSize{48, 32}));
+    EXPECT_EQ(CurrentIndex(), 1);
+    EXPECT_EQ(m_murala->Core.Settings.LastChangeDate, changed);
+    m_services.Desktop.Screen = {64, 64};
+    m_services.ScreenSaver.Running = true;
+    m_services.Desktop.OnScreens();
+    m_services.ScreenSaver.Running = false;
+    {
+        const TPauseScope dialog(m_murala->Core.Pauses);
+        m_murala->Ticker.RefreshTick();
+        EXPECT_EQ(size(), (TSize{48, 32}));
+    }
+    m_murala->Ticker.RefreshTick();
+    EXPECT_EQ(size(), (TSize{64, 64}));
+    const std::size_t calls = installed();
+    m_murala->Ticker.RefreshTick();
+    EXPECT_EQ(installed(), calls);
+    m_murala.reset();
+    m_services.Desktop.OnScreens(); // the desktop outlives the program
+}
+
 TEST_F(Ticker, TheSchedulePassesOverPicturesThatCannotBeShown)
 {
     AddPictures(2);

@@ -111,6 +111,11 @@ public:
     TSize ScreenSize() override { return m_screens.PrimarySize(); }
     int ScreenBitsPerPixel() override { return m_screens.BitsPerPixel(); }
 
+    void ListenToScreens(std::function<void()> onChange) override
+    {
+        m_screens.Listen(std::move(onChange));
+    }
+
     // The picture is as large as the screen: there is nothing to tile.
     void WriteTileWallpaper(int /*mode*/) override {}
 

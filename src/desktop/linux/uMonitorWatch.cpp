@@ -6,13 +6,8 @@
 namespace murala
 {
 
-namespace
-{
-constexpr guint SettlingMs = 500; // a change comes as many events
-}
-
 TMonitorWatch::TMonitorWatch(std::function<void()> onChange)
-    : m_display(OpenDisplay()), m_onChange(std::move(onChange))
+    : m_display(OpenDisplay()), m_settling(std::move(onChange))
 {
     int ignored = 0;
     if (!m_display || XRRQueryExtension(m_display.get(), &ignored, &ignored) == False)
@@ -30,9 +25,8 @@ TMonitorWatch::TMonitorWatch(std::function<void()> onChange)
 
 TMonitorWatch::~TMonitorWatch()
 {
-    for (const unsigned source : {m_source, m_settling})
-        if (source != 0)
-            g_source_remove(source);
+    if (m_source != 0)
+        g_source_remove(m_source);
 }
 
 int TMonitorWatch::OnData(int /*descriptor*/, int /*condition*/, void* data)
@@ -40,18 +34,8 @@ int TMonitorWatch::OnData(int /*descriptor*/, int /*condition*/, void* data)
     auto* self = static_cast<TMonitorWatch*>(data);
     for (XEvent event; XPending(self->m_display.get()) > 0;)
         XNextEvent(self->m_display.get(), &event);
-    if (self->m_settling != 0)
-        g_source_remove(self->m_settling);
-    self->m_settling = g_timeout_add(SettlingMs, OnSettled, self);
+    self->m_settling.Begin();
     return G_SOURCE_CONTINUE;
-}
-
-int TMonitorWatch::OnSettled(void* data)
-{
-    auto* self = static_cast<TMonitorWatch*>(data);
-    self->m_settling = 0;
-    self->m_onChange();
-    return G_SOURCE_REMOVE;
 }
 
 } // namespace murala

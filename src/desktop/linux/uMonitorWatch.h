@@ -1,6 +1,7 @@
 // Tells when the X server's monitors change.
 #pragma once
 
+#include "uSettling.h"
 #include "uX11.h"
 
 #include <functional>
@@ -19,12 +20,10 @@ public:
 
 private:
     static int OnData(int descriptor, int condition, void* self);
-    static int OnSettled(void* self);
 
     TDisplay m_display; // its own, whose events nobody else reads
-    std::function<void()> m_onChange;
+    TSettling m_settling;
     unsigned m_source = 0;
-    unsigned m_settling = 0;
 };
 
 } // namespace murala

@@ -4,7 +4,6 @@
 #include "uBackground.h"
 #include "uBitmap.h"
 #include "uImageFile.h"
-#include "uMonitorWatch.h"
 #include "uScreens.h"
 #include "uWork.h"
 #include "uX11.h"
@@ -14,7 +13,6 @@
 #include <bit>
 #include <exception>
 #include <memory>
-#include <utility>
 #include <vector>
 
 namespace murala
@@ -190,7 +188,6 @@ public:
     {
         if (IsBelowWayland())
             return onTook(TTook::No, "");
-        Follow(path, color);
         ShowOnRootLater(path, color, std::move(onTook));
     }
 
@@ -205,20 +202,6 @@ public:
         if (!root.HasPicture())
             root.FillWithColor(color);
     }
-
-private:
-    // From now on a monitor that is plugged in, or has another resolution, has the picture, too.
-    void Follow(const std::string& path, TColor color)
-    {
-        m_shown = {path, color};
-        if (!m_watch)
-            m_watch = std::make_unique<TMonitorWatch>([this] {
-                ShowOnRootLater(m_shown.first, m_shown.second, [](TTook, const std::string&) {});
-            });
-    }
-
-    std::pair<std::string, TColor> m_shown;
-    std::unique_ptr<TMonitorWatch> m_watch;
 };
 
 } // namespace

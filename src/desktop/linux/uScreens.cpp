@@ -1,6 +1,7 @@
 #include "uScreens.h"
 
 #include "uCompose.h"
+#include "uMonitorWatch.h"
 #include "uX11.h"
 
 #include <X11/Xatom.h>
@@ -11,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <utility>
 
 namespace murala
 {
@@ -138,6 +140,9 @@ TBitmap PictureOnMonitors(const TBitmap& picture, const TScreens& screens, TColo
     return all;
 }
 
+TScreenWatch::TScreenWatch() = default;
+TScreenWatch::~TScreenWatch() = default;
+
 // A server below a compositor may come and go; its connection is not kept.
 void TScreenWatch::Connect()
 {
@@ -168,6 +173,35 @@ int TScreenWatch::BitsPerPixel()
 {
     Connect();
     return IsBelowWayland() ? 32 : ReadScreens().BitsPerPixel;
+}
+
+std::vector<TRect> TScreenWatch::Places()
+{
+    if (m_wayland)
+        return m_wayland->Places();
+    std::vector<TRect> places;
+    for (const TMonitor& monitor : ReadScreens().Monitors)
+        places.push_back(monitor.Place);
+    return places;
+}
+
+void TScreenWatch::Listen(std::function<void()> onChange)
+{
+    m_onChange = std::move(onChange);
+    Connect();
+    m_places = Places();
+    if (m_wayland)
+        m_wayland->Listen([this] { Settled(); });
+    else if (!IsBelowWayland() && !m_watch)
+        m_watch = std::make_unique<TMonitorWatch>([this] { Settled(); });
+}
+
+// A screen that was only switched off and on is the same.
+void TScreenWatch::Settled()
+{
+    const std::vector<TRect> places = Places();
+    if (!places.empty() && std::exchange(m_places, places) != places)
+        m_onChange();
 }
 
 } // namespace murala

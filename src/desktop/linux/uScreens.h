@@ -4,6 +4,7 @@
 #include "uBitmap.h"
 #include "uWaylandOutputs.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,6 +13,8 @@ struct _XDisplay; // of Xlib, whose macros are not for everybody
 
 namespace murala
 {
+
+class TMonitorWatch;
 
 struct TMonitor {
     std::string Name; // of its connector
@@ -36,16 +39,26 @@ TBitmap PictureOnMonitors(const TBitmap& picture, const TScreens& screens, TColo
 class TScreenWatch
 {
 public:
+    TScreenWatch();
+    ~TScreenWatch();
+
     // The primary monitor's size in its own pixels; without a display that of the first connected
     // screen, and where not even that is known a usual one.
     TSize PrimarySize();
     int BitsPerPixel();
+    // See TDesktop.
+    void Listen(std::function<void()> onChange);
 
 private:
     void Connect();
+    std::vector<TRect> Places();
+    void Settled();
 
     std::unique_ptr<TWaylandOutputs> m_wayland;
     std::shared_ptr<_XDisplay> m_display;
+    std::unique_ptr<TMonitorWatch> m_watch; // without a compositor
+    std::vector<TRect> m_places;            // as they were told last
+    std::function<void()> m_onChange;
 };
 
 } // namespace murala

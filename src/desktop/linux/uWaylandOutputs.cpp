@@ -1,5 +1,8 @@
 #include "uWaylandOutputs.h"
 
+#include "uSettling.h"
+
+#include <glib-unix.h>
 #include <wayland-client.h>
 
 #include <algorithm>
@@ -80,6 +83,14 @@ public:
         wl_display_roundtrip(m_display.get()); // what they say
     }
 
+    TConnection(const TConnection&) = delete;
+    TConnection& operator=(const TConnection&) = delete;
+    ~TConnection() override
+    {
+        if (m_source != 0)
+            g_source_remove(m_source);
+    }
+
     bool IsConnected() const { return m_display && wl_display_get_error(m_display.get()) == 0; }
 
     std::optional<TSize> PrimarySize() override
@@ -93,7 +104,37 @@ public:
         return size.Width > 0 && size.Height > 0 ? std::optional(size) : std::nullopt;
     }
 
+    std::vector<TRect> Places() override
+    {
+        TakeEvents();
+        std::vector<TRect> places;
+        for (const TOutput& output : m_outputs) {
+            const TSize size = output.Size();
+            places.push_back({output.X, output.Y, output.X + size.Width, output.Y + size.Height});
+        }
+        return places;
+    }
+
+    void Listen(std::function<void()> onChange) override
+    {
+        m_settling = std::make_unique<TSettling>(std::move(onChange));
+        if (m_source == 0 && IsConnected())
+            m_source = g_unix_fd_add(wl_display_get_fd(m_display.get()), G_IO_IN, OnData, this);
+    }
+
 private:
+    // Until the compositor is gone.
+    static gboolean OnData(gint /*descriptor*/, GIOCondition /*condition*/, gpointer data)
+    {
+        auto* self = static_cast<TConnection*>(data);
+        self->TakeEvents();
+        self->m_settling->Begin();
+        if (self->IsConnected())
+            return G_SOURCE_CONTINUE;
+        self->m_source = 0;
+        return G_SOURCE_REMOVE;
+    }
+
     // What has come since the last time; nothing is waited for.
     void TakeEvents()
     {
@@ -131,6 +172,8 @@ private:
     TWaylandOwned<wl_display, wl_display_disconnect> m_display;
     TWaylandOwned<wl_registry, wl_registry_destroy> m_registry;
     std::list<TOutput> m_outputs; // which stay where they are
+    std::unique_ptr<TSettling> m_settling;
+    guint m_source = 0;
 };
 
 } // namespace

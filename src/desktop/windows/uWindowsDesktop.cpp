@@ -1,9 +1,11 @@
 #include "uColorText.h"
 #include "uDesktop.h"
+#include "uHiddenWindow.h"
 #include "uPath.h"
 #include "uWindowsHandles.h"
 
 #include <array>
+#include <utility>
 
 namespace murala
 {
@@ -41,6 +43,62 @@ void StoreDesktopColorText(const std::string& text)
     WritePrivateProfileStringA(nullptr, nullptr, nullptr, file.c_str());
 }
 
+// Where all monitors lie, and the first of them.
+struct TLayout {
+    TRect Screens;
+    TSize Primary;
+    int Count = 0;
+    friend bool operator==(const TLayout&, const TLayout&) = default;
+};
+
+TLayout ReadLayout()
+{
+    const int left = GetSystemMetrics(SM_XVIRTUALSCREEN), top = GetSystemMetrics(SM_YVIRTUALSCREEN);
+    return {{left, top, left + GetSystemMetrics(SM_CXVIRTUALSCREEN),
+             top + GetSystemMetrics(SM_CYVIRTUALSCREEN)},
+            {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)},
+            GetSystemMetrics(SM_CMONITORS)};
+}
+
+// A window that nobody sees, which is told what the system tells to all.
+class TScreenListener
+{
+public:
+    explicit TScreenListener(std::function<void()> onChange)
+        : m_onChange(std::move(onChange)), m_window(NewHiddenWindow("TMuScreens", OnMessage, this))
+    {
+    }
+    TScreenListener(const TScreenListener&) = delete;
+    TScreenListener& operator=(const TScreenListener&) = delete;
+    ~TScreenListener() = default;
+
+private:
+    static constexpr UINT_PTR TimerId = 1;
+    static constexpr UINT SettlingMs = 1000; // a change comes as several messages
+
+    static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+    {
+        auto* self = reinterpret_cast<TScreenListener*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+        if (message == WM_DISPLAYCHANGE)
+            SetTimer(window, TimerId, SettlingMs, nullptr);
+        else if (message == WM_TIMER && self != nullptr)
+            self->Settled();
+        return DefWindowProcA(window, message, wParam, lParam);
+    }
+
+    void Settled()
+    {
+        KillTimer(m_window.get(), TimerId);
+        const TLayout layout = ReadLayout();
+        if (std::exchange(m_layout, layout) != layout)
+            m_onChange();
+    }
+
+    std::function<void()> m_onChange;
+    TLayout m_layout = ReadLayout();
+    TWindow m_window;
+};
+
 class TWindowsDesktop : public TDesktop
 {
 public:
@@ -53,6 +111,11 @@ public:
     {
         const TScreenContext screen;
         return GetDeviceCaps(screen.Get(), BITSPIXEL);
+    }
+
+    void ListenToScreens(std::function<void()> onChange) override
+    {
+        m_screens = std::make_unique<TScreenListener>(std::move(onChange));
     }
 
     void WriteTileWallpaper(int mode) override
@@ -79,6 +142,9 @@ public:
     }
 
     TColor DesktopColor() override { return GetSysColor(COLOR_BACKGROUND); }
+
+private:
+    std::unique_ptr<TScreenListener> m_screens;
 };
 
 } // namespace

@@ -31,6 +31,12 @@ struct THandleCloser {
 };
 using THandle = std::unique_ptr<HANDLE, THandleCloser>;
 
+struct TWindowDestroy {
+    using pointer = HWND;
+    void operator()(HWND window) const noexcept { DestroyWindow(window); }
+};
+using TWindow = std::unique_ptr<HWND, TWindowDestroy>;
+
 struct TContextDeleter {
     using pointer = HDC;
     void operator()(HDC context) const noexcept { DeleteDC(context); }

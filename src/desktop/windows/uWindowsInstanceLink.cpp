@@ -11,12 +11,6 @@ namespace
 
 constexpr DWORD SliceMs = 250;
 
-struct TWindowDestroy {
-    using pointer = HWND;
-    void operator()(HWND window) const noexcept { DestroyWindow(window); }
-};
-using TWindow = std::unique_ptr<HWND, TWindowDestroy>;
-
 // The semaphore stays as it was when the process that holds it is killed, as long as somebody else
 // has it open, waiting. So starts queue at a mutex, which the system frees with its process, and
 // only the one at the head waits for the semaphore, opening it anew again and again: if nobody else

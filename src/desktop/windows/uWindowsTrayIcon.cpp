@@ -1,3 +1,4 @@
+#include "uHiddenWindow.h"
 #include "uInstanceLink.h"
 #include "uText.h"
 #include "uTrayIcon.h"
@@ -57,15 +58,13 @@ TIcon NewIcon(const TBitmap& picture)
 class TWindowsTrayArea : public TTrayArea
 {
 public:
-    TWindowsTrayArea() : m_window(NewMessageWindow()) {}
+    TWindowsTrayArea() : m_window(NewHiddenWindow(WindowClass, OnMessage, this)) {}
     TWindowsTrayArea(const TWindowsTrayArea&) = delete;
     TWindowsTrayArea& operator=(const TWindowsTrayArea&) = delete;
     ~TWindowsTrayArea() override
     {
         if (m_isAdded)
             Remove();
-        if (m_window != nullptr)
-            DestroyWindow(m_window);
     }
 
     void Listen(TTrayEvents* events) override { m_events = events; }
@@ -87,42 +86,33 @@ public:
     TMenuMetrics MenuMetrics() override { return SystemMenuMetrics(); }
     std::optional<const TMenuItem*> ShowMenu(const TMenuItem& menu, TPoint place) override
     {
-        // Without the foreground the menu would stay when the user clicks elsewhere.
+        // Without the foreground the menu would stay when the user clicks elsewhere, and keys would
+        // go to another program.
         if (!HasForeground())
-            SetForegroundWindow(m_window);
-        const TMenuItem* chosen = TrackMenu(menu, place, m_window);
+            SetForegroundWindow(m_window.get());
+        const TMenuItem* chosen = TrackMenu(menu, place, m_window.get());
+        PostMessageA(m_window.get(), WM_NULL, 0, 0);
         if (const HWND main = FindWindowA(MainWindowClass, MainWindowCaption))
             PostMessageA(main, WM_NULL, 0, 0);
         return chosen;
     }
 
 private:
-    HWND NewMessageWindow()
-    {
-        WNDCLASSA windowClass{};
-        windowClass.lpfnWndProc = OnMessage;
-        windowClass.hInstance = GetModuleHandleA(nullptr);
-        windowClass.lpszClassName = WindowClass;
-        RegisterClassA(&windowClass);
-        const HWND window = CreateWindowExA(WS_EX_TOOLWINDOW, WindowClass, "", WS_POPUP, 0, 0, 0, 0,
-                                            nullptr, nullptr, windowClass.hInstance, nullptr);
-        if (window != nullptr)
-            SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-        return window;
-    }
-
+    // With a window that keys go to: a program that was started hidden may have the foreground,
+    // too.
     static bool HasForeground()
     {
         DWORD process = 0;
-        GetWindowThreadProcessId(GetForegroundWindow(), &process);
-        return process == GetCurrentProcessId();
+        const HWND window = GetForegroundWindow();
+        GetWindowThreadProcessId(window, &process);
+        return process == GetCurrentProcessId() && IsWindowVisible(window) != FALSE;
     }
 
     bool Notify(DWORD message, const TTrayLook& look)
     {
         TNotifyRecord record{};
         record.cbSize = sizeof record;
-        record.hWnd = m_window;
+        record.hWnd = m_window.get();
         record.uID = IconId;
         record.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
         record.uCallbackMessage = CallbackMessage;
@@ -170,7 +160,7 @@ private:
         return 0;
     }
 
-    HWND m_window;
+    TWindow m_window;
     TTrayEvents* m_events = nullptr;
     std::shared_ptr<const TIconImage> m_picture;
     TIcon m_icon;

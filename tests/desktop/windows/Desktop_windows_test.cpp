@@ -77,6 +77,20 @@ private:
     THandle m_process;
 };
 
+TEST(Screens, AMessageWithoutAnotherLayoutIsNotPassedOn)
+{
+    const auto desktop = NewDesktop("");
+    int told = 0;
+    desktop->ListenToScreens([&] { told++; });
+    const HWND window = FindWindowA("TMuScreens", nullptr);
+    ASSERT_NE(window, nullptr);
+    PostMessageA(window, WM_DISPLAYCHANGE, 32, MAKELPARAM(640, 480));
+    for (const DWORD end = GetTickCount() + 1500; GetTickCount() < end; Sleep(10))
+        for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE;)
+            DispatchMessageA(&message);
+    EXPECT_EQ(told, 0);
+}
+
 TEST(WindowsDesktop, TileFlagAndColourAreStoredWhereWindowsKeepsThem)
 {
     const auto desktop = NewDesktop("");

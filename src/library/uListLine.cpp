@@ -16,14 +16,31 @@ namespace
 {
 
 constexpr char Quote = '"';
-constexpr std::string_view LineEnds = "\r\n";
-constexpr std::string_view Dividers = ",\r\n";
 constexpr int SmallestTint = -256, LargestTint = 255;
 constexpr int DefaultTint = 255;
 
-std::size_t Find(std::string_view text, std::string_view anyOf, std::size_t from)
+constexpr bool IsLineEnd(char character)
 {
-    return std::min(text.find_first_of(anyOf, from), text.size());
+    return character == '\n' || character == '\r';
+}
+
+constexpr bool IsComma(char character)
+{
+    return character == ',';
+}
+
+constexpr bool IsDivider(char character)
+{
+    return IsComma(character) || IsLineEnd(character);
+}
+
+// The first such character at `from` or behind it; the text's size when there is none.
+template<bool (*IsWanted)(char)>
+std::size_t Find(std::string_view text, std::size_t from)
+{
+    while (from < text.size() && !IsWanted(text[from]))
+        ++from;
+    return std::min(from, text.size());
 }
 
 // Where the quoted field that opens at `open` has its closing quote; the text's size when it has
@@ -31,7 +48,7 @@ std::size_t Find(std::string_view text, std::string_view anyOf, std::size_t from
 std::size_t ClosingQuote(std::string_view text, std::size_t open)
 {
     std::size_t at = text.find(Quote, open + 1);
-    while (at != std::string_view::npos && text.substr(at + 1, 1) == "\"")
+    while (at != std::string_view::npos && at + 1 < text.size() && text[at + 1] == Quote)
         at = text.find(Quote, at + 2);
     return std::min(at, text.size());
 }
@@ -39,18 +56,18 @@ std::size_t ClosingQuote(std::string_view text, std::size_t open)
 // Where the line ends that the text begins with.
 std::size_t ListLineEnd(std::string_view text)
 {
-    const std::size_t firstEnd = Find(text, LineEnds, 0);
+    const std::size_t firstEnd = Find<IsLineEnd>(text, 0);
     std::size_t end = firstEnd;
     for (std::size_t at = 0; at < end; ++at) { // from field to field
         if (text[at] != Quote) {
-            at = Find(text, Dividers, at);
+            at = Find<IsDivider>(text, at);
             continue;
         }
         at = ClosingQuote(text, at) + 1;
-        if (Find(text, Dividers, at) != at)
+        if (Find<IsDivider>(text, at) != at)
             return firstEnd;
         if (at > end)
-            end = Find(text, LineEnds, at);
+            end = Find<IsLineEnd>(text, at);
     }
     return end;
 }
@@ -75,7 +92,7 @@ void AppendField(std::string& line, std::int32_t value)
 std::string TakeField(std::string_view& rest)
 {
     const bool quoted = rest.starts_with(Quote);
-    const std::size_t end = quoted ? ClosingQuote(rest, 0) : Find(rest, ",", 0);
+    const std::size_t end = quoted ? ClosingQuote(rest, 0) : Find<IsComma>(rest, 0);
     const std::string_view field = rest.substr(quoted ? 1 : 0, end - (quoted ? 1 : 0));
     // Behind a quoted field one character is skipped, whatever it is.
     rest.remove_prefix(std::min(end + (quoted ? 2 : 1), rest.size()));

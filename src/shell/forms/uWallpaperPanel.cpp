@@ -40,6 +40,8 @@ TWallpaperView& TWallpaperPanel::View()
 void TWallpaperPanel::ShowViewMode()
 {
     const bool isThumbnails = m_murala.Core.Settings.ViewMode == vmThumbnails;
+    if (lvThumbnails->IsShown() == isThumbnails)
+        return;
     const bool hadFocus = lvWallpaper->Window().HasFocus() || lvThumbnails->HasFocus();
     lvWallpaper->Window().Show(!isThumbnails);
     lvThumbnails->Show(isThumbnails);

@@ -1,6 +1,7 @@
 #include "uItemEditor.h"
 
 #include "uDisplayMode.h"
+#include "uText.h"
 #include "uTint.h"
 
 #include <algorithm>
@@ -16,36 +17,51 @@ void TItemEditor::Tell(const TItems& items)
         m_core.Listeners.Tell(&TListener::PreviewChanged, false);
 }
 
-void TItemEditor::SetDisplayMode(const TItems& items, TDisplayMode mode)
+// Asking a file for its picture's size takes a moment; those that are left when the user ends it
+// stay as they are.
+void TItemEditor::ChangeModes(const TItems& items, const TModeChange& change)
 {
-    std::vector<std::string_view> texts;
-    for (TMuWallpaper* item : items) {
-        item->DisplayMode = mode;
-        const TSize image = m_preview.SizeOf(*item);
-        if (image.Width == 0)
-            continue;
-        for (const std::string_view text :
-             CheckDisplayMode(item->DisplayMode, image, m_core.Services.Desktop.ScreenSize()))
-            if (std::ranges::find(texts, text) == texts.end())
-                texts.push_back(text);
+    {
+        const TPauseScope pause(m_core.Pauses);
+        const auto work = m_core.View.BeginWork(static_cast<int>(items.size()));
+        for (int i = 0; i < static_cast<int>(items.size()); ++i) {
+            TMuWallpaper& item = *items[static_cast<std::size_t>(i)];
+            if (!work->Step(i, FormatText("Changing Display Mode:%s%s", {"\n", item.Title})))
+                break;
+            change(item);
+        }
     }
     Tell(items);
     m_storage.SaveList();
+}
+
+void TItemEditor::SetDisplayMode(const TItems& items, TDisplayMode mode)
+{
+    const TSize screen = m_core.Services.Desktop.ScreenSize();
+    std::vector<std::string_view> texts;
+    ChangeModes(items, [&](TMuWallpaper& item) {
+        item.DisplayMode = mode;
+        const TSize image = mode > dmStretched ? m_preview.SizeOf(item) : TSize();
+        if (image.Width == 0)
+            return;
+        for (const std::string_view text : CheckDisplayMode(item.DisplayMode, image, screen))
+            if (std::ranges::find(texts, text) == texts.end())
+                texts.push_back(text);
+    });
     for (const std::string_view text : texts)
         m_core.Tell(std::string(text));
 }
 
 void TItemEditor::StepDisplayMode(const TItems& items)
 {
-    for (TMuWallpaper* item : items) {
-        const TSize image = m_preview.SizeOf(*item);
-        item->DisplayMode =
+    const TSize screen = m_core.Services.Desktop.ScreenSize();
+    ChangeModes(items, [&](TMuWallpaper& item) {
+        const TSize image = item.DisplayMode >= dmStretched ? m_preview.SizeOf(item) : TSize();
+        item.DisplayMode =
             image.Width > 0
-                ? NextDisplayMode(item->DisplayMode, image, m_core.Services.Desktop.ScreenSize())
-                : static_cast<TDisplayMode>((item->DisplayMode + 1) % std::size(DisplayModeNames));
-    }
-    Tell(items);
-    m_storage.SaveList();
+                ? NextDisplayMode(item.DisplayMode, image, screen)
+                : static_cast<TDisplayMode>((item.DisplayMode + 1) % std::size(DisplayModeNames));
+    });
 }
 
 void TItemEditor::SetGammaStyle(const TItems& items, TGammaStyle style)

@@ -5,6 +5,7 @@
 #include "uPreview.h"
 #include "uStorage.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,8 @@ public:
     void SetEffect(const TItems& items, const std::string& effect);
 
 private:
+    using TModeChange = std::function<void(TMuWallpaper& item)>;
+    void ChangeModes(const TItems& items, const TModeChange& change);
     // Tells of the items; the preview is made again when it shows one of them.
     void Tell(const TItems& items);
 

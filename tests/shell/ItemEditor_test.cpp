@@ -45,6 +45,20 @@ TEST_F(ItemEditor, DisplayModesThatCannotBeAreRefusedWithTheirMessages)
               std::vector<std::string>{"This image is too large to use mirror tiled mode."});
 }
 
+TEST_F(ItemEditor, WhatTheUserEndsKeepsItsModeAndTheRestIsSaved)
+{
+    AddPictures(4);
+    m_murala->Core.Selection.SelectAll();
+    m_view.WorkEndsAt = 2;
+    m_murala->Editor.SetDisplayMode(Selected(), dmMirrorTiled);
+    EXPECT_EQ(m_view.WorkText, "Changing Display Mode:\nPicture2");
+    EXPECT_FALSE(m_murala->Core.Pauses.IsPaused());
+    Restart();
+    const TDisplayMode expected[] = {dmMirrorTiled, dmMirrorTiled, dmStretched, dmStretched};
+    for (int row = 0; row < 4; ++row)
+        EXPECT_EQ(Item(row).DisplayMode, expected[row]) << row;
+}
+
 TEST_F(ItemEditor, SteppingPassesOverWhatIsTooLargeAndGoesRound)
 {
     m_services.Desktop.Screen = {1920, 1080};

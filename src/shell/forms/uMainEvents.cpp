@@ -237,22 +237,24 @@ public:
         : m_bar(bar), m_dialog(window->IsShownOnScreen() ? window : nullptr, range)
     {
         m_bar.SetRange(std::max(range, 1));
-        Show(true);
     }
     ~TMainWork() override { Show(false); }
 
     bool Step(int position, const std::string& text) override
     {
-        m_bar.SetValue(std::min(position, m_bar.GetRange()));
-        m_bar.GetParent()->Update();
+        if (m_dialog.IsDue()) {
+            m_bar.SetValue(std::min(position, m_bar.GetRange()));
+            Show(true);
+            m_bar.GetParent()->Update();
+        }
         return m_dialog.Step(position, text);
     }
 
 private:
     void Show(bool show)
     {
-        m_bar.Show(show);
-        m_bar.GetParent()->Layout();
+        if (m_bar.Show(show))
+            m_bar.GetParent()->Layout();
     }
 
     wxGauge& m_bar;

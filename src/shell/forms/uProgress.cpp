@@ -17,8 +17,8 @@ namespace murala
 namespace
 {
 constexpr std::chrono::milliseconds Patience{300};
-// The window does not answer for so long at the most.
-constexpr std::chrono::milliseconds Answering{60};
+// The window does not answer for so long at the most, before and while it shows how far work is.
+constexpr std::chrono::milliseconds FirstAnswer{60}, Answering{30};
 } // namespace
 
 TfProgress::TfProgress(std::string text) : m_text(std::move(text))
@@ -55,10 +55,15 @@ TProgressDialog::TProgressDialog(wxWindow* parent, int range) : m_parent(parent)
 
 TProgressDialog::~TProgressDialog() = default;
 
+bool TProgressDialog::IsDue() const
+{
+    return !m_isCancelled &&
+           std::chrono::steady_clock::now() - m_lastTold >= (m_dialog ? Answering : FirstAnswer);
+}
+
 bool TProgressDialog::Step(int position, const std::string& text)
 {
-    const auto now = std::chrono::steady_clock::now();
-    if (m_isCancelled || now - m_lastTold < Answering)
+    if (!IsDue())
         return !m_isCancelled;
     if (m_dialog == nullptr)
         m_dialog = std::make_unique<wxProgressDialog>(

@@ -39,6 +39,8 @@ public:
     TProgressDialog(wxWindow* parent, int range);
     ~TProgressDialog() override;
 
+    // Telling of every step would take longer than most of them.
+    bool IsDue() const;
     bool Step(int position, const std::string& text) override;
 
 private:

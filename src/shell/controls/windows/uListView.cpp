@@ -3,8 +3,6 @@
 #include "uListColumn.h"
 #include "uWxText.h"
 
-#include <algorithm>
-
 #include <wx/listctrl.h>
 #include <wx/wupdlock.h>
 
@@ -45,6 +43,11 @@ private:
     wxString OnGetItemText(long row, long column) const override;
     wxItemAttr* OnGetItemAttr(long row) const override;
     void BindEvents();
+    // All of them with one message.
+    void SelectAllRows(bool select)
+    {
+        SetItemState(-1, select ? wxLIST_STATE_SELECTED : 0, wxLIST_STATE_SELECTED);
+    }
 
     mutable wxItemAttr m_currentAttr;
 };
@@ -103,14 +106,14 @@ void TNativeListView::ShowRows()
 void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow)
 {
     const TProgramSelects selecting(*this);
-    const std::vector<int> shown = ShownSelection();
-    const wxWindowUpdateLocker lock(this);
-    for (const int row : shown)
-        if (!std::ranges::binary_search(rows, row))
-            Select(row, false);
-    for (const int row : rows)
-        if (!std::ranges::binary_search(shown, row))
-            Select(row);
+    if (const std::vector<int> shown = ShownSelection(); shown != rows) {
+        const wxWindowUpdateLocker lock(this);
+        const bool isAll = static_cast<int>(rows.size()) == m_rows.Count();
+        SelectAllRows(isAll);
+        if (!isAll)
+            for (const int row : rows)
+                Select(row);
+    }
     if (focusedRow >= 0 && focusedRow != FocusedRow())
         Focus(focusedRow);
     if (rows.size() == 1)

@@ -25,8 +25,9 @@ TBeforeSave DesktopAddOns(const TAddOnServices& services, const TMuSettings& set
             DrawCalendar(services, picture);
         if (!settings.UseIconBox)
             return;
-        if (const auto region = services.Icons.GetIconRegion())
-            DrawIconBox(picture, settings, *region);
+        const TIconRegion region = services.Icons.GetIconRegion();
+        if (region.IsKnown())
+            DrawIconBox(picture, settings, region.Rects);
     };
 }
 

@@ -5,13 +5,20 @@
 #include "uDesktop.h"
 
 #include <memory>
-#include <optional>
+#include <string>
 #include <vector>
 
 namespace murala
 {
 
 inline constexpr TColor NoColor = 0xFFFFFFFF; // CLR_NONE
+
+// The area of the icons and their labels, as rectangles on the desktop.
+struct TIconRegion {
+    std::vector<TRect> Rects;
+    std::string Problem; // why it is not known, for the user; empty when it is
+    bool IsKnown() const { return Problem.empty(); }
+};
 
 class TIconView
 {
@@ -27,9 +34,7 @@ public:
     // Sets it and has all labels painted again.
     virtual void SetIconTextBackColor(TColor color) = 0;
 
-    // The area of the icons and their labels as rectangles on the desktop; nothing when there is no
-    // icon list.
-    virtual std::optional<std::vector<TRect>> GetIconRegion() = 0;
+    virtual TIconRegion GetIconRegion() = 0;
 };
 
 std::unique_ptr<TIconView> NewIconView();

@@ -121,6 +121,15 @@ bool TIniFile::HasSection(std::string_view section) const
     return FindSection(section).has_value();
 }
 
+std::vector<std::string> TIniFile::Sections() const
+{
+    std::vector<std::string> names;
+    for (const TLine& line : m_lines)
+        if (line.Kind == TLine::Header)
+            names.push_back(line.Name);
+    return names;
+}
+
 std::optional<std::string> TIniFile::Read(std::string_view section, std::string_view key) const
 {
     const auto range = FindSection(section);

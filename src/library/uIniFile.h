@@ -33,6 +33,8 @@ public:
     static TIniFile FromText(std::string_view content);
 
     bool HasSection(std::string_view section) const;
+    // Their names in file order.
+    std::vector<std::string> Sections() const;
     std::optional<std::string> Read(std::string_view section, std::string_view key) const;
     // The section's key=value lines in file order, quotes stripped from the values.
     TIniPairs ReadSection(std::string_view section) const;

@@ -64,9 +64,9 @@ void TAddOnDesk::SetIconBox(const TIconBoxOptions& options)
 
 std::string TAddOnDesk::IconBoxProblem() const
 {
-    if (m_core.Services.IconView.GetIconRegion())
-        return {};
-    return "Nothing is drawn for the icon box: this desktop does not tell where its icons are.";
+    const TIconRegion region = m_core.Services.IconView.GetIconRegion();
+    return region.IsKnown() ? ""
+                            : FormatText("Nothing is drawn for the icon box. %s", {region.Problem});
 }
 
 void TAddOnDesk::Changed()

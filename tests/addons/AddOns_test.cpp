@@ -111,10 +111,10 @@ protected:
         bool CanBeAsked() override { return Region.has_value(); }
         TColor GetIconTextBackColor() override { return 0; }
         void SetIconTextBackColor(TColor) override {}
-        std::optional<std::vector<TRect>> GetIconRegion() override
+        TIconRegion GetIconRegion() override
         {
             ++Asked;
-            return Region;
+            return Region ? TIconRegion{*Region, {}} : TIconRegion{{}, "There are none."};
         }
     };
 

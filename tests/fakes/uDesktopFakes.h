@@ -145,9 +145,9 @@ struct TFakeIconView : TIconView {
         LabelColor = color;
         Paintings++;
     }
-    std::optional<std::vector<TRect>> GetIconRegion() override
+    TIconRegion GetIconRegion() override
     {
-        return HasIcons ? std::optional(Region) : std::nullopt;
+        return HasIcons ? TIconRegion{Region, {}} : TIconRegion{{}, "There are none."};
     }
 };
 

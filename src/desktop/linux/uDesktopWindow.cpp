@@ -26,7 +26,7 @@ bool IsDesktopOf(Display* display, Window window, std::string_view programClass)
         return false;
     const TXOwned<char> name(hint.res_name);
     const TXOwned<char> className(hint.res_class);
-    return name && name.get() == programClass;
+    return (name && name.get() == programClass) || (className && className.get() == programClass);
 }
 
 std::vector<Window> Children(Display* display, Window window)

@@ -1,5 +1,7 @@
-// Icons on a Linux desktop are no windows that another program could reach, and no desktop tells
-// where its panel lies.
+// Icons on a Linux desktop are no windows that another program could reach, but some desktops leave
+// their places in files. None tells where its panel lies.
+#include "uDesktopIcons.h"
+#include "uFileError.h"
 #include "uIconView.h"
 #include "uTaskBar.h"
 
@@ -9,13 +11,20 @@ namespace murala
 namespace
 {
 
-class TNoIconView : public TIconView
+class TLinuxIconView : public TIconView
 {
 public:
     bool CanBeAsked() override { return false; }
     TColor GetIconTextBackColor() override { return 0; }
     void SetIconTextBackColor(TColor /*color*/) override {}
-    std::optional<std::vector<TRect>> GetIconRegion() override { return std::nullopt; }
+    TIconRegion GetIconRegion() override
+    try {
+        return {ReadDesktopIcons(), {}};
+    } catch (const EIconsUnknown& unknown) {
+        return {{}, unknown.what()};
+    } catch (const EFileError& error) {
+        return {{}, error.what()};
+    }
 };
 
 class TNoTaskBar : public TTaskBar
@@ -28,7 +37,7 @@ public:
 
 std::unique_ptr<TIconView> NewIconView()
 {
-    return std::make_unique<TNoIconView>();
+    return std::make_unique<TLinuxIconView>();
 }
 
 std::unique_ptr<TTaskBar> NewTaskBar()

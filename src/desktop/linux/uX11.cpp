@@ -52,23 +52,31 @@ bool TXErrorGuard::HasFailed()
     return requestFailed;
 }
 
-unsigned long ReadProperty32(Display* display, Window window, const char* name, Atom type)
+std::vector<unsigned long> ReadValues32(Display* display, Window window, const char* name,
+                                        Atom type, long most)
 {
     const Atom property = XInternAtom(display, name, True);
     if (property == None)
-        return 0;
+        return {};
     Atom actualType = None;
     int format = 0;
     unsigned long count = 0;
     unsigned long rest = 0;
     unsigned char* data = nullptr;
-    XGetWindowProperty(display, window, property, 0, 1, False, type, &actualType, &format, &count,
-                       &rest, &data);
+    XGetWindowProperty(display, window, property, 0, most, False, type, &actualType, &format,
+                       &count, &rest, &data);
     const TXOwned<unsigned char> owner(data);
+    if (actualType != type || format != 32)
+        return {};
     // Xlib hands out 32-bit values as longs.
-    return actualType == type && format == 32 && count == 1
-               ? *reinterpret_cast<unsigned long*>(data)
-               : 0;
+    const auto* first = reinterpret_cast<const unsigned long*>(data);
+    return {first, first + count};
+}
+
+unsigned long ReadProperty32(Display* display, Window window, const char* name, Atom type)
+{
+    const auto values = ReadValues32(display, window, name, type, 1);
+    return values.empty() ? 0 : values.front();
 }
 
 } // namespace murala

@@ -5,6 +5,7 @@
 #include <X11/Xutil.h>
 
 #include <memory>
+#include <vector>
 
 namespace murala
 {
@@ -52,6 +53,9 @@ private:
     XErrorHandler m_before;
 };
 
+// The 32-bit values of a window property, `most` at the most; none when there is none of this kind.
+std::vector<unsigned long> ReadValues32(Display* display, Window window, const char* name,
+                                        Atom type, long most);
 // The 32-bit value of a window property, 0 when there is none of this kind.
 unsigned long ReadProperty32(Display* display, Window window, const char* name, Atom type);
 

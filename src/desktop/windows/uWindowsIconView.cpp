@@ -87,15 +87,15 @@ public:
         UpdateWindow(list);
     }
 
-    std::optional<std::vector<TRect>> GetIconRegion() override
+    TIconRegion GetIconRegion() override
     {
         const HWND list = FindDesktopListView();
         if (list == nullptr)
-            return std::nullopt;
+            return {{}, "The desktop shows no icons."};
         const TRegionalStyle style(list);
         const TRegion region(CreateRectRgn(0, 0, 0, 0));
         GetWindowRgn(list, region.get());
-        return RegionRects(region.get());
+        return {RegionRects(region.get()), {}};
     }
 };
 

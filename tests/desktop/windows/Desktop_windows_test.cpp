@@ -122,7 +122,7 @@ TEST(IconViewOfAShell, LabelsAreSetOnceAndPaintedAgain)
     const auto icons = NewIconView();
     const auto desktop = NewDesktop("");
     EXPECT_FALSE(icons->CanBeAsked());
-    EXPECT_EQ(icons->GetIconRegion(), std::nullopt);
+    EXPECT_FALSE(icons->GetIconRegion().IsKnown());
     for (const std::string top : {"Progman", "WorkerW"}) { // the second has no icons
         const TFakeProgram shell(top);
         ASSERT_TRUE(Eventually([&] { return icons->GetIconTextBackColor() == 0x112233; })) << top;
@@ -140,7 +140,7 @@ TEST(IconViewOfAShell, LabelsAreSetOnceAndPaintedAgain)
         const TRect bar = NewTaskBar()->GetTaskBarRect();
         EXPECT_TRUE(bar.Left == 10 && bar.Top == 450 && bar.Right == 630 && bar.Bottom == 470);
         const auto sent = static_cast<std::ptrdiff_t>(shell.Log().size());
-        EXPECT_TRUE(icons->GetIconRegion().has_value());
+        EXPECT_TRUE(icons->GetIconRegion().IsKnown());
         const TLog region = shell.Log();
         EXPECT_EQ(TLog(region.begin() + sent, region.end()),
                   (TLog{"55 0 0", "54 512 512", "54 512 0"}))

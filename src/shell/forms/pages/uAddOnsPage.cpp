@@ -39,9 +39,8 @@ TAddOnsPage::TAddOnsPage(wxWindow* parent, TMurala& murala, TActionBinder& binde
         event.Skip();
         ShowPage();
     });
-    m_iconBoxProblem = new wxStaticText(this, wxID_ANY, ToWx(m_murala.AddOns.IconBoxProblem()),
-                                        wxDefaultPosition, wxDefaultSize, 0, "lIconBoxProblem");
-    m_iconBoxProblem->Wrap(FromDIP(TextWidth));
+    m_iconBoxProblem = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0,
+                                        "lIconBoxProblem");
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(m_addOns, wxSizerFlags(1).Expand());
     content->Add(m_iconBoxProblem, wxSizerFlags().Expand().Border(wxTOP));
@@ -72,8 +71,9 @@ void TAddOnsPage::ShowPage()
         m_addOns->SetSelection(0);
     // The desktop's icons may have come up meanwhile.
     const wxString problem = ToWx(m_murala.AddOns.IconBoxProblem());
-    if (problem.empty() == m_iconBoxProblem->GetLabel().empty())
+    if (problem == m_shownProblem)
         return;
+    m_shownProblem = problem;
     m_iconBoxProblem->SetLabel(problem);
     m_iconBoxProblem->Wrap(FromDIP(TextWidth));
     Layout();

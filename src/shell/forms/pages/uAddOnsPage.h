@@ -28,6 +28,7 @@ private:
     TActionList& m_actions;
     wxCheckListBox* m_addOns;
     wxStaticText* m_iconBoxProblem;
+    wxString m_shownProblem; // before it was broken into lines
 };
 
 } // namespace murala

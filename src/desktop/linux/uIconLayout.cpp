@@ -9,7 +9,8 @@ namespace murala
 namespace
 {
 
-constexpr int CharacterWidth = 9; // rather too wide than too narrow
+constexpr int CharacterWidth = 9;    // rather too wide than too narrow
+constexpr int FewestCharacters = 11; // the home folder's icon may be called "Someone's Home"
 constexpr int LineHeight = 20;
 constexpr int LabelGap = 6; // around it
 constexpr int XfceMargin = 16;
@@ -32,7 +33,7 @@ void AddIcon(TRects& area, const TIconLook& look, int middle, int top, std::stri
     const int left = middle - look.IconSize / 2;
     const int bottom = top + look.IconSize;
     area.push_back({left, top, left + look.IconSize, bottom});
-    const int length = CharacterWidth * CharacterCount(label);
+    const int length = CharacterWidth * std::max(CharacterCount(label), FewestCharacters);
     const int half = std::min(length, look.LabelWidth) / 2 + LabelGap;
     const int lines = std::clamp((length - 1) / look.LabelWidth + 1, 1, look.MostLines);
     area.push_back({middle - half, bottom, middle + half, bottom + LabelGap + lines * LineHeight});

@@ -153,7 +153,7 @@ TRects PcmanfmQtIcons()
     constexpr int Margin = 12;
     TRect area = WorkArea();
     area = {area.Left + Margin, area.Top + Margin, area.Right - Margin, area.Bottom - Margin};
-    return AllIcons({area, {127, 116}, {UsualIconSize, 120, 3}, 8}, placed,
+    return AllIcons({area, {127, 116}, {UsualIconSize, 120, 3}, 4}, placed,
                     names.size() - placed.size());
 }
 

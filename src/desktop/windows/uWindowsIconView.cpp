@@ -49,13 +49,15 @@ public:
     explicit TRegionalStyle(HWND list)
         : m_list(list), m_before(SendToProgram(list, LVM_GETEXTENDEDLISTVIEWSTYLE))
     {
-        Set(LVS_EX_REGIONAL);
+        Set(AllBits);
     }
     TRegionalStyle(const TRegionalStyle&) = delete;
     TRegionalStyle& operator=(const TRegionalStyle&) = delete;
     ~TRegionalStyle() { Set(m_before); }
 
 private:
+    static constexpr LPARAM AllBits = 0xFFFFFFFF; // the mask chooses
+
     void Set(LPARAM style)
     {
         SendToProgram(m_list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_REGIONAL, style);

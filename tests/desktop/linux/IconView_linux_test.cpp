@@ -131,12 +131,12 @@ TEST_F(IconsOnADesktop, PcmanfmQtsNamesAreReadAndItsColumnsFilled)
     for (const char* name : {"Über 100% [x]=y;z.txt", "日本\U0001F600.txt", "Folder"})
         Put(std::string("Desktop/") + name, "");
     ShowDesktopOf("pcmanfm-qt");
-    ExpectIcons(m_icons->GetIconRegion(), 3, {{75, 44}, {75, 160}, {75, 276}});
+    ExpectIcons(m_icons->GetIconRegion(), 3, {{75, 40}, {75, 156}, {75, 272}});
     Put(".config/pcmanfm-qt/lxqt/desktop-items-0.conf",
         "[%U65E5%U672C%UD83D%UDE00.txt]\npos=@Point(1028 128)\n\n"
         "[trash-can.desktop]\npos=@Point(1536 592)\n\n[Folder]\npos=broken\n\n"
         "[%DCber%20100%25%20%5Bx%5D%3Dy%3Bz.txt]\npos=@Point(774 128)\n");
-    ExpectIcons(m_icons->GetIconRegion(), 3, {{1091, 160}, {837, 160}, {75, 44}});
+    ExpectIcons(m_icons->GetIconRegion(), 3, {{1091, 156}, {837, 156}, {75, 40}});
 }
 
 // Where the system keeps metadata of files, which takes programs of its own, the files' count, too.

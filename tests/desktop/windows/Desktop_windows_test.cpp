@@ -140,10 +140,12 @@ TEST(IconViewOfAShell, LabelsAreSetOnceAndPaintedAgain)
         const TRect bar = NewTaskBar()->GetTaskBarRect();
         EXPECT_TRUE(bar.Left == 10 && bar.Top == 450 && bar.Right == 630 && bar.Bottom == 470);
         const auto sent = static_cast<std::ptrdiff_t>(shell.Log().size());
-        EXPECT_TRUE(icons->GetIconRegion().IsKnown());
-        const TLog region = shell.Log();
-        EXPECT_EQ(TLog(region.begin() + sent, region.end()),
-                  (TLog{"55 0 0", "54 512 512", "54 512 0"}))
+        const TIconRegion region = icons->GetIconRegion();
+        EXPECT_TRUE(region.IsKnown());
+        EXPECT_EQ(region.Rects,
+                  (std::vector<TRect>{{20, 30, 68, 78}, {10, 78, 78, 98}, {300, 130, 348, 178}}));
+        const TLog told = shell.Log();
+        EXPECT_EQ(TLog(told.begin() + sent, told.end()), (TLog{"55 0 0", "54 512 -1", "54 512 32"}))
             << "the style is taken back";
     }
 }

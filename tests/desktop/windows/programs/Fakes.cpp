@@ -56,6 +56,23 @@ void HandleMessages()
         DispatchMessageA(&message);
 }
 
+// What the list in its regional style is made of: its icons with their labels.
+constexpr RECT IconPlaces[] = {{20, 30, 68, 78}, {10, 78, 78, 98}, {300, 130, 348, 178}};
+
+// As the system's list does. It owns its region.
+void ShowRegion(HWND list, bool isRegional)
+{
+    HRGN region = isRegional ? CreateRectRgn(0, 0, 0, 0) : nullptr;
+    for (const RECT& icon : IconPlaces) {
+        if (!isRegional)
+            break;
+        HRGN place = CreateRectRgnIndirect(&icon);
+        CombineRgn(region, region, place, RGN_OR);
+        DeleteObject(place);
+    }
+    SetWindowRgn(list, region, TRUE);
+}
+
 LRESULT CALLBACK LogListMessages(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                  UINT_PTR /*id*/, DWORD_PTR /*data*/)
 {
@@ -63,6 +80,9 @@ LRESULT CALLBACK LogListMessages(HWND window, UINT message, WPARAM wParam, LPARA
     if (InSendMessage() && message >= LVM_FIRST && message < LVM_FIRST + 0x100)
         Log(std::to_string(message - LVM_FIRST) + ' ' + std::to_string(wParam) + ' ' +
             std::to_string(static_cast<int>(lParam)));
+    constexpr LPARAM Regional = 0x200;
+    if (message == LVM_SETEXTENDEDLISTVIEWSTYLE && (wParam & Regional) != 0)
+        ShowRegion(window, (lParam & Regional) != 0);
     return DefSubclassProc(window, message, wParam, lParam);
 }
 
@@ -80,6 +100,7 @@ void RunShell(const char* top, int icons)
         SendMessageA(list, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
     }
     SendMessageA(list, LVM_SETTEXTBKCOLOR, 0, 0x112233);
+    ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT);
     SetWindowSubclass(list, LogListMessages, 1, 0);
     HandleMessages();
 }

@@ -1,0 +1,65 @@
+#!/usr/bin/env bash
+# icon-box.sh WINE Fakes.exe Murala.exe: Murala applies a grey picture with the icon box, of both types,
+# beside a shell with three icons' areas, and the picture that it saves is looked at.
+set -euo pipefail
+wine=$1 fakes=$2 murala=$3
+folder=$(mktemp -d)
+mkfifo "$folder/display"
+Xvfb -displayfd 3 -screen 0 640x480x24 -noreset -nolisten tcp 3<>"$folder/display" 2>/dev/null &
+pids=($!)
+finish() {
+    kill "${pids[@]}" 2>/dev/null || true
+    rm -rf "$folder"
+}
+trap finish EXIT
+read -r number <"$folder/display"
+export DISPLAY=:$number
+
+# eventually COMMAND...: repeats it until it succeeds, for 30 seconds at the most.
+eventually() {
+    for _ in $(seq 150); do
+        "$@" && return
+        sleep 0.2
+    done
+    echo "in vain: $*" >&2
+    return 1
+}
+
+# shows X,Y GREY...: the pixels of the saved picture.
+shows() {
+    while [ $# -gt 0 ]; do
+        [ "$(convert "$folder/MuralaWallpaper.bmp[1x1+${1%,*}+${1#*,}]" -depth 8 \
+            -format '%[fx:round(255*u.r)]' info: 2>/dev/null)" = "$2" ] || return 1
+        shift 2
+    done
+}
+
+start() { # start PROGRAM [ARGUMENT...]: on the desktop of both
+    "$wine" explorer "/desktop=Icons$$,640x480" "$@" &
+    pids+=($!)
+}
+
+cp "$murala" "$folder/Murala.exe"
+convert -size 640x480 xc:'gray(100)' BMP3:"$folder/grey.bmp"
+windows_name() { "$wine" winepath -w "$1"; }
+start "$(windows_name "$fakes")" Progman "$(windows_name "$folder/log")"
+sleep 3
+for only_icons in 0 1; do
+    rm -f "$folder/MuralaWallpaper.bmp" "$folder/log"
+    printf '"%s","grey","Stretched"\r\n' "$(windows_name "$folder/grey.bmp")" \
+        >"$folder/Murala.Wallpaper.List"
+    printf '[Main]\r\nUseIconBox=1\r\nIconBoxGamma=128\r\nIconBoxBorder=1\r\nIconBoxOnlyIcons=%s\r\n' \
+        $only_icons >"$folder/Murala.ini"
+    start "$(windows_name "$folder/Murala.exe")" /apply
+    # Outside, on the frame of the box (5, 25, 353, 183), between the icons, behind the icons.
+    if [ $only_icons = 0 ]; then
+        eventually shows 4,100 100 5,100 255 352,100 255 150,100 178 40,50 178 320,150 178
+    else
+        eventually shows 4,100 100 5,100 100 352,100 100 150,100 100 40,50 178 320,150 178
+    fi
+    [ "$(grep -A2 '^55 0 0' "$folder/log" | tr -d '\r' | head -3 | paste -sd,)" = \
+        "55 0 0,54 512 -1,54 512 32" ] || { cat "$folder/log" >&2; exit 1; }
+    "$wine" taskkill /im Murala.exe /f >/dev/null
+    sleep 1
+done
+"$wine" taskkill /im Fakes.exe /f >/dev/null

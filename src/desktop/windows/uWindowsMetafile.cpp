@@ -5,6 +5,7 @@
 #include "uWindowsHandles.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 
@@ -21,21 +22,44 @@ struct TMetafileDeleter {
 using TMetafile = std::unique_ptr<HENHMETAFILE, TMetafileDeleter>;
 
 // What most metafiles of the old kind begin with; the system's functions do not know it.
+#pragma pack(push, 1)
+struct TPlaceableHeader {
+    DWORD Mark;
+    WORD Handle;
+    SHORT Left, Top, Right, Bottom;
+    WORD UnitsPerInch;
+    DWORD Reserved;
+    WORD CheckSum;
+};
+#pragma pack(pop)
 constexpr DWORD PlaceableMark = 0x9AC6CDD7;
-constexpr std::size_t PlaceableSize = 22;
+constexpr int HundredthsOfMillimetrePerInch = 2540;
+
+// The size that its header gives the drawing.
+METAFILEPICT PlaceOf(const TPlaceableHeader& header)
+{
+    const auto extent = [&](int from, int to) {
+        return MulDiv(std::abs(to - from), HundredthsOfMillimetrePerInch,
+                      std::max<int>(header.UnitsPerInch, 1));
+    };
+    return {MM_ANISOTROPIC, extent(header.Left, header.Right), extent(header.Top, header.Bottom),
+            nullptr};
+}
 
 TMetafile OpenMetafile(const std::string& fileName)
 {
     if (TMetafile file{GetEnhMetaFileW(WideText(fileName).c_str())})
         return file;
     const std::string content = ReadWholeFile(fileName);
-    DWORD mark = 0;
-    if (content.size() > PlaceableSize)
-        std::memcpy(&mark, content.data(), sizeof mark);
-    const std::size_t begin = mark == PlaceableMark ? PlaceableSize : 0;
+    TPlaceableHeader header{};
+    if (content.size() > sizeof header)
+        std::memcpy(&header, content.data(), sizeof header);
+    const bool isPlaceable = header.Mark == PlaceableMark;
+    const std::size_t begin = isPlaceable ? sizeof header : 0;
+    const METAFILEPICT place = PlaceOf(header);
     return TMetafile(SetWinMetaFileBits(static_cast<UINT>(content.size() - begin),
                                         reinterpret_cast<const BYTE*>(content.data()) + begin,
-                                        nullptr, nullptr));
+                                        nullptr, isPlaceable ? &place : nullptr));
 }
 
 // Its frame is in hundredths of a millimetre; pixels by 96 dots an inch.
@@ -44,7 +68,8 @@ TSize SizeOf(HENHMETAFILE file)
     ENHMETAHEADER header{};
     GetEnhMetaFileHeader(file, sizeof header, &header);
     const auto pixels = [](LONG from, LONG to) {
-        return static_cast<int>((static_cast<std::int64_t>(to) - from) * 96 / 2540);
+        return static_cast<int>((static_cast<std::int64_t>(to) - from) * 96 /
+                                HundredthsOfMillimetrePerInch);
     };
     return {pixels(header.rclFrame.left, header.rclFrame.right),
             pixels(header.rclFrame.top, header.rclFrame.bottom)};

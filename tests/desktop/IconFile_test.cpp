@@ -31,8 +31,10 @@ TTestIcon HalfIcon(int side, int bitCount, TPixel color)
 {
     std::string bitmap = Number(40, 4) + Number(side, 4) + Number(2 * side, 4) + Number(1, 2) +
                          Number(bitCount, 2) + std::string(24, '\0');
-    if (bitCount <= 8) // the first index is the colour
-        bitmap += Number(color, 4) + std::string(4 * ((1U << bitCount) - 1), '\xFF');
+    // What is transparent has to be black. The colour of one bit is so, too: index 0.
+    if (bitCount <= 8)
+        bitmap += Number(0, 4) + Number(color, 4) + std::string(4 * ((1U << bitCount) - 2), '\0');
+    const char colored = bitCount == 1 ? 0 : bitCount == 4 ? 0x11 : 1;
     std::string mask;
     for (int y = side - 1; y >= 0; y--) { // from the bottom up
         const bool isColored = y < side / 2;
@@ -40,7 +42,7 @@ TTestIcon HalfIcon(int side, int bitCount, TPixel color)
         for (int x = 0; x < side && bitCount >= 24; x++)
             row += Number(isColored ? color | 0xFF000000 : 0, bitCount / 8);
         if (bitCount <= 8)
-            row = std::string(side * bitCount / 8, isColored ? '\0' : '\xFF');
+            row = std::string(side * bitCount / 8, isColored ? colored : '\0');
         row.resize((row.size() + 3) / 4 * 4);
         bitmap += row;
         mask += std::string((side + 31) / 32 * 4, isColored ? '\0' : '\xFF');

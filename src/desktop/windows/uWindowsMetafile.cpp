@@ -46,6 +46,18 @@ METAFILEPICT PlaceOf(const TPlaceableHeader& header)
             nullptr};
 }
 
+// The system plays records beyond the end.
+bool IsWhole(std::string_view oldMetafile)
+{
+    METAHEADER header{};
+    constexpr std::size_t HeaderSize = 18; // the structure ends with padding on some systems
+    if (oldMetafile.size() < HeaderSize)
+        return false;
+    std::memcpy(&header, oldMetafile.data(), HeaderSize);
+    return header.mtHeaderSize * sizeof(WORD) == HeaderSize &&
+           header.mtSize <= oldMetafile.size() / sizeof(WORD);
+}
+
 TMetafile OpenMetafile(const std::string& fileName)
 {
     if (TMetafile file{GetEnhMetaFileW(WideText(fileName).c_str())})
@@ -56,6 +68,8 @@ TMetafile OpenMetafile(const std::string& fileName)
         std::memcpy(&header, content.data(), sizeof header);
     const bool isPlaceable = header.Mark == PlaceableMark;
     const std::size_t begin = isPlaceable ? sizeof header : 0;
+    if (!IsWhole(content.substr(begin)))
+        return nullptr;
     const METAFILEPICT place = PlaceOf(header);
     return TMetafile(SetWinMetaFileBits(static_cast<UINT>(content.size() - begin),
                                         reinterpret_cast<const BYTE*>(content.data()) + begin,

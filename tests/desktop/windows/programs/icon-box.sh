@@ -3,27 +3,16 @@
 # beside a shell with three icons' areas, and the picture that it saves is looked at.
 set -euo pipefail
 wine=$1 fakes=$2 murala=$3
-folder=$(mktemp -d)
-mkfifo "$folder/display"
-Xvfb -displayfd 3 -screen 0 640x480x24 -noreset -nolisten tcp 3<>"$folder/display" 2>/dev/null &
-pids=($!)
+pids=()
+end() { # end PROGRAM
+    "$wine" taskkill /f /im "$1" >/dev/null 2>&1 || true
+}
 finish() {
+    end Murala.exe
+    end "$(basename "$fakes")"
     kill "${pids[@]}" 2>/dev/null || true
-    rm -rf "$folder"
 }
-trap finish EXIT
-read -r number <"$folder/display"
-export DISPLAY=:$number
-
-# eventually COMMAND...: repeats it until it succeeds, for 30 seconds at the most.
-eventually() {
-    for _ in $(seq 150); do
-        "$@" && return
-        sleep 0.2
-    done
-    echo "in vain: $*" >&2
-    return 1
-}
+. "$(dirname "$0")/screen.sh"
 
 # shows X,Y GREY...: the pixels of the saved picture.
 shows() {
@@ -41,25 +30,22 @@ start() { # start PROGRAM [ARGUMENT...]: on the desktop of both
 
 cp "$murala" "$folder/Murala.exe"
 convert -size 640x480 xc:'gray(100)' BMP3:"$folder/grey.bmp"
-windows_name() { "$wine" winepath -w "$1"; }
 start "$(windows_name "$fakes")" Progman "$(windows_name "$folder/log")"
 sleep 3
 for only_icons in 0 1; do
     rm -f "$folder/MuralaWallpaper.bmp" "$folder/log"
-    printf '"%s","grey","Stretched"\r\n' "$(windows_name "$folder/grey.bmp")" \
+    printf '"%s","grey","Stretched","0","0","","0","0","0","0","0","0","(None)","0 0 0","x"\r\n' "$(windows_name "$folder/grey.bmp")" \
         >"$folder/Murala.Wallpaper.List"
-    printf '[Main]\r\nUseIconBox=1\r\nIconBoxGamma=128\r\nIconBoxBorder=1\r\nIconBoxOnlyIcons=%s\r\n' \
+    printf '[Main]\r\nUseIconBox=1\r\nIconBoxGamma=128\r\nIconBoxBorder=1\r\nIconBoxOnlyIcons=%s\r\nWallpaperCurrent=grey\r\n' \
         $only_icons >"$folder/Murala.ini"
     start "$(windows_name "$folder/Murala.exe")" /apply
     # Outside, on the frame of the box (5, 25, 353, 183), between the icons, behind the icons.
     if [ $only_icons = 0 ]; then
-        eventually shows 4,100 100 5,100 255 352,100 255 150,100 178 40,50 178 320,150 178
+        eventually shows 4,100 100 5,100 255 352,100 255 150,100 177 40,50 177 320,150 177
     else
-        eventually shows 4,100 100 5,100 100 352,100 100 150,100 100 40,50 178 320,150 178
+        eventually shows 4,100 100 5,100 100 352,100 100 150,100 100 40,50 177 320,150 177
     fi
     [ "$(grep -A2 '^55 0 0' "$folder/log" | tr -d '\r' | head -3 | paste -sd,)" = \
         "55 0 0,54 512 -1,54 512 32" ] || { cat "$folder/log" >&2; exit 1; }
-    "$wine" taskkill /im Murala.exe /f >/dev/null
-    sleep 1
+    end Murala.exe
 done
-"$wine" taskkill /im Fakes.exe /f >/dev/null

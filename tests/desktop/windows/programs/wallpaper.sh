@@ -4,28 +4,11 @@
 # mouse pointer and the task bar may lie there.
 set -euo pipefail
 wine=$1 fakes=$2
-folder=$(mktemp -d)
-mkfifo "$folder/display"
-Xvfb -displayfd 3 -screen 0 640x480x24 -noreset -nolisten tcp 3<>"$folder/display" 2>/dev/null &
-screen=$!
 program=
 finish() {
     [ -z "$program" ] || kill "$program" 2>/dev/null || true
-    kill "$screen"
-    rm -rf "$folder"
 }
-trap finish EXIT
-read -r number <"$folder/display"
-export DISPLAY=:$number
-
-# eventually COMMAND...: repeats it until it succeeds, for 20 seconds at the most.
-eventually() {
-    for _ in $(seq 100); do
-        "$@" && return
-        sleep 0.2
-    done
-    return 1
-}
+. "$(dirname "$0")/screen.sh"
 
 # visible FILE OUT: the compared part of a picture, as raw pixels.
 visible() {
@@ -52,7 +35,6 @@ expect() {
 convert -size 640x480 gradient:red-blue BMP3:"$folder/first.bmp"
 convert -size 640x480 plasma:green-yellow BMP3:"$folder/second.bmp"
 cp "$folder/first.bmp" "$folder/Wällpaper 1.bmp"
-windows_name() { "$wine" winepath -w "$1"; }
 picture=$(windows_name "$folder/Wällpaper 1.bmp")
 "$wine" explorer "/desktop=Murala$$,640x480" "$(windows_name "$fakes")" wallpapers \
     "$(windows_name "$folder/log")" "$picture" "$picture" &

@@ -32,6 +32,7 @@ struct TSample {
 };
 constexpr TSample Samples[] = {{"Landscape.jpg", MakeLandscape, Screen, SaveJpeg},
                                {"Planet.jpg", MakePlanet, Screen, SaveJpeg},
+                               {"Planet02.jpg", MakeOcean, {1600, 1000}, SaveJpeg},
                                {"Abstract.jpg", MakeAbstract, Screen, SaveJpeg},
                                {"Waves.bmp", MakeWaves, {200, 200}, SaveBitmap}};
 

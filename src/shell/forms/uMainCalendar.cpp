@@ -95,7 +95,7 @@ std::optional<std::string> TfMainCalendar::BackgroundPath() const
     const std::string& name = m_editor.BackgroundFileName;
     std::optional<std::string> path;
     if (NativePath(name).is_absolute())
-        path = FileExists(name) ? std::optional(name) : std::nullopt;
+        path = IsReachableFile(name) ? std::optional(name) : std::nullopt;
     else if (!name.empty())
         path = FindShippedFile(m_services, name);
     return path ? path : FindShippedFile(m_services, SamplePlanet);

@@ -11,11 +11,21 @@
 namespace murala
 {
 
-struct TKeyCloser {
-    using pointer = HKEY;
-    void operator()(HKEY key) const noexcept { RegCloseKey(key); }
+template<class T, auto End>
+struct THandleEnd {
+    using pointer = T;
+    void operator()(T handle) const noexcept { End(handle); }
 };
-using TKey = std::unique_ptr<HKEY, TKeyCloser>;
+template<class T, auto End>
+using TOwned = std::unique_ptr<T, THandleEnd<T, End>>;
+
+using TKey = TOwned<HKEY, RegCloseKey>;
+using THandle = TOwned<HANDLE, CloseHandle>;
+using TWindow = TOwned<HWND, DestroyWindow>;
+using TIcon = TOwned<HICON, DestroyIcon>;
+using TMemoryContext = TOwned<HDC, DeleteDC>;
+template<class T>
+using TGdiObject = TOwned<T, DeleteObject>;
 
 // An existing key; empty when it cannot be opened so.
 inline TKey OpenKey(HKEY root, const std::string& path, REGSAM access)
@@ -24,32 +34,6 @@ inline TKey OpenKey(HKEY root, const std::string& path, REGSAM access)
     return TKey(RegOpenKeyExA(root, path.c_str(), 0, access, &key) == ERROR_SUCCESS ? key
                                                                                     : nullptr);
 }
-
-struct THandleCloser {
-    using pointer = HANDLE;
-    void operator()(HANDLE handle) const noexcept { CloseHandle(handle); }
-};
-using THandle = std::unique_ptr<HANDLE, THandleCloser>;
-
-struct TWindowDestroy {
-    using pointer = HWND;
-    void operator()(HWND window) const noexcept { DestroyWindow(window); }
-};
-using TWindow = std::unique_ptr<HWND, TWindowDestroy>;
-
-struct TContextDeleter {
-    using pointer = HDC;
-    void operator()(HDC context) const noexcept { DeleteDC(context); }
-};
-using TMemoryContext = std::unique_ptr<HDC, TContextDeleter>;
-
-template<class THandle>
-struct TGdiDeleter {
-    using pointer = THandle;
-    void operator()(THandle object) const noexcept { DeleteObject(object); }
-};
-template<class THandle>
-using TGdiObject = std::unique_ptr<THandle, TGdiDeleter<THandle>>;
 
 // An object is in use in a context for a time.
 class TSelection

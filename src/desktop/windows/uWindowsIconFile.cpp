@@ -2,21 +2,9 @@
 #include "uWindowsHandles.h"
 
 #include <algorithm>
-#include <memory>
 
 namespace murala
 {
-
-namespace
-{
-
-struct TIconDestroyer {
-    using pointer = HICON;
-    void operator()(HICON icon) const noexcept { DestroyIcon(icon); }
-};
-using TIcon = std::unique_ptr<HICON, TIconDestroyer>;
-
-} // namespace
 
 std::optional<TBitmap> DecodeIcon(const TIconPicture& icon)
 {

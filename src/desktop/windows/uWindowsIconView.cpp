@@ -2,6 +2,7 @@
 #include "uIconView.h"
 #include "uSendMessage.h"
 #include "uTaskBar.h"
+#include "uWindowsHandles.h"
 
 #include <commctrl.h>
 
@@ -21,11 +22,7 @@ TRect FromRect(const RECT& rect)
             static_cast<int>(rect.bottom)};
 }
 
-struct TRegionDelete {
-    using pointer = HRGN;
-    void operator()(HRGN region) const noexcept { DeleteObject(region); }
-};
-using TRegion = std::unique_ptr<HRGN, TRegionDelete>;
+using TRegion = TGdiObject<HRGN>;
 
 std::vector<TRect> RegionRects(HRGN region)
 {

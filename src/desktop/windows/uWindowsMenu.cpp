@@ -1,8 +1,8 @@
 #include "uWindowsMenu.h"
 
 #include "uWideText.h"
+#include "uWindowsHandles.h"
 
-#include <memory>
 #include <type_traits>
 
 namespace murala
@@ -11,11 +11,7 @@ namespace murala
 namespace
 {
 
-struct TMenuDestroy {
-    using pointer = HMENU;
-    void operator()(HMENU menu) const noexcept { DestroyMenu(menu); } // and the ones below it
-};
-using TMenu = std::unique_ptr<HMENU, TMenuDestroy>;
+using TMenu = TOwned<HMENU, DestroyMenu>; // with the ones below it
 
 UINT StateOf(const TMenuItem& item)
 {

@@ -15,11 +15,7 @@ namespace murala
 namespace
 {
 
-struct TMetafileDeleter {
-    using pointer = HENHMETAFILE;
-    void operator()(HENHMETAFILE file) const noexcept { DeleteEnhMetaFile(file); }
-};
-using TMetafile = std::unique_ptr<HENHMETAFILE, TMetafileDeleter>;
+using TMetafile = TOwned<HENHMETAFILE, DeleteEnhMetaFile>;
 
 // What most metafiles of the old kind begin with; the system's functions do not know it.
 #pragma pack(push, 1)

@@ -34,12 +34,6 @@ struct TNotifyRecord {
 static_assert(sizeof(TNotifyRecord) == (sizeof(void*) == 4 ? 88 : 104));
 static_assert(offsetof(TNotifyRecord, szTip) == offsetof(NOTIFYICONDATAA, szTip));
 
-struct TIconDestroy {
-    using pointer = HICON;
-    void operator()(HICON icon) const noexcept { DestroyIcon(icon); }
-};
-using TIcon = std::unique_ptr<HICON, TIconDestroy>;
-
 TIcon NewIcon(const TBitmap& picture)
 {
     TPixel* pixels = nullptr;

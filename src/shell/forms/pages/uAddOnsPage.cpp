@@ -1,5 +1,7 @@
 #include "uAddOnsPage.h"
 
+#include <algorithm>
+
 #include <wx/notebook.h>
 
 namespace murala
@@ -15,7 +17,7 @@ struct TAddOnRow {
 constexpr TAddOnRow AddOnTable[] = {{"Calendar", aCalendar, aCalendarOptions},
                                     {"Icon Box", aIconBox, aIconBoxOptions}};
 
-constexpr int TextWidth = 270; // DIPs
+constexpr int TextWidth = 270; // DIPs, where the page has no size yet
 
 } // namespace
 
@@ -75,7 +77,7 @@ void TAddOnsPage::ShowPage()
         return;
     m_shownProblem = problem;
     m_iconBoxProblem->SetLabel(problem);
-    m_iconBoxProblem->Wrap(FromDIP(TextWidth));
+    m_iconBoxProblem->Wrap(std::max(FromDIP(TextWidth), m_addOns->GetSize().x));
     Layout();
 }
 

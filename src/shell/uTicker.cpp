@@ -83,8 +83,10 @@ void TTicker::RefreshTick()
         if (isNewDay)
             DrawNewDay();
     }
-    if (isNewDay)
+    if (isNewDay) {
+        m_core.Listeners.Tell(&TListener::PreviewChanged, false); // it shows the calendar, too
         m_storage.SaveSettings(TSaveFlags().set(sfCalendarDate));
+    }
     m_tray.RefreshMenu();
 }
 

@@ -145,13 +145,16 @@ TEST_F(AddOnDesk, TheDaysWorkIsUpdating)
     struct : TListener {
         TCore* Core = nullptr;
         bool WasUpdating = false;
+        int Previews = 0;
         void CurrentChanged() override { WasUpdating = Core->Updating; }
+        void PreviewChanged(bool) override { Previews++; }
     } listener;
     listener.Core = &m_murala->Core;
     m_murala->Core.Listeners.Add(listener);
     EXPECT_EQ(TickAt(m_services.Clock.Time + 3), 1U);
     m_murala->Core.Listeners.Remove(listener);
     EXPECT_TRUE(listener.WasUpdating);
+    EXPECT_EQ(listener.Previews, 1) << "the preview follows the day";
     EXPECT_FALSE(m_murala->Core.Updating);
     EXPECT_TRUE(m_services.Launcher.Started.empty());
     EXPECT_EQ(m_murala->Core.Settings.LastChangeDate, lastChange) << "the schedule goes on";

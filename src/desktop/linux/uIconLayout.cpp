@@ -33,9 +33,11 @@ void AddIcon(TRects& area, const TIconLook& look, int middle, int top, std::stri
     const int left = middle - look.IconSize / 2;
     const int bottom = top + look.IconSize;
     area.push_back({left, top, left + look.IconSize, bottom});
-    const int length = CharacterWidth * std::max(CharacterCount(label), FewestCharacters);
-    const int half = std::min(length, look.LabelWidth) / 2 + LabelGap;
-    const int lines = std::clamp((length - 1) / look.LabelWidth + 1, 1, look.MostLines);
+    const int length = CharacterWidth * CharacterCount(label);
+    const int width = std::max(length, CharacterWidth * FewestCharacters);
+    const int half = std::min(width, look.LabelWidth) / 2 + LabelGap;
+    const int lines =
+        std::clamp((length + look.LabelWidth - 1) / look.LabelWidth, 1, look.MostLines);
     area.push_back({middle - half, bottom, middle + half, bottom + LabelGap + lines * LineHeight});
 }
 

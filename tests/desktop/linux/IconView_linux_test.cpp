@@ -5,6 +5,7 @@
 #include "uTestSession.h"
 
 #include <X11/Xatom.h>
+#include <X11/extensions/Xrandr.h>
 
 #include <gtest/gtest.h>
 
@@ -45,6 +46,19 @@ protected:
         SetCardinals(display, DefaultRootWindow(display), "_NET_WORKAREA", XA_CARDINAL,
                      {static_cast<unsigned long>(left), static_cast<unsigned long>(top),
                       static_cast<unsigned long>(width), static_cast<unsigned long>(height)});
+        XSync(display, False);
+    }
+    // The right half of the screen.
+    void AddPrimaryMonitor()
+    {
+        Display* display = m_screen.Get();
+        XRRMonitorInfo monitor{};
+        monitor.name = XInternAtom(display, "Right", False);
+        monitor.primary = True;
+        monitor.x = monitor.width = 960;
+        monitor.height = 1080;
+        monitor.mwidth = monitor.mheight = 100;
+        XRRSetMonitor(display, DefaultRootWindow(display), &monitor);
         XSync(display, False);
     }
     void Put(const std::string& name, const std::string& text)
@@ -104,7 +118,9 @@ TEST_F(IconsOnADesktop, XfcesCellsBecomePlacesInTheAreaBetweenThePanels)
     Put(".config/xfce4/desktop/icons.screen0-1904x1064.rc", XfceFile);
     Put(".config/xfce4/desktop/icons.screen.latest.rc", "[Trash]\nrow=0\ncol=0\n");
     ExpectIcons(m_icons->GetIconRegion(), 4, {{73, 46}, {490, 358}, {73, 568}, {1845, 46}});
-    SetWorkArea(0, 26, 1920, 1054);
+    AddPrimaryMonitor();
+    ExpectIcons(m_icons->GetIconRegion(), 4, {{73 - 960, 46}, {1845 - 960, 46}});
+    SetWorkArea(960, 26, 1920, 1054);
     ExpectIcons(m_icons->GetIconRegion(), 1, {{73, 72}});
     m_session.Write(".config/xfce4/desktop/icons.screen.latest.rc",
                     "[Trash]\nrow=-1\ncol=0\n[/a]\nrow=2000000000\ncol=1\n[/b]\nrow=x\n[");

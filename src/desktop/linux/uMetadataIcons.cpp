@@ -43,7 +43,7 @@ TRects MetadataIcons(const char* manager, const TIconLook& look)
     };
     const std::vector<std::string> names = NamesOnDesktop();
     for (const std::string& name : names)
-        add(name, MetadataOf(folder + "/" + name, "metadata::" + key).get());
+        add(name, MetadataOf(JoinPath(folder, name), "metadata::" + key).get());
     const TIniFile others =
         TIniFile::Load(PathText(UserConfigFolder() / manager / "desktop-metadata"));
     for (const std::string& section : others.Sections())

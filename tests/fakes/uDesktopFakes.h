@@ -163,11 +163,13 @@ struct TFakeScreenSaver : TScreenSaver {
 
 struct TFakeLauncher : TLauncher {
     std::vector<std::string> Started;
+    TShellVerb Verb{}; // of the last one
     TShellResult Result = FirstShellSuccess;
 
-    TShellResult Execute(TShellVerb, const std::string& file,
+    TShellResult Execute(TShellVerb verb, const std::string& file,
                          const std::string& parameters) override
     {
+        Verb = verb;
         Started.push_back(FileNamePart(file) + " " + parameters);
         return Result;
     }

@@ -23,6 +23,7 @@ namespace
 
 // DIPs.
 constexpr int CaptionWidth = 96, Margin = 6;
+constexpr int CaptionLetters = 12; // so many are seen of it also in a larger font
 // Milliseconds between two letters of one word.
 constexpr int TypingPause = 1000;
 
@@ -80,7 +81,8 @@ void TMuThumbnailView::SetSize(TThumbnailSize size)
 void TMuThumbnailView::Measure()
 {
     const int margin = FromDIP(Margin);
-    m_cell = wxSize(std::max(m_picture.x, FromDIP(CaptionWidth)) + 2 * margin,
+    const int caption = std::max(FromDIP(CaptionWidth), CaptionLetters * GetCharWidth());
+    m_cell = wxSize(std::max(m_picture.x, caption) + 2 * margin,
                     m_picture.y + GetCharHeight() + 3 * margin);
     const int lines = (m_rows.Count() + Columns() - 1) / Columns();
     SetScrollRate(0, std::max(1, m_cell.y / 4));
@@ -174,8 +176,8 @@ void TMuThumbnailView::DrawCell(wxDC& dc, int row)
     const wxPoint corner(cell.x + (cell.width - m_picture.x) / 2, cell.y + margin);
     DrawPicture(dc, wxRect(corner, m_picture), m_thumbnails.Thumbnail(row));
     dc.SetFont(m_rows.IsCurrent(row) ? GetFont().Bold() : GetFont());
-    dc.SetTextForeground(wxSystemSettings::GetColour(isSelected ? wxSYS_COLOUR_HIGHLIGHTTEXT
-                                                                : wxSYS_COLOUR_LISTBOXTEXT));
+    dc.SetTextForeground(wxSystemSettings::GetColour(
+        isSelected && HasFocus() ? wxSYS_COLOUR_HIGHLIGHTTEXT : wxSYS_COLOUR_LISTBOXTEXT));
     const wxRect caption(cell.x + margin / 2, corner.y + m_picture.y + margin, cell.width - margin,
                          GetCharHeight());
     dc.DrawLabel(wxControl::Ellipsize(ToWx(m_rows.Text(row, lcTitle)), dc, wxELLIPSIZE_END,

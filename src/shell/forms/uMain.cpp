@@ -150,7 +150,8 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
 {
     spHorizontal = new wxSplitterWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                         wxSP_LIVE_UPDATE, "spHorizontal");
-    spHorizontal->SetMinimumPaneSize(FromDIP(120)); // tabs, and a page that scrolls
+    // The smallest preview; and below it tabs with a page that scrolls.
+    spHorizontal->SetMinimumPaneSize(FromDIP(PreviewSizes[psMini].second));
     iPreview = new TPreviewPanel(spHorizontal, "iPreview");
     iPreview->SetToolTip("Right click for menu");
     pcEffect =

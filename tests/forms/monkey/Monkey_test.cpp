@@ -59,7 +59,8 @@ protected:
             &Monkey::PressAction, &Monkey::PressAction, &Monkey::PressAction, &Monkey::SelectRows,
             &Monkey::PressKey,    &Monkey::PressKey,    &Monkey::ClickCell,   &Monkey::AddSome,
             &Monkey::HandOff,     &Monkey::TurnClock,   &Monkey::Annoy,       &Monkey::ChangeFiles,
-            &Monkey::Resize,      &Monkey::Resize,
+            &Monkey::Resize,      &Monkey::Resize,      &Monkey::UseTray,     &Monkey::UseTray,
+            &Monkey::DropSome,
         };
         (this->*acts[Below(static_cast<int>(std::size(acts)))])();
         if (Chance(3))
@@ -199,27 +200,91 @@ protected:
                     static_cast<TColor>(Below(1 << 24)));
         else
             DeleteFileIfPresent(m_pictures[index]);
-        // A disk that takes nothing, for a while: a folder stands where the file was.
-        const std::string list = m_folder.File(ListFileName);
-        if (!std::exchange(m_isBlocked, Chance(30)) && m_isBlocked && IsReachableFile(list)) {
-            std::filesystem::rename(NativePath(list), NativePath(list + ".aside"));
-            std::filesystem::create_directory(NativePath(list));
-        } else if (!m_isBlocked) {
+        if (Chance(40))
+            Block();
+        else
             Unblock();
-        } else {
-            m_isBlocked = std::filesystem::is_directory(NativePath(list));
-        }
+    }
+    // A disk that takes nothing, for a while: a folder stands where the file was.
+    void Block()
+    {
+        static constexpr std::string_view names[] = {ListFileName, SettingsFileName, "Thumbnails",
+                                                     "MuralaWallpaper.bmp"};
+        Unblock();
+        m_blocked = m_folder.File(names[Below(static_cast<int>(std::size(names)))]);
+        if (IsReachable(m_blocked))
+            std::filesystem::rename(NativePath(m_blocked), NativePath(m_blocked + ".aside"));
+        if (m_blocked.ends_with("Thumbnails"))
+            m_folder.Write("Thumbnails", "no folder");
+        else
+            std::filesystem::create_directory(NativePath(m_blocked));
     }
     void Unblock()
     {
-        const auto list = NativePath(m_folder.File(ListFileName));
-        const auto aside = NativePath(m_folder.File(ListFileName) + ".aside");
-        m_isBlocked = false;
-        if (!std::filesystem::is_directory(list))
+        if (m_blocked.empty())
             return;
-        std::filesystem::remove(list);
-        if (std::filesystem::exists(aside))
-            std::filesystem::rename(aside, list);
+        const std::string aside = m_blocked + ".aside";
+        std::filesystem::remove_all(NativePath(m_blocked));
+        if (IsReachable(aside))
+            std::filesystem::rename(NativePath(aside), NativePath(m_blocked));
+        m_blocked.clear();
+    }
+    static bool IsReachable(const std::string& path)
+    {
+        return std::filesystem::exists(NativePath(path));
+    }
+
+    // Some of them are no pictures.
+    void DropSome()
+    {
+        std::vector<std::string> files = SomeFiles();
+        m_expected.insert(files.begin(), files.end());
+        files.push_back(m_folder.File("notes.txt"));
+        auto* names = new wxString[files.size()]; // the event's
+        std::ranges::transform(files, names, [](const std::string& file) { return ToWx(file); });
+        wxDropFilesEvent drop(wxEVT_DROP_FILES, static_cast<int>(files.size()), names);
+        m_main->ProcessWindowEvent(drop);
+    }
+
+    void UseTray()
+    {
+        TFakeTrayArea& area = m_services.TrayArea;
+        area.Refuses = Chance(10);
+        area.OnMenu = nullptr;
+        if (Chance(50))
+            area.OnMenu = [this](const TMenuItem& menu, TPoint) { return SomeItem(menu); };
+        switch (Below(6)) {
+        case 0:
+            return area.Turn(static_cast<TTrayState>(Below(3)));
+        case 1:
+            return area.Restart();
+        case 2:
+            area.Events->TrayMenuOpens();
+            if (const TMenuItem* item = SomeItem(area.Menu))
+                area.Events->TrayMenuChosen(std::string(item->Name));
+            return;
+        case 3:
+            return ClickRight();
+        default:
+            return area.Events->TrayLeftClick();
+        }
+    }
+    // Without a menu of the area's own the window would show one, and wait for the user.
+    void ClickRight()
+    {
+        if (m_services.TrayArea.OnMenu && m_services.TrayArea.HasIcon)
+            m_services.TrayArea.Events->TrayRightClick({Below(2000), Below(2000)});
+    }
+    // Any of them but the end of the program; null: none was chosen.
+    const TMenuItem* SomeItem(const TMenuItem& menu)
+    {
+        if (menu.Items.empty())
+            return nullptr;
+        const TMenuItem& item =
+            menu.Items[static_cast<std::size_t>(Below(static_cast<int>(menu.Items.size())))];
+        if (!item.Items.empty())
+            return SomeItem(item);
+        return item.Action == aExit || Chance(10) ? nullptr : &item;
     }
 
     void Resize()
@@ -232,6 +297,7 @@ protected:
     void RestartSometime()
     {
         Unblock();
+        m_services.TrayArea.Draws = Chance(50);
         while (!m_services.MessageLoop.Queue.empty())
             m_services.MessageLoop.HandlePendingMessages();
         if (Chance(50)) {
@@ -254,7 +320,7 @@ protected:
     std::mt19937 m_random;
     std::vector<std::string> m_pictures;
     std::set<std::string> m_expected;
-    bool m_isBlocked = false;
+    std::string m_blocked; // what the disk does not take
 };
 
 } // namespace

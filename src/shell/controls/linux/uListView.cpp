@@ -47,6 +47,8 @@ private:
     TRows& m_rows;
 };
 
+constexpr int DesignedCharWidth = 8;
+
 class TNativeListView : public wxDataViewCtrl, public TMuListView
 {
 public:
@@ -58,7 +60,7 @@ public:
         AssociateModel(m_model.get());
         for (int i = 0; i < ListColumnCount; ++i)
             AppendTextColumn(ToWx(ListColumns[i].Caption), static_cast<unsigned>(i),
-                             wxDATAVIEW_CELL_INERT, FromDIP(ListColumns[i].Width), wxALIGN_LEFT,
+                             wxDATAVIEW_CELL_INERT, ColumnWidth(ListColumns[i].Width), wxALIGN_LEFT,
                              wxDATAVIEW_COL_RESIZABLE | wxDATAVIEW_COL_SORTABLE);
         BindEvents();
     }
@@ -81,6 +83,11 @@ public:
 
 private:
     void BindEvents();
+    // A larger font of the user's does not change what a DIP is.
+    int ColumnWidth(int designed) const
+    {
+        return std::max(FromDIP(designed), designed * GetCharWidth() / DesignedCharWidth);
+    }
     int RowOf(const wxDataViewItem& item) const
     {
         return item.IsOk() ? static_cast<int>(m_model->GetRow(item)) : -1;

@@ -38,6 +38,11 @@ TDateTime LastChangeBefore(TDateTime lastChange, TDateTime now)
     return std::min(lastChange, now);
 }
 
+std::string LastChangeText(TDateTime lastChange)
+{
+    return "Last Change: " + DateTimeToDisplayText(lastChange);
+}
+
 std::string DescribeSchedule(const TScheduleSettings& schedule)
 {
     if (!schedule.Use)

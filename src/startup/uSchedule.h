@@ -35,6 +35,8 @@ TDateTime LastChangeBefore(TDateTime lastChange, TDateTime now);
 
 // For the user: "The wallpaper changes after 2 Weeks, on Monday at 12:00".
 std::string DescribeSchedule(const TScheduleSettings& schedule);
+// "Last Change: dd/mm/yyyy hh:mm".
+std::string LastChangeText(TDateTime lastChange);
 
 TScheduleSettings ScheduleOf(const TMuSettings& settings);
 void SetScheduleOf(TMuSettings& settings, const TScheduleSettings& schedule);

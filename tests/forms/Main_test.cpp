@@ -33,7 +33,9 @@ TEST_F(MainWindow, AppliesTheSelectedRowByItsAction)
     m_main->Murala().Desk.AddFiles(
         {Picture("Rot.bmp", 40, 30, 0x0000FF), Picture("Blau.bmp", 40, 30, 0xFF0000)});
     Select(1);
+    m_services.Clock.Time += 1;
     m_main->Actions().Execute(aApply);
+    EXPECT_EQ(Control<wxStaticText>("lLastChange").GetLabel(), "Last Change: 10/12/2025 12:00");
     const TBitmap picture = LoadImageFile(m_services.ProgramFolder + "MuralaWallpaper.bmp");
     EXPECT_EQ(picture.Size(), m_services.Desktop.Screen);
     EXPECT_EQ(picture.Row(199)[319] & 0xFFFFFF, ColorToPixel(0xFF0000));

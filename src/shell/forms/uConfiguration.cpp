@@ -160,8 +160,7 @@ wxWindow* TfConfiguration::BuildSchedulePage(wxWindow* parent)
         new wxStaticText(page, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lSchedule");
     rows->Add(lSchedule, wxSizerFlags().Expand().Border(wxBOTTOM));
     rows->Add(new wxStaticText(page, wxID_ANY,
-                               "Last Change: " + ToWx(DateTimeToDisplayText(
-                                                     m_configuration.Settings.LastChangeDate))),
+                               ToWx(LastChangeText(m_configuration.Settings.LastChangeDate))),
               wxSizerFlags().DoubleBorder(wxBOTTOM));
     auto* button = new wxButton(page, wxID_ANY, "&Wallpaper Schedule...", wxDefaultPosition,
                                 wxDefaultSize, 0, wxDefaultValidator, "bSchedule");

@@ -195,6 +195,9 @@ wxWindow* TfMain::BuildBottomPanel(wxWindow* parent)
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(pbMain, wxSizerFlags().CenterVertical().Border());
     row->Add(pStatusText, wxSizerFlags(1).CenterVertical().Border());
+    lLastChange =
+        new wxStaticText(panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lLastChange");
+    row->Add(lLastChange, wxSizerFlags().CenterVertical().Border());
     for (const TActionId action : {aPrevious, aNext, aApply})
         row->Add(m_binder.NewSpeedButton(panel, action, "sb" + ToWx(alMain[action].Name.substr(1))),
                  wxSizerFlags().CenterVertical().Border(wxTOP | wxBOTTOM | wxRIGHT));
@@ -224,6 +227,7 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
     m_murala.Core.Updating = false;
     CallLater(*this, [this] { m_wallpapers->View().Window().SetFocus(); });
     SelectionChanged();
+    ShowLastChange();
     if (IsApplyStart(arguments))
         m_murala.Storage.SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
     m_murala.Tray.Enable();

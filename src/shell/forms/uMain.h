@@ -95,6 +95,7 @@ private:
     void Place(const TPlacement& placement);
     void UpdateHints();
     void ShowSelectionStatus();
+    void ShowLastChange();
 
     // TMainView.
     void ShowMessage(const std::string& text) override;
@@ -119,7 +120,7 @@ private:
     void SelectionChanged() override;
     void CurrentChanged() override;
     void PreviewChanged(bool loadPicture) override;
-    void SettingsChanged() override { StartSchedule(); }
+    void SettingsChanged() override;
     void PauseChanged() override;
 
     std::unique_ptr<TTrayArea> m_toolkitTray; // null where the desktop needs no other
@@ -139,6 +140,7 @@ private:
     wxSize m_pagesSize; // what the largest page needs
     wxGauge* pbMain = nullptr;
     wxStaticText* pStatusText = nullptr;
+    wxStaticText* lLastChange = nullptr;
     wxTimer tSelectItem, tPreviewUpdate, tSchedule, tRefreshIcons, tIcons, tPlacement, tEnd;
     int m_rightWidth = 0, m_previewHeight = 0;
     TPlacement m_placement;

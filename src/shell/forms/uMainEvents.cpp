@@ -182,6 +182,7 @@ void TfMain::tRefreshIconsTimer()
 {
     m_murala.Ticker.RefreshTick();
     TrayChanged();
+    ShowLastChange();
 }
 
 void TfMain::FormDropFiles(wxDropFilesEvent& event)
@@ -322,6 +323,15 @@ void TfMain::ShowSelectionStatus()
     SetStatus(problem.empty() ? m_murala.Preview.StatusText() : problem);
 }
 
+void TfMain::ShowLastChange()
+{
+    const wxString text = ToWx(LastChangeText(m_murala.Core.Settings.LastChangeDate));
+    if (text == lLastChange->GetLabel())
+        return;
+    lLastChange->SetLabel(text);
+    lLastChange->GetParent()->Layout();
+}
+
 void TfMain::ItemsChanged(const TItems&)
 {
     UpdateHints();
@@ -339,6 +349,13 @@ void TfMain::CurrentChanged()
 {
     // Painting the desktop anew may have painted over the window.
     Refresh();
+    ShowLastChange();
+}
+
+void TfMain::SettingsChanged()
+{
+    StartSchedule();
+    ShowLastChange();
 }
 
 void TfMain::PreviewChanged(bool loadPicture)

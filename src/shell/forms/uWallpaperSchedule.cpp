@@ -34,8 +34,7 @@ TfSchedule::TfSchedule(wxWindow* parent, const TScheduleSettings& schedule, TDat
     content->Add(cbUseSchedule, wxSizerFlags().DoubleBorder(wxBOTTOM));
     content->Add(BuildFrequencyRow(), wxSizerFlags().Expand().Border(wxBOTTOM));
     content->Add(BuildMomentRow(), wxSizerFlags().Expand().DoubleBorder(wxBOTTOM));
-    content->Add(new wxStaticText(this, wxID_ANY,
-                                  "Last Change: " + ToWx(DateTimeToDisplayText(lastChange)),
+    content->Add(new wxStaticText(this, wxID_ANY, ToWx(LastChangeText(lastChange)),
                                   wxDefaultPosition, wxDefaultSize, 0, "lLastChange"));
     ShowSchedule(schedule);
     FinishDialog(*this, content);

@@ -119,7 +119,7 @@ void TfMain::BuildMenuBar()
                          aCalendar,
                          aCalendarOptions});
     m_binder.AppendMenu(*bar, "&View",
-                        {aViewList, aViewThumbnails, "-", "&Thumbnail Size>", aThumbSmall,
+                        {aViewList, aViewThumbnails, "-", "Thumbnail &Size>", aThumbSmall,
                          aThumbNormal, aThumbLarge, "<", "&Preview Size>", aMiniSize, aNormalSize,
                          aLargeSize, "<"});
     m_binder.AppendMenu(*bar, "&Options",

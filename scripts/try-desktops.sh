@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
 # try-desktops.sh [-i] [NAME...]: starts each desktop on a virtual screen, has Murala apply eight
 # pictures, one after the other, and looks at the pixels each time; restarts the desktop's shell,
-# closes Murala, and looks again. Prints a line a desktop. Names: lxde lxqt mate xfce plasma cinnamon
+# closes Murala, and looks again; once it measures how long the window does not answer while it
+# applies a picture. Prints a line a desktop. Names: lxde lxqt mate xfce plasma cinnamon
 # gnome gnome-wayland budgie sway x11 and, with a second monitor (a real X server with the dummy
 # driver), x11-2 xfce-2 lxqt-2 lxde-2 mate-2; sway-2 has two outputs, one of them scaled, and
-# gnome-wayland-2 one at 200 %. With -i the packages that they need are installed first. Screenshots stay in $TRY_FOLDER (/tmp/try-desktops).
+# gnome-wayland-2 one at 200 %. With -i the packages that they need are installed first. Screenshots stay in
+# $TRY_FOLDER (/tmp/try-desktops); a desktop has $TRY_LIMIT seconds (900).
 set -uo pipefail
 . "$(dirname "$0")/common.sh"
 
@@ -16,7 +18,7 @@ declare -A packages=(
     [xfce]="xfwm4 xfconf xfdesktop4 xfce4-panel" [budgie]="budgie-desktop"
     [plasma]="plasma-desktop plasma-workspace kwin-x11 breeze"
     [cinnamon]="cinnamon nemo muffin xapp-sn-watcher"
-    [gnome]="gnome-shell gnome-settings-daemon" [gnome-wayland]="gnome-shell xwayland python3-dbusmock"
+    [gnome]="gnome-shell gnome-settings-daemon" [gnome-wayland]="gnome-shell xwayland python3-dbusmock python3-dbus"
     [sway]="sway swaybg grim xwayland"
 )
 # What starts a desktop (DESKTOP), and what of it is killed and started again (SHELL), as bash.
@@ -131,6 +133,8 @@ start_shell() {
     shell_pid=$!
     pids+=("$shell_pid")
     sleep "${settle[$kind]:-5}"
+    # Some desktops see a second output only once its server was asked for it.
+    [[ $name == *-2 ]] && xrandr >/dev/null && sleep 3
     [ "$kind" = gnome ] && xdotool key Escape # out of its overview
     return 0
 }
@@ -169,7 +173,7 @@ PY
 
 # Inside the session's bus, with HOME, DISPLAY and so on of its own.
 inside() {
-    local number good=0 restarted=no closed=no width height composed
+    local number waited= good=0 restarted=no closed=no width height composed
     pids=()
     problem=
     trap 'kill "${pids[@]}" 2>/dev/null; sleep 1; kill -9 "${pids[@]}" 2>/dev/null' EXIT
@@ -214,7 +218,7 @@ inside() {
         local program=$!
         pids+=("$program")
         if all_show "$number"; then good=$((good + 1)); else failures+="$problem; "; fi
-        [ "$number" -eq 2 ] && keep_shot
+        [ "$number" -eq 2 ] && keep_shot && waited=$(longest_wait)
         if [ "$number" -lt 7 ]; then
             sleep 1
             kill "$program"
@@ -231,8 +235,68 @@ inside() {
     read -r _ _ width height _ <<<"${monitors[0]}"
     composed=$(identify -format '%wx%h' "$HOME/.local/share/murala/MuralaWallpaper.bmp")
     [ "$composed" = "${width}x$height" ] || failures+="composed as $composed; "
-    printf '| %s | %s of 8 | %s | %s | %s |\n' "$name" "$good" "$restarted" "$closed" \
-        "${failures:-none}" >"$work/result"
+    printf '| %s | %s of 8 | %s | %s | %s | %s |\n' "$name" "$good" "$restarted" "$closed" \
+        "${waited:--}" "${failures:-none}" >"$work/result"
+}
+
+# How long the window may leave a question unanswered while it applies the next picture, in
+# milliseconds; nothing where there is no X server to ask through.
+longest_wait() {
+    local window before data=$HOME/.local/share/murala/MuralaWallpaper.bmp
+    [ -n "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ] || return 0
+    window=$(xdotool search --onlyvisible --name '^Murala$' 2>/dev/null | head -1)
+    [ -n "$window" ] || return 0
+    before=$(stat -c %Y "$data")
+    xdotool windowactivate "$window" 2>/dev/null
+    sleep 1
+    xdotool key Down
+    sleep 2
+    (sleep 0.5; xdotool key ctrl+Return) &
+    python3 - "$window" >"$work/wait" <<'PY'
+import ctypes, sys, time
+x = ctypes.CDLL('libX11.so.6')
+x.XOpenDisplay.restype = ctypes.c_void_p
+x.XInternAtom.restype = x.XDefaultRootWindow.restype = ctypes.c_ulong
+
+class Message(ctypes.Structure):
+    _fields_ = [('type', ctypes.c_int), ('serial', ctypes.c_ulong), ('send_event', ctypes.c_int),
+                ('display', ctypes.c_void_p), ('window', ctypes.c_ulong),
+                ('message_type', ctypes.c_ulong), ('format', ctypes.c_int),
+                ('data', ctypes.c_long * 5), ('rest', ctypes.c_long * 12)]
+
+display = ctypes.c_void_p(x.XOpenDisplay(None))
+window, root = int(sys.argv[1]), x.XDefaultRootWindow(display)
+protocols = x.XInternAtom(display, b'WM_PROTOCOLS', 0)
+ping = x.XInternAtom(display, b'_NET_WM_PING', 0)
+client_message, substructure = 33, 1 << 19
+x.XSelectInput(display, ctypes.c_ulong(root), ctypes.c_long(substructure))
+
+def wait(number):
+    """Seconds until the window has answered the ping."""
+    sent = Message(type=client_message, window=window, message_type=protocols, format=32)
+    sent.data[:3] = [ping, number, window]
+    begin = time.monotonic()
+    x.XSendEvent(display, ctypes.c_ulong(window), 0, ctypes.c_long(0), ctypes.byref(sent))
+    x.XFlush(display)
+    event = Message()
+    while time.monotonic() - begin < 10:
+        if not x.XPending(display):
+            time.sleep(0.001)
+            continue
+        x.XNextEvent(display, ctypes.byref(event))
+        if event.type == client_message and event.data[0] == ping and event.data[1] == number:
+            return time.monotonic() - begin
+    return 10.0
+
+end, number, longest = time.monotonic() + 5, 0, 0.0
+while time.monotonic() < end:
+    number += 1
+    longest = max(longest, wait(number))
+    time.sleep(0.005)
+print(round(longest * 1000))
+PY
+    wait $!
+    [ "$(stat -c %Y "$data")" = "$before" ] && echo 'not applied' || echo "$(cat "$work/wait") ms"
 }
 
 # With the window, which a second start brings to the front.
@@ -302,7 +366,7 @@ try() {
         unset XDG_DATA_HOME XDG_CONFIG_HOME WAYLAND_DISPLAY SWAYSOCK DBUS_SESSION_BUS_ADDRESS
         # shellcheck disable=SC2163
         for each in ${environment[$kind]}; do export "$each"; done
-        start_server || { echo "| $name | no server | | | |" >"$work/result"; exit; }
+        start_server || { echo "| $name | no server | | | | |" >"$work/result"; exit; }
         trap 'kill "$server"' EXIT
         make_pictures "$work/pictures"
         make_list "$HOME" "$work/pictures"
@@ -334,10 +398,10 @@ try() {
         declare -p name kind work folder murala monitors shell desktop settle points palette around \
             >"$work/state"
         declare -f >>"$work/state"
-        timeout -k 5 400 ${as_user[@]+"${as_user[@]}"} dbus-run-session -- bash -c \
+        timeout -k 5 "${TRY_LIMIT:-900}" ${as_user[@]+"${as_user[@]}"} dbus-run-session -- bash -c \
             ". '$work/state'; failures=; inside" >>"$work/log" 2>&1
     )
-    cat "$work/result" 2>/dev/null || echo "| $name | did not come to an end | | | |"
+    cat "$work/result" 2>/dev/null || echo "| $name | did not come to an end | | | | |"
 }
 
 murala=$(realpath "$top/build/linux-release/murala")
@@ -346,10 +410,10 @@ mkdir -p "$folder"
 install=no
 [ "${1:-}" = -i ] && install=yes && shift
 [ $# -gt 0 ] && names=("$@")
-echo '| Desktop | Pictures | After a restart of the shell | After closing | Problems |'
-echo '| --- | --- | --- | --- | --- |'
+echo '| Desktop | Pictures | After a restart of the shell | After closing | Longest wait | Problems |'
+echo '| --- | --- | --- | --- | --- | --- |'
 for each in "${names[@]}"; do
-    needed="${packages[${each%-2}]} xvfb xdotool imagemagick dbus x11-xserver-utils"
+    needed="${packages[${each%-2}]} xvfb xdotool imagemagick dbus x11-xserver-utils python3-minimal"
     [[ $each == *-2 && $each != *way* ]] && needed+=" xserver-xorg-core xserver-xorg-video-dummy"
     # shellcheck disable=SC2086
     [ $install = yes ] && install_packages $needed

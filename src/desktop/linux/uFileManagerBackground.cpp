@@ -104,7 +104,7 @@ try {
 class TLxdeBackground : public TBackground
 {
 public:
-    void SetPicture(const std::string& path, TColor /*color*/, TOnTook onTook) override
+    void SetPicture(const std::string& path, TColor color, TOnTook onTook) override
     {
         if (!HasProgram("pcmanfm"))
             return onTook(TTook::No, "");
@@ -112,10 +112,10 @@ public:
             return onTook(TTook::NotYet, "");
         const std::size_t monitors = ReadScreens().Monitors.size();
         RunCommand({"pcmanfm", "--set-wallpaper=" + path, "--wallpaper-mode=crop"},
-                   [path, monitors, onTook = std::move(onTook)](TTook took, const std::string&) {
+                   [=, onTook = std::move(onTook)](TTook took, const std::string&) {
                        if (took != TTook::Yes || monitors < 2)
                            return onTook(took, "");
-                       Later(LastWordsMs, [=] { SetOtherMonitors(path, monitors, onTook); });
+                       Later(LastWordsMs, [=] { SetOtherMonitors(path, color, monitors, onTook); });
                    });
     }
 
@@ -137,7 +137,7 @@ private:
         return {};
     }
 
-    static void SetOtherMonitors(const std::string& path, std::size_t monitors,
+    static void SetOtherMonitors(const std::string& path, TColor color, std::size_t monitors,
                                  const TOnTook& onTook)
     {
         const std::filesystem::path profile = FindProfile(path);
@@ -147,10 +147,11 @@ private:
             "pcmanfm", profile.filename(),
             [=] {
                 const std::string first = ReadSettings(SettingsFile(profile, 0));
-                for (std::size_t monitor = 1; monitor < monitors; monitor++) {
+                for (std::size_t monitor = 0; monitor < monitors; monitor++) {
                     std::string text = ReadSettings(SettingsFile(profile, monitor));
                     text = ValueOf(text, "wallpaper").empty() ? first : text;
                     text = WithValue(text, "wallpaper_mode", "crop");
+                    text = WithValue(text, "desktop_bg", ColorToHexText(color));
                     WriteSettings(SettingsFile(profile, monitor),
                                   WithValue(text, "wallpaper", path));
                 }
@@ -171,7 +172,8 @@ public:
         if (!IsDesktopThere("pcmanfm-qt"))
             return onTook(TTook::NotYet, "");
         const TScreens screens = ReadScreens();
-        if (screens.Monitors.size() < 2 || DesktopWindowSize("pcmanfm-qt") != screens.Whole)
+        if (screens.Monitors.size() < 2 || HasPicturePerMonitor() ||
+            DesktopWindowSize("pcmanfm-qt") != screens.Whole)
             return Tell(path, std::move(onTook));
         WorkAside([=] { LayOut(path, screens, color); },
                   [path, onTook = std::move(onTook)] { Tell(path, onTook); });
@@ -202,6 +204,12 @@ private:
     static std::filesystem::path SettingsFile()
     {
         return UserConfigFolder() / "pcmanfm-qt" / Profile / "settings.conf";
+    }
+
+    // The desktop then draws it once on each.
+    static bool HasPicturePerMonitor()
+    {
+        return ValueOf(ReadSettings(SettingsFile()), "PerScreenWallpaper") == "true";
     }
 
     static bool HasSlideshow()

@@ -66,9 +66,9 @@ void TfMain::BindEvents()
     Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
         event.Skip();
         if (event.IsIconized())
-            CallLater(*this, [this] { HideWhenMinimised(); });
-        else
-            PreviewChanged(true);
+            return CallLater(*this, [this] { HideWhenMinimised(); });
+        PreviewChanged(true);
+        SendSizeEvent(wxSEND_EVENT_POST); // its borders may have come while it was an icon
     });
 }
 

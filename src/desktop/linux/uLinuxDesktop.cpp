@@ -22,7 +22,7 @@ namespace
 constexpr std::string_view StoreName = "Murala.desktop.ini";
 constexpr std::string_view ColorsSection = "colors";
 
-constexpr gint64 RetryLimitUs = 60 * G_USEC_PER_SEC;
+constexpr gint64 RetryLimitUs = gint64{60} * G_USEC_PER_SEC;
 constexpr guint RetryPauseMs = 2000;
 
 // Names of the same picture for desktops that go by names: some keep what a name once showed, so

@@ -90,7 +90,7 @@ public:
     ~TNotifierItem() override
     {
         g_cancellable_cancel(m_cancel.get());
-        Remove();
+        TNotifierItem::Remove();
         if (m_watch != 0)
             g_bus_unwatch_name(m_watch);
         if (m_signals != 0)

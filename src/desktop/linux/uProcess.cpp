@@ -3,6 +3,7 @@
 #include "uGLib.h"
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace murala
 {
@@ -82,11 +83,36 @@ bool HasProgram(const std::string& name)
     return TGText(g_find_program_in_path(name.c_str())) != nullptr;
 }
 
-bool StartProgram(const std::vector<std::string>& command)
+namespace
+{
+
+// `process`: null where nobody waits for its end.
+bool Start(const std::vector<std::string>& command, int flags, GPid* process)
 {
     const TOrdinaryPriority priority;
-    return g_spawn_async(nullptr, ArgumentPointers(command).data(), nullptr, G_SPAWN_SEARCH_PATH,
-                         nullptr, nullptr, nullptr, nullptr) != FALSE;
+    return g_spawn_async(
+               nullptr, ArgumentPointers(command).data(), nullptr,
+               static_cast<GSpawnFlags>(flags | G_SPAWN_SEARCH_PATH), [](gpointer) { setsid(); },
+               nullptr, process, nullptr) != FALSE;
+}
+
+} // namespace
+
+bool StartProgram(const std::vector<std::string>& command)
+{
+    return Start(command, G_SPAWN_DEFAULT, nullptr);
+}
+
+int StartSilentProgram(const std::vector<std::string>& command)
+{
+    constexpr auto flags =
+        G_SPAWN_DO_NOT_REAP_CHILD | G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL;
+    GPid process = 0;
+    if (!Start(command, flags, &process))
+        return 0;
+    g_child_watch_add(
+        process, [](GPid ended, gint, gpointer) { g_spawn_close_pid(ended); }, nullptr);
+    return process;
 }
 
 } // namespace murala

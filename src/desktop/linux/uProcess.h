@@ -28,7 +28,10 @@ void RunProgramLater(const std::vector<std::string>& command, std::function<void
 
 bool HasProgram(const std::string& name);
 
-// Starts a program (looked up in PATH) on its own. Whether it could be started.
+// Starts a program (looked up in PATH) on its own: it stays when this one ends, or is ended from a
+// terminal. Whether it could be started.
 bool StartProgram(const std::vector<std::string>& command);
+// The same; its number, 0 when it could not be started.
+int StartSilentProgram(const std::vector<std::string>& command);
 
 } // namespace murala

@@ -9,8 +9,6 @@
 #include <string>
 #include <vector>
 
-struct _XDisplay; // of Xlib, whose macros are not for everybody
-
 namespace murala
 {
 
@@ -55,7 +53,7 @@ private:
     void Settled();
 
     std::unique_ptr<TWaylandOutputs> m_wayland;
-    std::shared_ptr<_XDisplay> m_display;
+    std::shared_ptr<void> m_display;        // keeps the connection open
     std::unique_ptr<TMonitorWatch> m_watch; // without a compositor
     std::vector<TRect> m_places;            // as they were told last
     std::function<void()> m_onChange;

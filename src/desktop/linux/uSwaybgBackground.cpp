@@ -32,23 +32,6 @@ pid_t ReadProcess()
     return name == Program ? process : 0;
 }
 
-pid_t StartSwaybg(const std::string& path, TColor color)
-{
-    const std::string hex = ColorToHexText(color);
-    const char* command[] = {Program, "-i", path.c_str(), "-m", "fill", "-c", hex.c_str(), nullptr};
-    constexpr auto flags = G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD |
-                           G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL;
-    const TOrdinaryPriority priority;
-    GPid process = 0;
-    if (g_spawn_async(nullptr, const_cast<char**>(command), nullptr,
-                      static_cast<GSpawnFlags>(flags), nullptr, nullptr, &process,
-                      nullptr) == FALSE)
-        return 0;
-    g_child_watch_add(
-        process, [](GPid ended, gint, gpointer) { g_spawn_close_pid(ended); }, nullptr);
-    return process;
-}
-
 class TSwaybgBackground : public TBackground
 {
 public:
@@ -59,7 +42,8 @@ public:
         if (!HasProgram(Program))
             return onTook(TTook::No, "Install swaybg, which shows the picture on this desktop.");
         const pid_t before = ReadProcess();
-        const pid_t process = StartSwaybg(path, color);
+        const pid_t process =
+            StartSilentProgram({Program, "-i", path, "-m", "fill", "-c", ColorToHexText(color)});
         if (process == 0)
             return onTook(TTook::No, "");
         std::ofstream(NumberFile()) << process;

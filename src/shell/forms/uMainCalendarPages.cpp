@@ -65,6 +65,7 @@ wxWindow* Finish(wxWindow* page, wxSizer* rows)
     auto* frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(rows, wxSizerFlags(1).Expand().DoubleBorder());
     page->SetSizer(frame);
+    page->FitInside(); // a large font needs more than the page has
     return page;
 }
 

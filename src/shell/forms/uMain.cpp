@@ -136,6 +136,7 @@ void TfMain::BuildClient()
     spVertical = new wxSplitterWindow(m_client, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                       wxSP_LIVE_UPDATE, "spVertical");
     spVertical->SetMinimumPaneSize(FromDIP(100));
+    spVertical->SetSashGravity(1); // it is the list that gives room, at once
     m_wallpapers = new TWallpaperPanel(spVertical, m_murala, alMain, m_binder);
     wxWindow* right = BuildRightPanel(spVertical);
     spVertical->SplitVertically(m_wallpapers, right, -m_pagesSize.x);

@@ -21,7 +21,7 @@ bool HasSessionBus()
 }
 
 TVariant CallSessionBus(const TBusObject& object, const char* method, GVariant* arguments,
-                        const char* answerType)
+                        const char* answerType, int limitMs)
 {
     const TVariant owned(arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr);
     const TGObject<GDBusConnection> bus(
@@ -33,7 +33,7 @@ TVariant CallSessionBus(const TBusObject& object, const char* method, GVariant* 
     return TVariant(g_dbus_connection_call_sync(
         bus.get(), object.Name, object.Path, object.Interface, method, owned.get(),
         answerType != nullptr ? G_VARIANT_TYPE(answerType) : nullptr, G_DBUS_CALL_FLAGS_NONE,
-        TimeLimitMs, nullptr, nullptr));
+        limitMs, nullptr, nullptr));
 }
 
 namespace

@@ -20,8 +20,9 @@ bool HasSessionBus();
 
 // The answer, a tuple; null when there is no bus, no such program, or it answers with an error.
 // Takes over a floating `arguments` (a tuple or null). `answerType` is checked when it is given.
+// The caller waits for so many milliseconds at the most.
 TVariant CallSessionBus(const TBusObject& object, const char* method, GVariant* arguments,
-                        const char* answerType = nullptr);
+                        const char* answerType = nullptr, int limitMs = 5000);
 
 // The same without waiting: `onAnswer` runs out of the main loop, null where CallSessionBus gives
 // null.

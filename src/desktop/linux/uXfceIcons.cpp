@@ -19,9 +19,10 @@ namespace fs = std::filesystem;
 
 std::uint32_t XfceValue(const char* property, std::uint32_t otherwise)
 {
+    constexpr int LimitMs = 250; // a picture is being composed
     constexpr TBusObject Xfconf{"org.xfce.Xfconf", "/org/xfce/Xfconf", "org.xfce.Xfconf"};
-    const TVariant answer = CallSessionBus(Xfconf, "GetProperty",
-                                           g_variant_new("(ss)", "xfce4-desktop", property), "(v)");
+    const TVariant answer = CallSessionBus(
+        Xfconf, "GetProperty", g_variant_new("(ss)", "xfce4-desktop", property), "(v)", LimitMs);
     if (!answer)
         return otherwise;
     const TVariant boxed(g_variant_get_child_value(answer.get(), 0));

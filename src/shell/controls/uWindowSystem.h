@@ -14,6 +14,10 @@ class wxWindow;
 namespace murala
 {
 
+// Starts the toolkit, by `start`, without what a program with three-dimensional graphics would
+// need.
+bool StartLean(const std::function<bool()>& start);
+
 // Right before a window is shown for the first time, when its size has been set.
 void PrepareFirstShow(wxTopLevelWindow& window);
 

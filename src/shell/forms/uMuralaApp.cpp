@@ -1,9 +1,15 @@
 #include "uMuralaApp.h"
 
 #include "uMain.h"
+#include "uWindowSystem.h"
 
 namespace murala
 {
+
+bool TMuralaApp::Initialize(int& argc, wxChar** argv)
+{
+    return StartLean([&] { return wxApp::Initialize(argc, argv); });
+}
 
 bool TMuralaApp::OnExceptionInMainLoop()
 {

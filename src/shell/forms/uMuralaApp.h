@@ -9,6 +9,7 @@ namespace murala
 class TMuralaApp : public wxApp
 {
 public:
+    bool Initialize(int& argc, wxChar** argv) override;
     // The last net: what an event's handler has thrown is told, and the program goes on.
     bool OnExceptionInMainLoop() override;
 };

@@ -6,6 +6,7 @@
 #include <wx/toplevel.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
 #include <utility>
 
@@ -59,6 +60,19 @@ void DrawBar(GtkWidget* entry)
 }
 
 } // namespace
+
+// The first program of GTK 3 on an X server otherwise loads the graphics driver, only to see which
+// kinds of windows it likes: 50 MB, where the driver is the one without a card.
+bool StartLean(const std::function<bool()>& start)
+{
+    constexpr const char* name = "GDK_GL";
+    if (std::getenv(name) != nullptr)
+        return start();
+    setenv(name, "disable", 0);
+    const bool isStarted = start();
+    unsetenv(name); // what the program starts may want it
+    return isStarted;
+}
 
 // GTK 3 makes the window of the X server tiny, whatever size was set, lays everything out in it
 // when it is first shown, and complains about every widget that needs more.

@@ -48,6 +48,11 @@ private:
 
 } // namespace
 
+bool StartLean(const std::function<bool()>& start)
+{
+    return start();
+}
+
 void PrepareFirstShow(wxTopLevelWindow& /*window*/)
 {
 }

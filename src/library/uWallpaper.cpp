@@ -259,6 +259,18 @@ void TMuWallpaperList::Sort(TListColumn column, bool ascending, const TCompare& 
     m_items = std::move(sorted);
 }
 
+void TMuWallpaperList::TakeItems(TMuWallpaperList& other)
+{
+    assert(m_items.empty());
+    m_items = std::move(other.m_items);
+    m_byFileName = std::move(other.m_byFileName);
+    m_byteOrderMark = other.m_byteOrderMark;
+    m_largestNumber = other.m_largestNumber;
+    for (const auto& item : m_items)
+        item->Owner = this;
+    other.Clear();
+}
+
 void TMuWallpaperList::SaveToFile(const std::string& path) const
 {
     std::string content(m_byteOrderMark ? ByteOrderMark : std::string_view());

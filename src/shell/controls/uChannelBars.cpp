@@ -12,13 +12,21 @@ namespace
 constexpr const char* Captions[] = {"All &Colours", "&Red", "&Green", "&Blue"};
 constexpr int SettlingTime = 300; // milliseconds
 constexpr int BarWidth = 104;     // DIPs
+constexpr int BarHeight = 36;     // DIPs, with its ticks, at the most
+const wxSize Gap(4, 2);           // DIPs
 
 } // namespace
+
+wxSize TChannelBars::LikelySize(const wxWindow& parent)
+{
+    const int caption = parent.GetTextExtent(wxControl::RemoveMnemonics(Captions[0])).x;
+    return parent.FromDIP(Gap + wxSize(BarWidth, 4 * BarHeight)) + wxSize(caption, 0);
+}
 
 TChannelBars::TChannelBars(wxWindow* parent, TChannelRange range, const TNames& names)
     : wxPanel(parent)
 {
-    auto* rows = new wxFlexGridSizer(2, FromDIP(wxSize(4, 2)));
+    auto* rows = new wxFlexGridSizer(2, FromDIP(Gap));
     rows->AddGrowableCol(1);
     for (std::size_t i = 0; i < m_bars.size(); ++i) {
         rows->Add(new wxStaticText(this, wxID_ANY, Captions[i]), wxSizerFlags().CenterVertical());

@@ -28,6 +28,8 @@ public:
 
     // The window names of the sliders, by TChannel.
     using TNames = std::array<const char*, 4>;
+    // What they will need, about, before they are made.
+    static wxSize LikelySize(const wxWindow& parent);
     TChannelBars(wxWindow* parent, TChannelRange range, const TNames& names);
 
     // Nobody is told. Where the channels differ no position of the slider for all of them is right:

@@ -4,6 +4,7 @@
 #include "uWindowSystem.h"
 
 #include <memory>
+#include <utility>
 
 namespace murala
 {
@@ -13,6 +14,8 @@ namespace
 
 constexpr int ToolImageSide = 20;
 constexpr int SpeedButtonImageSide = 16;
+constexpr std::pair<TActionId, TFileIcon> FileIcons[] = {
+    {aDisplayProperties, TFileIcon::DisplayProperties}, {aGetWallpaper, TFileIcon::WebPage}};
 
 } // namespace
 
@@ -47,13 +50,8 @@ wxMenuItem* TActionBinder::NewItem(wxMenu& menu, const TAction& action)
     wxString caption = ToWx(action.Caption);
     if (!action.Shortcut.empty())
         caption += "\t" + ToWx(action.Shortcut);
-    auto* item = new wxMenuItem(&menu, IdOf(action.Id), caption, ToWx(action.Hint),
-                                action.Checkable ? wxITEM_CHECK : wxITEM_NORMAL);
-    if (action.Id == aDisplayProperties)
-        item->SetBitmap(FileIcon(TFileIcon::DisplayProperties));
-    else if (action.Id == aGetWallpaper)
-        item->SetBitmap(FileIcon(TFileIcon::WebPage));
-    return item;
+    return new wxMenuItem(&menu, IdOf(action.Id), caption, ToWx(action.Hint),
+                          action.Checkable ? wxITEM_CHECK : wxITEM_NORMAL);
 }
 
 void TActionBinder::Populate(wxMenu& menu, const TMenuPart*& part, const TMenuPart* end)
@@ -96,6 +94,23 @@ void TActionBinder::AppendMenu(wxMenuBar& bar, const wxString& caption, TLayout 
         bar.Append(menu, caption);
     else
         delete menu;
+}
+
+void TActionBinder::ShowFileIcons(wxMenuBar& bar)
+{
+    for (const auto& [action, icon] : FileIcons) {
+        std::size_t place = 0;
+        wxMenu* menu = nullptr;
+        wxMenuItem* item = bar.FindItem(IdOf(action), &menu);
+        const wxBitmapBundle image = item != nullptr ? FileIcon(icon) : wxBitmapBundle();
+        if (!image.IsOk())
+            continue;
+        // An entry takes its image only when it is put in.
+        menu->FindChildItem(item->GetId(), &place);
+        menu->Remove(item);
+        item->SetBitmap(image);
+        menu->Insert(place, item);
+    }
 }
 
 void TActionBinder::FillToolBar(wxToolBar& bar, TLayout layout)

@@ -36,6 +36,8 @@ public:
     wxMenu* NewMenu(TLayout layout);
     // Empty categories are left out.
     void AppendMenu(wxMenuBar& bar, const wxString& caption, TLayout layout);
+    // Looking the icons of files up takes time: the menus do without them until then.
+    void ShowFileIcons(wxMenuBar& bar);
     void FillToolBar(wxToolBar& bar, TLayout layout);
     wxButton* NewButton(wxWindow* parent, TActionId action, const wxString& name);
     wxButton* NewSpeedButton(wxWindow* parent, TActionId action, const wxString& name);

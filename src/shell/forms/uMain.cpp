@@ -48,6 +48,7 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
       alMain([this](const std::exception& error) { ReportError(error, TReport::MessageBox); }),
       m_binder(*this, alMain), m_services(services), m_link(link)
 {
+    m_murala.Storage.BeginLoadList();
     wxFrame::Create(nullptr, wxID_ANY, "Murala", wxDefaultPosition, wxDefaultSize,
                     wxDEFAULT_FRAME_STYLE, "TfMain");
     SetIcon(wxICON(murala));
@@ -144,7 +145,6 @@ void TfMain::BuildClient()
     rows->Add(spVertical, wxSizerFlags(1).Expand());
     rows->Add(BuildBottomPanel(m_client), wxSizerFlags().Expand());
     m_client->SetSizer(rows);
-    SetMinClientSize(wxSize(m_pagesSize.x, 0) + FromDIP(wxSize(240, 320)));
 }
 
 wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
@@ -158,18 +158,40 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
     pcEffect =
         new wxNotebook(spHorizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, "pcEffect");
     const auto addPage = [this](TSettingsPage* page, const char* caption) {
+        m_pages.push_back(page);
         pcEffect->AddPage(page, caption);
-        m_pagesSize.IncTo(page->GetSizer()->CalcMin());
     };
     addPage(new TDesktopPage(pcEffect, m_murala, m_binder, alMain), "&Desktop");
     addPage(new TTintPage(pcEffect, m_murala), "&Tint");
     addPage(new TEffectPage(pcEffect, m_murala), "&Effect");
     m_addOnsPage = new TAddOnsPage(pcEffect, m_murala, m_binder, alMain);
     addPage(m_addOnsPage, "&Add Ons");
-    // Not every notebook counts its own borders.
-    m_pagesSize = pcEffect->CalcSizeFromPage(m_pagesSize) + FromDIP(wxSize(12, 0));
+    m_pages.front()->Build();
+    MeasurePages();
     spHorizontal->SplitHorizontally(iPreview, pcEffect, FromDIP(PreviewSizes[psNormal].second));
     return spHorizontal;
+}
+
+void TfMain::MeasurePages()
+{
+    wxSize page = TTintPage::LikelySize(*pcEffect);
+    for (const TSettingsPage* built : m_pages)
+        if (built->IsBuilt())
+            page.IncTo(built->GetSizer()->CalcMin());
+    // Not every notebook counts its own borders.
+    m_pagesSize = pcEffect->CalcSizeFromPage(page) + FromDIP(wxSize(12, 0));
+    SetMinClientSize(wxSize(m_pagesSize.x, 0) + FromDIP(wxSize(240, 320)));
+}
+
+// What is not seen at first, and takes as long to make as the rest of the window: it waits until
+// that is on the screen.
+void TfMain::BuildUnseen()
+{
+    m_binder.ShowFileIcons(*GetMenuBar());
+    for (TSettingsPage* page : m_pages)
+        page->Build();
+    MeasurePages();
+    FitRightPanel();
 }
 
 // The size of a first start: the list with its first columns beside pages that are not cut.

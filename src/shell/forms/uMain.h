@@ -21,6 +21,7 @@ namespace murala
 {
 
 class TAddOnsPage;
+class TSettingsPage;
 
 class TfMain : public wxFrame, private TMainView, private TTrayView, private TListener
 {
@@ -90,7 +91,10 @@ private:
     void TrackPlacement();
     void tPlacementTimer();
 
+    void MeasurePages();
+    void BuildUnseen();
     wxSize DesignSize() const;
+    void FitRightPanel();
     void PlaceSplitters();
     void Place(const TPlacement& placement);
     void UpdateHints();
@@ -136,6 +140,7 @@ private:
     TWallpaperPanel* m_wallpapers = nullptr;
     TPreviewPanel* iPreview = nullptr;
     wxNotebook* pcEffect = nullptr;
+    std::vector<TSettingsPage*> m_pages; // of pcEffect
     TAddOnsPage* m_addOnsPage = nullptr;
     wxSize m_pagesSize; // what the largest page needs
     wxGauge* pbMain = nullptr;
@@ -149,7 +154,7 @@ private:
     wxWeakRef<wxWindow> m_focusBefore; // of being disabled
     bool m_wasEnabled = true;
     bool m_isStarting = true;
-    bool m_wasShown = false;
+    bool m_wasShown = false, m_wasPainted = false;
     bool m_isStartHidden = false; // until the window manager has taken it in
     bool m_isWakePending = false, m_isClosePending = false;
 };

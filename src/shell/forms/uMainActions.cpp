@@ -5,7 +5,6 @@
 #include "uCategory.h"
 #include "uConfiguration.h"
 #include "uPath.h"
-#include "uPreviewSizes.h"
 #include "uShippedFile.h"
 #include "uWxBitmap.h"
 
@@ -248,12 +247,8 @@ void TfMain::SetPreviewSize(TPreviewSize size)
     {
         const wxWindowUpdateLocker lock(this);
         const TValueScope updating(m_murala.Core.Updating, true);
-        const wxSize preview = FromDIP(wxSize(PreviewSizes[size].first, PreviewSizes[size].second));
         m_murala.Core.Settings.PreviewSize = size;
-        // The pages below keep the width that they need.
-        m_rightWidth = std::max(preview.x, m_pagesSize.x);
-        m_previewHeight = preview.y;
-        PlaceSplitters();
+        FitRightPanel();
     }
     PreviewChanged(false);
     m_murala.Storage.SaveSettings(TSaveFlags().set(sfPreviewSize));

@@ -4,8 +4,10 @@
 
 #include "uCallLater.h"
 #include "uPath.h"
+#include "uPreviewSizes.h"
 #include "uProcessMemory.h"
 #include "uProgress.h"
+#include "uSettingsPage.h"
 #include "uStickyEdges.h"
 #include "uText.h"
 
@@ -40,6 +42,17 @@ void TfMain::BindEvents()
         event.Skip();
         if (!m_murala.Core.Updating && !tSelectItem.IsRunning())
             PreviewChanged(false);
+    });
+    iPreview->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
+        event.Skip();
+        if (!std::exchange(m_wasPainted, true))
+            CallLater(*this, [this] { BuildUnseen(); });
+    });
+    pcEffect->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
+        event.Skip();
+        TSettingsPage& page = *m_pages.at(static_cast<std::size_t>(event.GetSelection()));
+        page.Build();
+        page.Arrive();
     });
     BindSplitters();
     BindTimers();
@@ -114,6 +127,16 @@ void TfMain::BindSplitters()
             event.Skip();
             CallLater(*this, [this] { PlaceSplitters(); });
         });
+}
+
+// The preview has its size, and the pages below it have the width that they need.
+void TfMain::FitRightPanel()
+{
+    const auto size = std::clamp(m_murala.Core.Settings.PreviewSize, psMini, psLarge);
+    const wxSize preview = FromDIP(wxSize(PreviewSizes[size].first, PreviewSizes[size].second));
+    m_rightWidth = std::max(preview.x, m_pagesSize.x);
+    m_previewHeight = preview.y;
+    PlaceSplitters();
 }
 
 void TfMain::PlaceSplitters()

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <wx/notebook.h>
-
 namespace murala
 {
 
@@ -23,7 +21,11 @@ constexpr int TextWidth = 270; // DIPs, where the page has no size yet
 
 TAddOnsPage::TAddOnsPage(wxWindow* parent, TMurala& murala, TActionBinder& binder,
                          TActionList& actions)
-    : TSettingsPage(parent, murala, "tsAddOns"), m_actions(actions)
+    : TSettingsPage(parent, murala, "tsAddOns"), m_binder(binder), m_actions(actions)
+{
+}
+
+wxSizer* TAddOnsPage::NewContent()
 {
     wxArrayString captions;
     for (const TAddOnRow& row : AddOnTable)
@@ -37,24 +39,20 @@ TAddOnsPage::TAddOnsPage(wxWindow* parent, TMurala& murala, TActionBinder& binde
     });
     m_addOns->Bind(wxEVT_LISTBOX_DCLICK,
                    [this](wxCommandEvent&) { m_actions.Execute(aConfigureAddOn); });
-    parent->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
-        event.Skip();
-        ShowPage();
-    });
     m_iconBoxProblem = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0,
                                         "lIconBoxProblem");
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(m_addOns, wxSizerFlags(1).Expand());
     content->Add(m_iconBoxProblem, wxSizerFlags().Expand().Border(wxTOP));
-    content->Add(binder.NewButton(this, aConfigureAddOn, "bAddOnOptions"),
+    content->Add(m_binder.NewButton(this, aConfigureAddOn, "bAddOnOptions"),
                  wxSizerFlags().DoubleBorder(wxTOP));
-    Finish(content);
     ShowMarks();
+    return content;
 }
 
 TActionId TAddOnsPage::OptionsAction() const
 {
-    const int row = m_addOns->GetSelection();
+    const int row = IsBuilt() ? m_addOns->GetSelection() : 0;
     return row == wxNOT_FOUND ? ActionCount : AddOnTable[row].Options;
 }
 
@@ -64,11 +62,8 @@ void TAddOnsPage::ShowMarks()
         m_addOns->Check(row, m_actions[AddOnTable[row].Switch].Checked());
 }
 
-void TAddOnsPage::ShowPage()
+void TAddOnsPage::Arrive()
 {
-    const auto* book = wxDynamicCast(GetParent(), wxNotebook);
-    if (book == nullptr || book->GetCurrentPage() != this)
-        return;
     if (m_addOns->GetSelection() == wxNOT_FOUND)
         m_addOns->SetSelection(0);
     // The desktop's icons may have come up meanwhile.

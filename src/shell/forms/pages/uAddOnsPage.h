@@ -17,17 +17,18 @@ public:
 
     // The options action of the selected add-on; ActionCount when none is selected.
     TActionId OptionsAction() const;
+    void Arrive() override;
 
 private:
+    wxSizer* NewContent() override;
     void ShowItem(const TMuWallpaper*) override {}
     void AddOnsChanged() override { ShowMarks(); }
     void ShowMarks();
-    // The page has come to the front.
-    void ShowPage();
 
+    TActionBinder& m_binder;
     TActionList& m_actions;
-    wxCheckListBox* m_addOns;
-    wxStaticText* m_iconBoxProblem;
+    wxCheckListBox* m_addOns = nullptr;
+    wxStaticText* m_iconBoxProblem = nullptr;
     wxString m_shownProblem; // before it was broken into lines
 };
 

@@ -12,7 +12,11 @@ constexpr TColor Black = 0, White = 0xFFFFFF;
 
 TDesktopPage::TDesktopPage(wxWindow* parent, TMurala& murala, TActionBinder& binder,
                            TActionList& actions)
-    : TSettingsPage(parent, murala, "tsDesktop"), m_actions(actions)
+    : TSettingsPage(parent, murala, "tsDesktop"), m_binder(binder), m_actions(actions)
+{
+}
+
+wxSizer* TDesktopPage::NewContent()
 {
     auto* label = new wxStaticText(this, wxID_ANY, "Desktop Color");
     m_desktopColor = new wxPanel(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(48, 24)),
@@ -20,7 +24,7 @@ TDesktopPage::TDesktopPage(wxWindow* parent, TMurala& murala, TActionBinder& bin
     auto* choose = new wxBoxSizer(wxHORIZONTAL);
     choose->Add(label, wxSizerFlags().CenterVertical());
     choose->Add(m_desktopColor, wxSizerFlags().CenterVertical().Border(wxLEFT | wxRIGHT));
-    wxButton* select = binder.NewButton(this, aDesktopColor, "bDesktopColor");
+    wxButton* select = m_binder.NewButton(this, aDesktopColor, "bDesktopColor");
     select->SetLabel("Select &Color");
     choose->Add(select, wxSizerFlags().CenterVertical());
 
@@ -30,12 +34,12 @@ TDesktopPage::TDesktopPage(wxWindow* parent, TMurala& murala, TActionBinder& bin
     colors->Add(m_black, wxSizerFlags(1));
     colors->Add(m_white, wxSizerFlags(1).Border(wxLEFT));
 
-    m_transparentIcons = binder.NewCheckBox(this, aTransparentIcons, "cbTransparentIcons");
+    m_transparentIcons = m_binder.NewCheckBox(this, aTransparentIcons, "cbTransparentIcons");
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(choose, wxSizerFlags().Expand());
     content->Add(colors, wxSizerFlags().Expand().DoubleBorder(wxTOP));
     content->Add(m_transparentIcons, wxSizerFlags().DoubleBorder(wxTOP));
-    Finish(content);
+    return content;
 }
 
 wxButton* TDesktopPage::NewColorButton(TColor color, const wxString& name, const wxString& caption,

@@ -13,15 +13,17 @@ public:
     TDesktopPage(wxWindow* parent, TMurala& murala, TActionBinder& binder, TActionList& actions);
 
 private:
+    wxSizer* NewContent() override;
     void ShowItem(const TMuWallpaper* item) override;
     wxButton* NewColorButton(TColor color, const wxString& name, const wxString& caption,
                              const wxString& hint);
 
+    TActionBinder& m_binder;
     TActionList& m_actions;
-    wxPanel* m_desktopColor;
-    wxButton* m_black;
-    wxButton* m_white;
-    wxCheckBox* m_transparentIcons;
+    wxPanel* m_desktopColor = nullptr;
+    wxButton* m_black = nullptr;
+    wxButton* m_white = nullptr;
+    wxCheckBox* m_transparentIcons = nullptr;
 };
 
 } // namespace murala

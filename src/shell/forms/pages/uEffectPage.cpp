@@ -11,11 +11,15 @@ namespace murala
 TEffectPage::TEffectPage(wxWindow* parent, TMurala& murala)
     : TSettingsPage(parent, murala, "tsEffect")
 {
+}
+
+wxSizer* TEffectPage::NewContent()
+{
     m_effect = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, {}, 0,
                             wxDefaultValidator, "cbEffect");
     SetAccessibleName(*m_effect, "Effect");
     IndexOf(std::string(NoEffect));
-    for (const std::string& effect : murala.Applier.ListEffects())
+    for (const std::string& effect : m_murala.Applier.ListEffects())
         IndexOf(effect);
     m_settings = new wxButton(this, wxID_ANY, "Settings", wxDefaultPosition, wxDefaultSize, 0,
                               wxDefaultValidator, "mulSettings");
@@ -31,7 +35,7 @@ TEffectPage::TEffectPage(wxWindow* parent, TMurala& murala)
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(m_effect, wxSizerFlags().Expand());
     content->Add(m_settings, wxSizerFlags().DoubleBorder(wxTOP));
-    Finish(content);
+    return content;
 }
 
 // An effect that was uninstalled stays the item's until the user chooses another.

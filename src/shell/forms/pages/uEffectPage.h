@@ -15,12 +15,13 @@ public:
     TEffectPage(wxWindow* parent, TMurala& murala);
 
 private:
+    wxSizer* NewContent() override;
     void ShowItem(const TMuWallpaper* item) override;
     int IndexOf(const std::string& effect);
 
     std::vector<std::string> m_names; // as m_effect shows them
-    wxChoice* m_effect;
-    wxButton* m_settings;
+    wxChoice* m_effect = nullptr;
+    wxButton* m_settings = nullptr;
 };
 
 } // namespace murala

@@ -14,14 +14,17 @@ TSettingsPage::TSettingsPage(wxWindow* parent, TMurala& murala, const wxString& 
 {
 }
 
-void TSettingsPage::Finish(wxSizer* content)
+void TSettingsPage::Build()
 {
+    if (IsBuilt())
+        return;
     auto* frame = new wxBoxSizer(wxVERTICAL);
-    frame->Add(content, wxSizerFlags(1).Expand().DoubleBorder());
+    frame->Add(NewContent(), wxSizerFlags(1).Expand().DoubleBorder());
     SetSizer(frame);
     SetScrollRate(FromDIP(8), FromDIP(8));
     FitInside();
     m_murala.Core.Listeners.Add(*this);
+    SelectionChanged();
 }
 
 void TSettingsPage::ItemsChanged(const TItems& items)

@@ -15,12 +15,18 @@ class TSettingsPage : public wxScrolledWindow, protected TListener
 public:
     ~TSettingsPage() override { m_murala.Core.Listeners.Remove(*this); }
 
+    // Makes the controls, which takes longer than the rest of the window, and shows what is
+    // selected from now on. Once; later calls do nothing.
+    void Build();
+    bool IsBuilt() const { return GetSizer() != nullptr; }
+    // The page has come to the front.
+    virtual void Arrive() {}
+
 protected:
     TSettingsPage(wxWindow* parent, TMurala& murala, const wxString& name);
+    virtual wxSizer* NewContent() = 0;
     // Shows the item's values; null: there is none, and everything is disabled.
     virtual void ShowItem(const TMuWallpaper* item) = 0;
-    // Adds the margin, makes the scroll range and shows what is selected from now on.
-    void Finish(wxSizer* content);
 
     TItems Items() const { return m_murala.Core.Selection.Items(); }
 

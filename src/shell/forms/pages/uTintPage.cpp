@@ -8,6 +8,17 @@ namespace murala
 
 TTintPage::TTintPage(wxWindow* parent, TMurala& murala) : TSettingsPage(parent, murala, "tsGamma")
 {
+}
+
+wxSize TTintPage::LikelySize(const wxWindow& parent)
+{
+    const wxSize bars = TChannelBars::LikelySize(parent);
+    const int caption = parent.GetCharHeight(), choice = wxButton::GetDefaultSize().y;
+    return wxSize(2 * bars.x, bars.y + caption + choice) + parent.FromDIP(wxSize(65, 50));
+}
+
+wxSizer* TTintPage::NewContent()
+{
     wxArrayString styles;
     for (const std::string_view style : GammaStyleNames)
         styles.Add(ToWx(style));
@@ -27,7 +38,7 @@ TTintPage::TTintPage(wxWindow* parent, TMurala& murala) : TSettingsPage(parent, 
                      {"tbGammaEnd", "tbGammaRedEnd", "tbGammaGreenEnd", "tbGammaBlueEnd"}),
               wxSizerFlags(1).Expand().Border(wxLEFT));
     content->Add(ends, wxSizerFlags(1).Expand().Border(wxTOP));
-    Finish(content);
+    return content;
 }
 
 wxSizer* TTintPage::NewEnd(TTintEnd end, const wxString& caption, const TChannelBars::TNames& names)

@@ -14,8 +14,11 @@ class TTintPage : public TSettingsPage
 {
 public:
     TTintPage(wxWindow* parent, TMurala& murala);
+    // What the page will need, about, before it is built.
+    static wxSize LikelySize(const wxWindow& parent);
 
 private:
+    wxSizer* NewContent() override;
     void ShowItem(const TMuWallpaper* item) override;
     wxSizer* NewEnd(TTintEnd end, const wxString& caption, const TChannelBars::TNames& names);
 
@@ -25,7 +28,7 @@ private:
     };
     TEnd& End(TTintEnd end) { return end == TTintEnd::Start ? m_start : m_end; }
 
-    wxChoice* m_style;
+    wxChoice* m_style = nullptr;
     TEnd m_start, m_end;
 };
 

@@ -174,12 +174,11 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
 
 void TfMain::MeasurePages()
 {
-    wxSize page = TTintPage::LikelySize(*pcEffect);
-    for (const TSettingsPage* built : m_pages)
-        if (built->IsBuilt())
-            page.IncTo(built->GetSizer()->CalcMin());
+    wxSize size;
+    for (const TSettingsPage* page : m_pages)
+        size.IncTo(page->IsBuilt() ? page->GetSizer()->CalcMin() : page->LikelySize());
     // Not every notebook counts its own borders.
-    m_pagesSize = pcEffect->CalcSizeFromPage(page) + FromDIP(wxSize(12, 0));
+    m_pagesSize = pcEffect->CalcSizeFromPage(size) + FromDIP(wxSize(12, 0));
     SetMinClientSize(wxSize(m_pagesSize.x, 0) + FromDIP(wxSize(240, 320)));
 }
 

@@ -19,6 +19,8 @@ public:
     // selected from now on. Once; later calls do nothing.
     void Build();
     bool IsBuilt() const { return GetSizer() != nullptr; }
+    // What the page will need, about, before it is built: for the one that needs the most.
+    virtual wxSize LikelySize() const { return {}; }
     // The page has come to the front.
     virtual void Arrive() {}
 

@@ -10,11 +10,11 @@ TTintPage::TTintPage(wxWindow* parent, TMurala& murala) : TSettingsPage(parent, 
 {
 }
 
-wxSize TTintPage::LikelySize(const wxWindow& parent)
+wxSize TTintPage::LikelySize() const
 {
-    const wxSize bars = TChannelBars::LikelySize(parent);
-    const int caption = parent.GetCharHeight(), choice = wxButton::GetDefaultSize().y;
-    return wxSize(2 * bars.x, bars.y + caption + choice) + parent.FromDIP(wxSize(65, 50));
+    const wxSize bars = TChannelBars::LikelySize(*this);
+    const int caption = GetCharHeight(), choice = wxButton::GetDefaultSize().y;
+    return wxSize(2 * bars.x, bars.y + caption + choice) + FromDIP(wxSize(65, 50));
 }
 
 wxSizer* TTintPage::NewContent()

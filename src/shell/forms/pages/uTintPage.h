@@ -14,8 +14,7 @@ class TTintPage : public TSettingsPage
 {
 public:
     TTintPage(wxWindow* parent, TMurala& murala);
-    // What the page will need, about, before it is built.
-    static wxSize LikelySize(const wxWindow& parent);
+    wxSize LikelySize() const override;
 
 private:
     wxSizer* NewContent() override;

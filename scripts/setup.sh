@@ -4,7 +4,7 @@ set -euo pipefail
 . "$(dirname "$0")/common.sh"
 
 run=(cmake ninja-build g++ pkg-config ccache libjpeg-dev libwxgtk3.2-dev libgtk-3-dev libx11-dev
-    libxrandr-dev libxss-dev libsm-dev libice-dev libwayland-dev libglib2.0-dev libdbusmenu-glib-dev
+    libxrandr-dev libxss-dev libsm-dev libice-dev libwayland-dev libglib2.0-dev
     libpango1.0-dev librsvg2-common fonts-liberation libgtest-dev libbenchmark-dev)
 # A virtual screen and what a demonstration on it needs.
 screen=(xvfb xauth openbox xdotool imagemagick x11-utils dbus fonts-dejavu-core adwaita-icon-theme)

@@ -12,10 +12,10 @@ namespace murala
 namespace
 {
 
-// The menu of more wallpapers than these is made when it is wanted. It is kept for a while: calls
-// of RefreshMenu, a minute.
+// The menu of more wallpapers than these is made when it is wanted, and let go soon afterwards:
+// calls of RefreshMenu, five to ten seconds.
 constexpr int MostWallpapersKept = 200;
-constexpr int MenuRest = 12;
+constexpr int MenuRest = 2;
 
 // The pop-up, before and behind the wallpapers' menu; ActionCount stands for a separator.
 constexpr TActionId ActionsBefore[] = {aOptions};
@@ -88,9 +88,9 @@ void TTray::Enable()
     m_isDisabled = false;
     PauseChanged();
     if (IsMenuKept())
-        RebuildTrayMenus(true);
-    else
-        ReleaseMenu();
+        return RebuildTrayMenus(true);
+    ReleaseMenu();
+    HandOverMenu();
 }
 
 void TTray::Disable()
@@ -120,7 +120,8 @@ void TTray::CurrentChanged()
     ShowHint();
     if (m_view != nullptr)
         m_view->StartIcons();
-    HandOverMenu();
+    if (!m_isMenuReleased)
+        HandOverMenu();
 }
 
 void TTray::ShowHint()
@@ -235,8 +236,13 @@ void TTray::ReloadForDesktop(int desktop)
 
 void TTray::MenuChosen(const std::string& name)
 {
-    if (const TMenuItem* item = FindMenuItem(pmTrayIcon, name))
+    const TMenuItem* item = FindMenuItem(pmTrayIcon, name);
+    if (item != nullptr && item->Action >= 0)
         Choose(TMenuItem(*item));
+    else if (const int index = WallpaperIndexOf(name); index >= 0)
+        ChooseWallpaper(index); // whether the menu has been released since or not
+    else if (name == MoreMenuName)
+        m_view->RestoreWindow(); // the desktop cannot show what is below it
 }
 
 void TTray::Choose(const TMenuItem& item)
@@ -249,7 +255,11 @@ void TTray::Choose(const TMenuItem& item)
 
 void TTray::ChooseWallpaperFromMenu(const TMenuItem& item)
 {
-    const int index = WallpaperIndexOf(item);
+    ChooseWallpaper(WallpaperIndexOf(item));
+}
+
+void TTray::ChooseWallpaper(int index)
+{
     if (index < 0 || index >= static_cast<int>(m_menuWallpapers.size()))
         return;
     // The list may have changed since the menu was made.
@@ -302,7 +312,7 @@ void TTray::RebuildTrayMenus(bool force)
     for (int i = 0; i < m_core.List.Count(); ++i)
         m_menuWallpapers.push_back(&m_core.List.Item(i));
     UpdateActions(pmTrayIcon);
-    m_menusDirty = false;
+    m_menusDirty = m_isMenuReleased = false;
     m_isByCategory = m_core.Settings.UseWallpaperCategories;
     HandOverMenu();
 }
@@ -312,16 +322,15 @@ bool TTray::IsMenuKept() const
     return m_core.List.Count() <= MostWallpapersKept;
 }
 
-// Of thousands of wallpapers it takes more memory than all the rest.
+// A desktop that draws it keeps what it was told, so that it opens at once the next time, and may
+// ask for a wallpaper of it: the numbers in it are kept.
 void TTray::ReleaseMenu()
 {
     if (m_core.Updating || m_actions == nullptr)
         return;
     pmTrayIcon = NewPopupMenu(TMuWallpaperList());
-    m_menuWallpapers = {};
-    m_menusDirty = true;
+    m_menusDirty = m_isMenuReleased = true;
     UpdateActions(pmTrayIcon);
-    HandOverMenu();
     GiveBackFreeMemory();
 }
 

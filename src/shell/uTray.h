@@ -92,6 +92,7 @@ private:
     void MenuChosen(const std::string& name);
 
     void Choose(const TMenuItem& item);
+    void ChooseWallpaper(int index);
     const TMenuItem* ShowMenu(TPoint place);
     TPoint PlaceOfMenu(TPoint cursor) const;
     TMenuItem ActionItem(TActionId id) const;
@@ -117,6 +118,7 @@ private:
     std::vector<const TMuWallpaper*> m_menuWallpapers; // by the indexes in the menu
     bool m_menusDirty = true;
     bool m_isByCategory = false; // the menu
+    bool m_isMenuReleased = false;
     bool m_isMenuOpen = false;
     bool m_isDisabled = true;
     int m_menuRest = 0;       // until it is released

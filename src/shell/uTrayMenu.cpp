@@ -11,6 +11,8 @@ namespace murala
 namespace
 {
 
+// Of a wallpaper's entry; its index follows.
+constexpr std::string_view NamePrefix = "CategoryMenuItem", HintPrefix = "WallpaperMenu";
 constexpr std::size_t LongestMenu = 100;
 // The shell lets a docked task bar overlap the screen.
 constexpr int DockOverlap = 2;
@@ -22,6 +24,12 @@ TMenuItem NewItem(std::string_view name, std::string_view caption)
     item.Name = name;
     item.Caption = caption;
     return item;
+}
+
+// Up to the next "_"; -1 for none.
+int NumberAt(std::string_view text, std::size_t place)
+{
+    return ParseInteger(text.substr(place, text.find('_') - place)).value_or(-1);
 }
 
 // Fills one menu with wallpapers, and the menus below it that take what is too much for it.
@@ -40,9 +48,9 @@ public:
         TMenuItem& item = m_menu->Items.emplace_back();
         const std::size_t place = m_menu->Items.size() - 1;
         const std::string number = std::to_string(index);
-        item.Name = "CategoryMenuItem" + number;
+        item.Name = std::string(NamePrefix) + number;
         item.Caption = ReplaceAll(DisplayText(wallpaper.Title), "&", "&&");
-        item.Hint = "WallpaperMenu" + number + '_' + std::to_string(place);
+        item.Hint = std::string(HintPrefix) + number + '_' + std::to_string(place);
         item.Checked = index == m_current;
         item.BarBreak = m_rows > 0 && place > 0 && place % static_cast<std::size_t>(m_rows) == 0;
     }
@@ -51,7 +59,7 @@ private:
     void OpenMore()
     {
         m_menu->Items.push_back(NewItem("MoreSeparatorCategoryMenuItem", SeparatorCaption));
-        m_menu->Items.push_back(NewItem("MoreCategoryMenuItem", "More..."));
+        m_menu->Items.push_back(NewItem(MoreMenuName, "More..."));
         // What is above grows no more, so that this one stays where it is.
         m_menu = &m_menu->Items.back();
         m_count = 1;
@@ -124,12 +132,13 @@ void AppendToWallpaperMenu(TMenuItem& menu, std::span<const TMenuItem> items)
 
 int WallpaperIndexOf(const TMenuItem& item)
 {
-    constexpr std::string_view prefix = "WallpaperMenu";
-    std::string_view hint = item.Hint;
-    if (!hint.starts_with(prefix))
-        return -1;
-    hint.remove_prefix(prefix.size());
-    return ParseInteger(hint.substr(0, hint.find('_'))).value_or(-1);
+    const std::string_view hint = item.Hint;
+    return hint.starts_with(HintPrefix) ? NumberAt(hint, HintPrefix.size()) : -1;
+}
+
+int WallpaperIndexOf(std::string_view name)
+{
+    return name.starts_with(NamePrefix) ? NumberAt(name, NamePrefix.size()) : -1;
 }
 
 void UpdateTrayChecks(TMenuItem& menu, int current)

@@ -11,6 +11,9 @@
 namespace murala
 {
 
+// Of the menus that take what is too much for the one above.
+inline constexpr std::string_view MoreMenuName = "MoreCategoryMenuItem";
+
 struct TWallpaperMenuOptions {
     bool ByCategory = true;
     int Rows = 30; // entries that fit into a column on the screen
@@ -23,8 +26,9 @@ TMenuItem NewWallpaperMenu(const TMuWallpaperList& list, int current,
 // The separator behind the list, and the entries that the menu is to end with.
 void AppendToWallpaperMenu(TMenuItem& menu, std::span<const TMenuItem> items);
 
-// The index in the hint of a wallpaper's entry, -1 for any other entry.
+// The index in the hint of a wallpaper's entry, or in its name; -1 for any other entry.
 int WallpaperIndexOf(const TMenuItem& item);
+int WallpaperIndexOf(std::string_view name);
 // After another wallpaper became the current one: its entry is checked, and no other. Entries of
 // actions are left as they are.
 void UpdateTrayChecks(TMenuItem& menu, int current);

@@ -347,31 +347,45 @@ TEST_F(Tray, ADesktopThatDrawsTheMenuHasTheLatest)
     EXPECT_EQ(CurrentIndex(), 1);
 }
 
-TEST_F(Tray, TheMenuOfThousandsIsThereWhenItIsWantedAndGoesAgain)
+TEST_F(Tray, TheMenuOfThousandsIsMadeWhenItIsWantedAndTheDesktopKeepsIt)
 {
     Area().Draws = true;
     std::vector<std::string> files;
     for (int i = 0; i < 300; ++i)
         files.push_back(Picture("P" + std::to_string(i) + ".bmp"));
     m_murala->Desk.AddFiles(files);
-    const auto isThere = [this] { return FindMenuItem(Area().Menu, "CategoryMenuItem299"); };
+    const auto told = [this](const char* name) { return FindMenuItem(Area().Menu, name); };
+    const auto isHeld = [this] {
+        return FindMenuItem(m_murala->Tray.Menu(), "CategoryMenuItem299") != nullptr;
+    };
     m_murala->Tray.Enable(); // as at the start
-    EXPECT_EQ(isThere(), nullptr);
-    EXPECT_NE(FindMenuItem(Area().Menu, "aExit"), nullptr);
+    EXPECT_EQ(told("CategoryMenuItem299"), nullptr);
+    EXPECT_NE(told("aExit"), nullptr);
     Area().Events->TrayMenuOpens();
-    EXPECT_NE(isThere(), nullptr);
-    for (int minute = 0; minute < 3; ++minute) {
-        for (int i = 0; i < 11; ++i)
-            m_murala->Ticker.RefreshTick();
-        EXPECT_NE(isThere(), nullptr);
-        Area().Events->TrayMenuOpens(); // a menu below it: it is still in use
-    }
-    for (int i = 0; i < 12; ++i)
-        m_murala->Ticker.RefreshTick();
-    EXPECT_EQ(isThere(), nullptr);
-    Area().Events->TrayMenuOpens();
+    EXPECT_NE(told("CategoryMenuItem299"), nullptr);
+    m_murala->Ticker.RefreshTick();
+    EXPECT_TRUE(isHeld());
+    m_murala->Ticker.RefreshTick();
+    EXPECT_FALSE(isHeld());
+
+    // What the desktop was told holds, whatever becomes of the list: it is another wallpaper's
+    // number now.
+    Select(0);
+    m_murala->Desk.RemoveSelected();
+    const std::string wanted = Item(298).FileName();
     Area().Events->TrayMenuChosen("CategoryMenuItem299");
-    EXPECT_EQ(CurrentIndex(), 299);
+    EXPECT_EQ(m_murala->Core.Selection.Current()->FileName(), wanted);
+    EXPECT_NE(told("CategoryMenuItem299"), nullptr);
+    m_services.Desktop.Calls.clear();
+    Area().Events->TrayMenuChosen("CategoryMenuItem0"); // was removed
+    EXPECT_TRUE(m_services.Desktop.Calls.empty());
+    m_view.Visible = false;
+    Area().Events->TrayMenuChosen("MoreCategoryMenuItem"); // too deep for the desktop
+    EXPECT_TRUE(m_view.Visible);
+
+    Area().Events->TrayMenuOpens();
+    EXPECT_EQ(told("CategoryMenuItem299"), nullptr);
+    EXPECT_TRUE(told("CategoryMenuItem298")->Checked);
 }
 
 TEST_F(Tray, HidingIsExplainedOnceForAllTimes)

@@ -1,6 +1,8 @@
 #include "uDBusMenu.h"
 
-#include "uText.h"
+#include <algorithm>
+#include <limits>
+#include <utility>
 
 namespace murala
 {
@@ -8,130 +10,340 @@ namespace murala
 namespace
 {
 
-constexpr const char* NameKey = "murala-name";
+constexpr const char* Introspection = R"xml(<node><interface name="com.canonical.dbusmenu">
+<property name="Version" type="u" access="read"/>
+<property name="TextDirection" type="s" access="read"/>
+<property name="Status" type="s" access="read"/>
+<property name="IconThemePath" type="as" access="read"/>
+<method name="GetLayout"><arg type="i" direction="in"/><arg type="i" direction="in"/>
+<arg type="as" direction="in"/><arg type="u" direction="out"/>
+<arg type="(ia{sv}av)" direction="out"/></method>
+<method name="GetGroupProperties"><arg type="ai" direction="in"/><arg type="as" direction="in"/>
+<arg type="a(ia{sv})" direction="out"/></method>
+<method name="GetProperty"><arg type="i" direction="in"/><arg type="s" direction="in"/>
+<arg type="v" direction="out"/></method>
+<method name="Event"><arg type="i" direction="in"/><arg type="s" direction="in"/>
+<arg type="v" direction="in"/><arg type="u" direction="in"/></method>
+<method name="EventGroup"><arg type="a(isvu)" direction="in"/><arg type="ai" direction="out"/>
+</method>
+<method name="AboutToShow"><arg type="i" direction="in"/><arg type="b" direction="out"/></method>
+<method name="AboutToShowGroup"><arg type="ai" direction="in"/><arg type="ai" direction="out"/>
+<arg type="ai" direction="out"/></method>
+<signal name="ItemsPropertiesUpdated"><arg type="a(ia{sv})"/><arg type="a(ias)"/></signal>
+<signal name="LayoutUpdated"><arg type="u"/><arg type="i"/></signal>
+</interface></node>)xml";
 
-// "_" before the access key, where ours have "&".
-std::string Label(const std::string& caption)
+// A message on the bus may be nested 64 times, and the bus ends the connection of one that is
+// deeper. Each menu below another takes three of them.
+constexpr int DeepestMenu = 18;
+
+// Null where it is as of an entry that says nothing of it.
+struct TProperty {
+    const char* Name;
+    GVariant* (*Value)(const TFlatMenu& menu, std::size_t i);
+};
+
+GVariant* Label(const TFlatMenu& menu, std::size_t i)
 {
-    std::string label;
-    for (std::size_t i = 0; i < caption.size(); ++i) {
-        const bool isDoubled = i + 1 < caption.size() && caption[i + 1] == '&';
-        if (caption[i] == '_')
-            label += "__";
-        else if (caption[i] != '&')
-            label += caption[i];
-        else if (isDoubled)
-            label += caption[++i];
-        else
-            label += '_';
-    }
-    return label;
+    const std::string_view label = menu.Label(i);
+    return label.empty() ? nullptr
+                         : g_variant_new_take_string(g_strndup(label.data(), label.size()));
 }
 
-// On the bus there is only UTF-8.
-std::string Utf8(const std::string& text)
+const TProperty Properties[] = {
+    {"type",
+     [](const TFlatMenu& menu, std::size_t i) {
+         return menu[i].IsSeparator ? g_variant_new_string("separator") : nullptr;
+     }},
+    {"label", Label},
+    {"enabled",
+     [](const TFlatMenu& menu, std::size_t i) {
+         return menu[i].Enabled ? nullptr : g_variant_new_boolean(FALSE);
+     }},
+    {"toggle-type",
+     [](const TFlatMenu& menu, std::size_t i) {
+         return menu[i].Checked ? g_variant_new_string("checkmark") : nullptr;
+     }},
+    {"toggle-state",
+     [](const TFlatMenu& menu, std::size_t i) {
+         return menu[i].Checked ? g_variant_new_int32(1) : nullptr;
+     }},
+    {"children-display",
+     [](const TFlatMenu& menu, std::size_t i) {
+         return menu.HasMenuBelow(i) ? g_variant_new_string("submenu") : nullptr;
+     }},
+};
+
+TVariant Child(GVariant* tuple, gsize place)
 {
-    const TGText valid(g_utf8_make_valid(text.c_str(), static_cast<gssize>(text.size())));
-    return valid.get();
+    return TVariant(g_variant_get_child_value(tuple, place));
 }
 
-void SetState(DbusmenuMenuitem* item, const TMenuItem& from)
+std::vector<gint32> Numbers(GVariant* array)
 {
-    // Enabled is what entries are that say nothing: thousands of them then take less memory.
-    if (!from.Enabled || dbusmenu_menuitem_property_exist(item, DBUSMENU_MENUITEM_PROP_ENABLED))
-        dbusmenu_menuitem_property_set_bool(item, DBUSMENU_MENUITEM_PROP_ENABLED, from.Enabled);
-    if (from.Checked) {
-        dbusmenu_menuitem_property_set(item, DBUSMENU_MENUITEM_PROP_TOGGLE_TYPE,
-                                       DBUSMENU_MENUITEM_TOGGLE_CHECK);
-        dbusmenu_menuitem_property_set_int(item, DBUSMENU_MENUITEM_PROP_TOGGLE_STATE,
-                                           DBUSMENU_MENUITEM_TOGGLE_STATE_CHECKED);
-    } else {
-        dbusmenu_menuitem_property_remove(item, DBUSMENU_MENUITEM_PROP_TOGGLE_STATE);
-        dbusmenu_menuitem_property_remove(item, DBUSMENU_MENUITEM_PROP_TOGGLE_TYPE);
-    }
+    gsize count = 0;
+    const auto* numbers =
+        static_cast<const gint32*>(g_variant_get_fixed_array(array, &count, sizeof(gint32)));
+    return {numbers, numbers + count};
 }
 
-// Whether nothing but states differs.
-bool IsSameShape(const TMenuItem& a, const TMenuItem& b)
+GVariant* NewNumbers(const std::vector<gint32>& numbers)
 {
-    if (a.Items.size() != b.Items.size() || a.Name != b.Name || a.Caption != b.Caption)
-        return false;
-    for (std::size_t i = 0; i < a.Items.size(); ++i)
-        if (!IsSameShape(a.Items[i], b.Items[i]))
-            return false;
-    return true;
+    return g_variant_new_fixed_array(G_VARIANT_TYPE_INT32, numbers.data(), numbers.size(),
+                                     sizeof(gint32));
 }
 
-void ForEachItem(const TMenuItem& menu, const std::function<void(const TMenuItem&)>& handle)
+// They live as long as the array.
+std::vector<std::string_view> Texts(GVariant* array)
 {
-    for (const TMenuItem& item : menu.Items) {
-        handle(item);
-        ForEachItem(item, handle);
-    }
+    std::vector<std::string_view> texts;
+    GVariantIter iterator;
+    g_variant_iter_init(&iterator, array);
+    const char* text = nullptr;
+    while (g_variant_iter_next(&iterator, "&s", &text) != FALSE)
+        texts.emplace_back(text);
+    return texts;
 }
 
 } // namespace
 
-TDBusMenu::TDBusMenu(const char* path, std::function<void()> onOpens,
+const GDBusInterfaceVTable TDBusMenu::Table{OnCall, OnGet, nullptr, {}};
+
+TDBusMenu::TDBusMenu(GDBusConnection* bus, const char* path, std::function<void()> onOpens,
                      std::function<void(const std::string& name)> onChosen)
     : m_onOpens(std::move(onOpens)), m_onChosen(std::move(onChosen)),
-      m_server(dbusmenu_server_new(path)), m_root(dbusmenu_menuitem_new())
+      m_menu(TMenuItem(), DeepestMenu), m_export(bus, path, Introspection, Table, this)
 {
-    g_signal_connect(m_root.get(), DBUSMENU_MENUITEM_SIGNAL_ABOUT_TO_SHOW, G_CALLBACK(OnOpens),
-                     this);
-    dbusmenu_server_set_root(m_server.get(), m_root.get());
-}
-
-TDBusMenu::~TDBusMenu()
-{
-    g_signal_handlers_disconnect_by_data(m_root.get(), this);
-    for (DbusmenuMenuitem* item : m_items)
-        g_signal_handlers_disconnect_by_data(item, this);
 }
 
 void TDBusMenu::Set(const TMenuItem& menu)
 {
-    if (!m_items.empty() && IsSameShape(m_menu, menu)) {
-        std::size_t next = 0;
-        ForEachItem(menu, [&](const TMenuItem& item) { SetState(m_items[next++], item); });
-    } else {
-        for (DbusmenuMenuitem* item : m_items)
-            g_signal_handlers_disconnect_by_data(item, this);
-        m_items.clear();
-        // The root stays: a desktop that is about to show it holds on to it.
-        GList* before = dbusmenu_menuitem_take_children(m_root.get());
-        g_list_free_full(before, g_object_unref);
-        Build(m_root.get(), menu);
-    }
-    m_menu = menu;
+    TFlatMenu before = std::exchange(m_menu, TFlatMenu(menu, DeepestMenu));
+    if (m_menu.IsSameShape(before))
+        return TellStates(before);
+    const auto used = static_cast<gint32>(before.Count()) - 1;
+    const auto needed = static_cast<gint32>(m_menu.Count());
+    // After the last number it begins anew: by then nobody remembers the first ones.
+    const bool isRoom = m_first <= std::numeric_limits<gint32>::max() - used - needed;
+    m_first = isRoom ? m_first + used : 1;
+    m_export.Tell("LayoutUpdated", g_variant_new("(ui)", ++m_revision, 0));
 }
 
-void TDBusMenu::Build(DbusmenuMenuitem* parent, const TMenuItem& menu)
+// Of what a desktop knows from before.
+void TDBusMenu::TellStates(const TFlatMenu& before) const
 {
-    for (const TMenuItem& from : menu.Items) {
-        const TGObject<DbusmenuMenuitem> item(dbusmenu_menuitem_new());
-        m_items.push_back(item.get());
-        if (from.IsSeparator())
-            dbusmenu_menuitem_property_set(item.get(), DBUSMENU_MENUITEM_PROP_TYPE, "separator");
-        else
-            dbusmenu_menuitem_property_set(item.get(), DBUSMENU_MENUITEM_PROP_LABEL,
-                                           Utf8(Label(from.Caption)).c_str());
-        SetState(item.get(), from);
-        g_object_set_data_full(G_OBJECT(item.get()), NameKey, g_strdup(from.Name.c_str()), g_free);
-        g_signal_connect(item.get(), DBUSMENU_MENUITEM_SIGNAL_ITEM_ACTIVATED, G_CALLBACK(OnChosen),
-                         this);
-        if (!from.Items.empty())
-            g_signal_connect(item.get(), DBUSMENU_MENUITEM_SIGNAL_ABOUT_TO_SHOW,
-                             G_CALLBACK(OnOpens), this);
-        Build(item.get(), from);
-        dbusmenu_menuitem_child_append(parent, item.get());
+    TNumbers numbers;
+    GVariantBuilder removed;
+    g_variant_builder_init(&removed, G_VARIANT_TYPE("a(ias)"));
+    for (std::size_t i = 0; i < m_menu.Count(); ++i) {
+        if (m_menu.IsSameState(i, before))
+            continue;
+        numbers.push_back(Number(i));
+        g_variant_builder_open(&removed, G_VARIANT_TYPE("(ias)"));
+        g_variant_builder_add(&removed, "i", Number(i));
+        g_variant_builder_open(&removed, G_VARIANT_TYPE("as"));
+        for (const TProperty& property : Properties)
+            if (const TVariant value(property.Value(m_menu, i)); !value)
+                g_variant_builder_add(&removed, "s", property.Name);
+        g_variant_builder_close(&removed);
+        g_variant_builder_close(&removed);
     }
+    GVariant* rest = g_variant_builder_end(&removed);
+    if (numbers.empty())
+        g_variant_unref(g_variant_ref_sink(rest));
+    else
+        m_export.Tell("ItemsPropertiesUpdated",
+                      g_variant_new("(@a(ia{sv})@a(ias))", GroupProperties(numbers, {}), rest));
 }
 
-void TDBusMenu::OnChosen(DbusmenuMenuitem* item, guint /*time*/, TDBusMenu* self)
+gint32 TDBusMenu::Number(std::size_t i) const
 {
-    const auto* name = static_cast<const char*>(g_object_get_data(G_OBJECT(item), NameKey));
-    self->m_onChosen(std::string(name));
+    return i == 0 ? 0 : m_first + static_cast<gint32>(i) - 1;
+}
+
+std::optional<std::size_t> TDBusMenu::Find(gint32 number) const
+{
+    if (number == 0)
+        return 0;
+    const auto i = static_cast<std::int64_t>(number) - m_first + 1;
+    if (i < 1 || i >= static_cast<std::int64_t>(m_menu.Count()))
+        return std::nullopt;
+    return static_cast<std::size_t>(i);
+}
+
+// None wanted: all of them.
+GVariant* TDBusMenu::PropertiesOf(std::size_t i, const TNames& wanted) const
+{
+    GVariantBuilder builder;
+    g_variant_builder_init(&builder, G_VARIANT_TYPE("a{sv}"));
+    for (const TProperty& property : Properties)
+        if (wanted.empty() || std::ranges::find(wanted, property.Name) != wanted.end())
+            if (GVariant* value = property.Value(m_menu, i))
+                g_variant_builder_add(&builder, "{sv}", property.Name, value);
+    return g_variant_builder_end(&builder);
+}
+
+GVariant* TDBusMenu::Layout(std::size_t i, int depth, const TNames& wanted) const
+{
+    GVariantBuilder below;
+    g_variant_builder_init(&below, G_VARIANT_TYPE("av"));
+    if (depth != 0)
+        for (std::size_t next = i + 1; next < m_menu[i].End; next = m_menu[next].End) {
+            GVariant* item = g_variant_new_variant(Layout(next, depth - 1, wanted));
+            // In one piece: GLib keeps the memory of the many small ones for itself.
+            g_variant_get_data(item);
+            g_variant_builder_add_value(&below, item);
+        }
+    return g_variant_new("(i@a{sv}@av)", Number(i), PropertiesOf(i, wanted),
+                         g_variant_builder_end(&below));
+}
+
+GVariant* TDBusMenu::GroupProperties(std::span<const gint32> numbers, const TNames& wanted) const
+{
+    GVariantBuilder builder;
+    g_variant_builder_init(&builder, G_VARIANT_TYPE("a(ia{sv})"));
+    for (const gint32 number : numbers)
+        if (const auto i = Find(number))
+            g_variant_builder_add(&builder, "(i@a{sv})", number, PropertiesOf(*i, wanted));
+    return g_variant_builder_end(&builder);
+}
+
+GVariant* TDBusMenu::GetLayout(GVariant* arguments)
+{
+    gint32 number = 0, depth = 0;
+    g_variant_get_child(arguments, 0, "i", &number);
+    g_variant_get_child(arguments, 1, "i", &depth);
+    const auto i = Find(number);
+    if (!i)
+        return nullptr;
+    const TVariant names = Child(arguments, 2);
+    return g_variant_new("(u@(ia{sv}av))", m_revision, Layout(*i, depth, Texts(names.get())));
+}
+
+GVariant* TDBusMenu::GetGroupProperties(GVariant* arguments)
+{
+    TNumbers numbers = Numbers(Child(arguments, 0).get());
+    if (numbers.empty()) // all of them
+        for (std::size_t i = 0; i < m_menu.Count(); ++i)
+            numbers.push_back(Number(i));
+    const TVariant names = Child(arguments, 1);
+    return g_variant_new("(@a(ia{sv}))", GroupProperties(numbers, Texts(names.get())));
+}
+
+GVariant* TDBusMenu::GetProperty(GVariant* arguments)
+{
+    gint32 number = 0;
+    const char* name = nullptr;
+    g_variant_get(arguments, "(i&s)", &number, &name);
+    const auto i = Find(number);
+    const auto property = std::ranges::find(Properties, std::string_view(name), &TProperty::Name);
+    GVariant* value = i && property != std::end(Properties) ? property->Value(m_menu, *i) : nullptr;
+    return value != nullptr ? g_variant_new("(v)", value) : nullptr;
+}
+
+GVariant* TDBusMenu::Event(GVariant* arguments)
+{
+    gint32 number = 0;
+    const char* event = nullptr;
+    g_variant_get_child(arguments, 0, "i", &number);
+    g_variant_get_child(arguments, 1, "&s", &event);
+    return Happens(number, event) ? g_variant_new("()") : nullptr;
+}
+
+GVariant* TDBusMenu::EventGroup(GVariant* arguments)
+{
+    TNumbers unknown;
+    const TVariant events = Child(arguments, 0);
+    for (gsize i = 0; i < g_variant_n_children(events.get()); ++i) {
+        gint32 number = 0;
+        const char* event = nullptr;
+        const TVariant each = Child(events.get(), i);
+        g_variant_get(each.get(), "(i&s@vu)", &number, &event, nullptr, nullptr);
+        if (!Happens(number, event))
+            unknown.push_back(number);
+    }
+    return g_variant_new("(@ai)", NewNumbers(unknown));
+}
+
+// The signal of a new layout is on its way before the answer, which therefore says that there is
+// nothing to be asked for: lxqt-panel, told of it twice, waits for seconds.
+GVariant* TDBusMenu::AboutToShow(GVariant* arguments)
+{
+    gint32 number = 0;
+    g_variant_get(arguments, "(i)", &number);
+    return Opens(number) ? g_variant_new("(b)", FALSE) : nullptr;
+}
+
+GVariant* TDBusMenu::AboutToShowGroup(GVariant* arguments)
+{
+    TNumbers unknown;
+    for (const gint32 number : Numbers(Child(arguments, 0).get()))
+        if (!Opens(number))
+            unknown.push_back(number);
+    return g_variant_new("(@ai@ai)", NewNumbers({}), NewNumbers(unknown));
+}
+
+bool TDBusMenu::Opens(gint32 number)
+{
+    if (number == 0)
+        m_onOpens();
+    return Find(number).has_value();
+}
+
+bool TDBusMenu::Happens(gint32 number, std::string_view event)
+{
+    const auto i = Find(number);
+    if (i && event == "clicked" && !m_menu.HasMenuBelow(*i))
+        m_chosen.emplace_back(m_menu.Name(*i));
+    return i.has_value();
+}
+
+void TDBusMenu::TellChosen()
+{
+    const auto onChosen = m_onChosen;
+    for (const std::string& name : std::exchange(m_chosen, {}))
+        onChosen(name);
+}
+
+struct TDBusMenu::TMethod {
+    std::string_view Name;
+    GVariant* (TDBusMenu::*Answer)(GVariant* arguments);
+};
+
+const TDBusMenu::TMethod TDBusMenu::Methods[] = {
+    {"GetLayout", &TDBusMenu::GetLayout},
+    {"GetGroupProperties", &TDBusMenu::GetGroupProperties},
+    {"GetProperty", &TDBusMenu::GetProperty},
+    {"Event", &TDBusMenu::Event},
+    {"EventGroup", &TDBusMenu::EventGroup},
+    {"AboutToShow", &TDBusMenu::AboutToShow},
+    {"AboutToShowGroup", &TDBusMenu::AboutToShowGroup},
+};
+
+// GLib has compared method and arguments with the description.
+void TDBusMenu::OnCall(GDBusConnection*, const char*, const char*, const char*, const char* method,
+                       GVariant* arguments, GDBusMethodInvocation* call, gpointer data)
+{
+    auto* self = static_cast<TDBusMenu*>(data);
+    const auto* known = std::ranges::find(Methods, std::string_view(method), &TMethod::Name);
+    if (GVariant* answer = (self->*known->Answer)(arguments))
+        g_dbus_method_invocation_return_value(call, answer);
+    else
+        g_dbus_method_invocation_return_dbus_error(call, "org.freedesktop.DBus.Error.InvalidArgs",
+                                                   "There is no such entry.");
+    // Not before the desktop has its answer: what is chosen may take its time.
+    self->TellChosen();
+}
+
+GVariant* TDBusMenu::OnGet(GDBusConnection*, const char*, const char*, const char*,
+                           const char* property, GError**, gpointer)
+{
+    const std::string_view name = property;
+    if (name == "Version")
+        return g_variant_new_uint32(3);
+    if (name == "IconThemePath")
+        return g_variant_new_strv(nullptr, 0);
+    return g_variant_new_string(name == "Status" ? "normal" : "ltr");
 }
 
 } // namespace murala

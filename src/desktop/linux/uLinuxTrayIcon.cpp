@@ -1,13 +1,14 @@
 // The icon as a StatusNotifierItem: an object on the session's bus, which a watcher knows and hosts
 // (panels) show. Nothing here waits for the bus.
+#include "uBusExport.h"
 #include "uDBusMenu.h"
 #include "uSessionBus.h"
 #include "uTrayIcon.h"
 
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <string>
-#include <utility>
 
 namespace murala
 {
@@ -17,7 +18,6 @@ namespace
 
 constexpr const char* Watcher = "org.kde.StatusNotifierWatcher";
 constexpr const char* WatcherPath = "/StatusNotifierWatcher";
-constexpr const char* ItemInterface = "org.kde.StatusNotifierItem";
 constexpr const char* ItemPath = "/StatusNotifierItem";
 constexpr const char* MenuPath = "/MenuBar";
 constexpr int TimeLimitMs = 3000;
@@ -71,10 +71,6 @@ GVariant* Pixmaps(const TIconImage* image)
     return g_variant_builder_end(&builder);
 }
 
-struct TNodeFree {
-    void operator()(GDBusNodeInfo* node) const noexcept { g_dbus_node_info_unref(node); }
-};
-
 class TNotifierItem : public TTrayArea
 {
 public:
@@ -120,9 +116,9 @@ public:
         const bool isNewHint = look.Hint != m_look.Hint, isNewIcon = look.Icon != m_look.Icon;
         m_look = look;
         if (isNewIcon)
-            Tell("NewIcon");
+            m_object->Tell("NewIcon");
         if (isNewHint)
-            Tell("NewToolTip");
+            m_object->Tell("NewToolTip");
         return true;
     }
 
@@ -132,8 +128,7 @@ public:
     {
         m_isRegistered = false;
         m_menu.reset();
-        if (m_object != 0)
-            g_dbus_connection_unregister_object(m_bus.get(), std::exchange(m_object, 0));
+        m_object.reset();
     }
 
     bool DrawsMenu() const override { return true; }
@@ -146,16 +141,12 @@ public:
 private:
     bool Export()
     {
-        if (m_object == 0) {
-            static const GDBusInterfaceVTable table{OnCall, OnGet, nullptr, {}};
-            const std::unique_ptr<GDBusNodeInfo, TNodeFree> node(
-                g_dbus_node_info_new_for_xml(Introspection, nullptr));
-            m_object = g_dbus_connection_register_object(m_bus.get(), ItemPath, node->interfaces[0],
-                                                         &table, this, nullptr, nullptr);
-        }
-        if (m_object != 0 && !m_menu)
+        static const GDBusInterfaceVTable table{OnCall, OnGet, nullptr, {}};
+        if (!m_object || !m_object->IsThere())
+            m_object.emplace(m_bus.get(), ItemPath, Introspection, table, this);
+        if (m_object->IsThere() && !m_menu)
             m_menu = std::make_unique<TDBusMenu>(
-                MenuPath,
+                m_bus.get(), MenuPath,
                 [this] {
                     if (m_events != nullptr)
                         m_events->TrayMenuOpens();
@@ -164,13 +155,7 @@ private:
                     if (m_events != nullptr)
                         m_events->TrayMenuChosen(name);
                 });
-        return m_object != 0;
-    }
-
-    void Tell(const char* signal)
-    {
-        g_dbus_connection_emit_signal(m_bus.get(), nullptr, ItemPath, ItemInterface, signal,
-                                      nullptr, nullptr);
+        return m_object->IsThere();
     }
 
     void Become(TTrayState state)
@@ -318,9 +303,10 @@ private:
     TTrayEvents* m_events = nullptr;
     TTrayState m_state = TTrayState::Missing;
     TTrayLook m_look;
+    std::optional<TBusExport> m_object;
     std::unique_ptr<TDBusMenu> m_menu;
     bool m_isRegistered = false; // with the present watcher
-    guint m_object = 0, m_watch = 0, m_signals = 0;
+    guint m_watch = 0, m_signals = 0;
 };
 
 } // namespace

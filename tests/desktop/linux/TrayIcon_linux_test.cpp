@@ -89,14 +89,6 @@ public:
     {
         return Call("/MenuBar", "com.canonical.dbusmenu", method, arguments);
     }
-    // The whole menu, as text.
-    std::string Layout()
-    {
-        const char* const none[] = {nullptr};
-        const TVariant layout = Menu("GetLayout", g_variant_new("(ii^as)", 0, -1, none));
-        const TGText text(layout ? g_variant_print(layout.get(), FALSE) : g_strdup("no menu"));
-        return text.get();
-    }
 
 private:
     static void OnCall(GDBusConnection*, const char*, const char*, const char*, const char*,
@@ -257,45 +249,147 @@ TEST_F(NotifierItem, ShowsPictureAndHintAndTellsOfClicks)
     m_area.reset(); // while an answer may be on its way
 }
 
-TEST_F(NotifierItem, TheMenuIsToldWithStatesSubmenusAndChoices)
+class NotifierMenu : public NotifierItem
 {
-    TTestWatcher watcher;
-    Start();
-    ASSERT_TRUE(Becomes(TTrayState::There));
-    m_area->Add(Look("hint"));
-    ASSERT_TRUE(Eventually([&] { return !watcher.Items.empty(); }));
-    TMenuItem menu = Entry("", "");
-    menu.Items = {Entry("a", "&Next && _x\xFF"), Entry("", "-"), Entry("below", "Wallpaper")};
-    menu.Items[0].Enabled = false;
-    menu.Items[2].Items = {Entry("CategoryMenuItem0", "One"), Entry("CategoryMenuItem1", "Two")};
-    menu.Items[2].Items[1].Checked = true;
-    m_area->SetMenu(menu);
-    const auto has = [&](const char* text) {
-        return watcher.Layout().find(text) != std::string::npos;
+protected:
+    NotifierMenu()
+    {
+        Start();
+        EXPECT_TRUE(Becomes(TTrayState::There));
+        m_area->Add(Look("hint"));
+        EXPECT_TRUE(Eventually([&] { return !m_watcher.Items.empty(); }));
+        m_menu.Items = {Entry("a", "&Next && _x\xFF"), Entry("", "-"), Entry("below", "Wallpaper")};
+        m_menu.Items[2].Items = {Entry("CategoryMenuItem0", "One"),
+                                 Entry("CategoryMenuItem1", "Two")};
+    }
+
+    std::string Called(const char* method, GVariant* arguments)
+    {
+        const TVariant answer = m_watcher.Menu(method, arguments);
+        const TGText text(answer ? g_variant_print(answer.get(), FALSE) : g_strdup("refused"));
+        return text.get();
+    }
+    std::string Layout(gint32 number = 0, int depth = -1, std::vector<const char*> wanted = {})
+    {
+        return Called("GetLayout",
+                      g_variant_new("(ii@as)", number, depth,
+                                    g_variant_new_strv(wanted.data(), gssize(wanted.size()))));
+    }
+    // The number of the entry with this caption, as the desktop was told it.
+    gint32 NumberOf(const std::string& caption)
+    {
+        const std::string layout = Layout();
+        const std::size_t found = layout.find('\'' + caption + '\'');
+        if (found == std::string::npos)
+            return -1;
+        return std::stoi(layout.substr(layout.rfind('(', found) + 1));
+    }
+    std::string Click(gint32 number)
+    {
+        return Called("Event",
+                      g_variant_new("(isvu)", number, "clicked", g_variant_new_int32(0), 0));
+    }
+
+    TTestWatcher m_watcher;
+    TMenuItem m_menu;
+};
+
+TEST_F(NotifierMenu, EachLevelIsToldAsFarAsItIsAskedFor)
+{
+    m_menu.Items[0].Enabled = false;
+    m_menu.Items[2].Items[1].Checked = true;
+    m_area->SetMenu(m_menu);
+    const std::string one = "<(4, {'label': <'One'>}, @av [])>";
+    const std::string two =
+        "<(5, {'label': <'Two'>, 'toggle-type': <'checkmark'>, 'toggle-state': <1>}, @av [])>";
+    const std::string below = "(3, {'label': <'Wallpaper'>, 'children-display': <'submenu'>}, ";
+    const std::string first = "(2, (0, {'children-display': <'submenu'>}, ["
+                              "<(1, {'label': <'_Next & __x\xEF\xBF\xBD'>, 'enabled': <false>}, "
+                              "@av [])>, <(2, {'type': <'separator'>}, @av [])>, <" +
+                              below;
+    EXPECT_EQ(Layout(), first + '[' + one + ", " + two + "])>]))");
+    EXPECT_EQ(Layout(0, 1), first + "@av [])>]))");
+    EXPECT_EQ(Layout(3, 1), "(2, " + below + '[' + one + ", " + two + "]))");
+    EXPECT_EQ(Layout(5, -1, {"toggle-state", "type"}), "(2, (5, {'toggle-state': <1>}, []))");
+    EXPECT_EQ(Layout(6), "refused");
+    const gint32 asked[] = {1, 77, 4};
+    EXPECT_EQ(Called("GetGroupProperties",
+                     g_variant_new("(@aias)",
+                                   g_variant_new_fixed_array(G_VARIANT_TYPE_INT32, asked, 3, 4),
+                                   nullptr)),
+              "([(1, {'label': <'_Next & __x\xEF\xBF\xBD'>, 'enabled': <false>}), "
+              "(4, {'label': <'One'>})],)");
+    EXPECT_EQ(Called("GetProperty", g_variant_new("(is)", 5, "label")), "(<'Two'>,)");
+    EXPECT_EQ(Called("GetProperty", g_variant_new("(is)", 5, "enabled")), "refused");
+}
+
+TEST_F(NotifierMenu, StatesChangeInPlaceAndWhatIsGoneKeepsItsNumber)
+{
+    TWords told;
+    const auto listen = [](GDBusConnection*, const char*, const char*, const char*,
+                           const char* signal, GVariant* arguments, gpointer to) {
+        const TGText text(g_variant_print(arguments, FALSE));
+        static_cast<TWords*>(to)->push_back(std::string(signal) + text.get());
     };
-    EXPECT_TRUE(Eventually([&] { return has("_Next & __x\xEF\xBF\xBD"); })) << watcher.Layout();
-    EXPECT_TRUE(has("'type': <'separator'>"));
-    EXPECT_TRUE(has("'enabled': <false>"));
-    EXPECT_TRUE(has("'children-display': <'submenu'>"));
-    EXPECT_TRUE(has("'toggle-state': <1>"));
+    const guint listening = g_dbus_connection_signal_subscribe(
+        m_watcher.Bus(), nullptr, "com.canonical.dbusmenu", nullptr, "/MenuBar", nullptr,
+        G_DBUS_SIGNAL_FLAGS_NONE, listen, &told, nullptr);
+    m_menu.Items[2].Items[1].Checked = true;
+    m_area->SetMenu(m_menu);
+    m_area->SetMenu(m_menu); // nothing to tell
+    m_menu.Items[2].Items[1].Checked = false;
+    m_menu.Items[2].Items[0].Checked = true;
+    m_area->SetMenu(m_menu);
+    EXPECT_TRUE(Eventually([&] { return told.size() == 2; }));
+    EXPECT_EQ(told[0], "LayoutUpdated(2, 0)");
+    EXPECT_EQ(told[1], "ItemsPropertiesUpdated([(4, {'label': <'One'>, 'toggle-type': "
+                       "<'checkmark'>, 'toggle-state': <1>}), (5, {'label': <'Two'>})], "
+                       "[(4, ['type', 'enabled', 'children-display']), (5, ['type', 'enabled', "
+                       "'toggle-type', 'toggle-state', 'children-display'])])");
 
-    // Only states: the entries are the same, and what was checked is not any more.
-    menu.Items[2].Items[1].Checked = false;
-    menu.Items[0].Enabled = true;
-    m_area->SetMenu(menu);
-    EXPECT_FALSE(has("'toggle-state': <1>"));
-    EXPECT_FALSE(has("'enabled': <false>"));
-
-    m_events.Menu = menu;
-    m_events.Menu.Items[2].Items.push_back(Entry("CategoryMenuItem2", "Three"));
+    // The menu that is renewed when it opens has other entries, and so other numbers.
+    const gint32 before = NumberOf("Two");
+    m_events.Menu = m_menu;
+    m_events.Menu.Items[2].Items.front().Caption = "Three";
     m_events.Told.clear();
-    EXPECT_TRUE(watcher.Menu("AboutToShow", g_variant_new("(i)", 0)));
+    const TVariant both(g_variant_ref_sink(g_variant_new_parsed("[0, 99]")));
+    EXPECT_EQ(Called("AboutToShow", g_variant_new("(i)", before)), "(false,)");
+    EXPECT_TRUE(m_events.Told.empty());
+    EXPECT_EQ(Called("AboutToShowGroup", g_variant_new("(@ai)", both.get())), "([], [99])");
     EXPECT_EQ(m_events.Told, TWords{"opens"});
-    EXPECT_TRUE(has("'Three'"));
+    EXPECT_EQ(Called("AboutToShow", g_variant_new("(i)", 0)), "(false,)");
+    EXPECT_TRUE(Eventually([&] { return told.back() == "LayoutUpdated(3, 0)"; }));
+    EXPECT_GT(NumberOf("Three"), before);
+    m_events.Told.clear();
+    EXPECT_EQ(Click(before), "refused");
+    EXPECT_EQ(Click(NumberOf("Wallpaper")), "()"); // opens what is below it
+    EXPECT_EQ(Click(NumberOf("Two")), "()");
+    EXPECT_TRUE(Eventually([&] { return !m_events.Told.empty(); }));
+    EXPECT_EQ(m_events.Told, TWords{"chosen CategoryMenuItem1"});
+    const std::string events = "[(" + std::to_string(NumberOf("Three")) +
+                               ", 'clicked', <0>, uint32 0), (0, 'closed', <0>, 0), "
+                               "(99, 'clicked', <0>, 0)]";
+    const TVariant group(
+        g_variant_parse(G_VARIANT_TYPE("a(isvu)"), events.c_str(), nullptr, nullptr, nullptr));
+    EXPECT_EQ(Called("EventGroup", g_variant_new("(@a(isvu))", group.get())), "([99],)");
+    EXPECT_EQ(m_events.Told.back(), "chosen CategoryMenuItem0");
+    g_dbus_connection_signal_unsubscribe(m_watcher.Bus(), listening);
+}
 
-    const std::string layout = watcher.Layout();
-    const std::size_t three = layout.rfind('(', layout.find("'Three'"));
-    const int id = std::stoi(layout.substr(three + 1));
-    watcher.Menu("Event", g_variant_new("(isvu)", id, "clicked", g_variant_new_int32(0), 0));
-    EXPECT_TRUE(Eventually([&] { return m_events.Told.back() == "chosen CategoryMenuItem2"; }));
+// The bus ends the connection of a program whose messages are nested deeper than 64 times.
+TEST_F(NotifierMenu, ThatIsNestedDeeplyStillGetsThrough)
+{
+    TMenuItem* deepest = &m_menu.Items[2];
+    for (int i = 0; i < 40; ++i) {
+        deepest->Items = {Entry("MoreCategoryMenuItem", ("More " + std::to_string(i)).c_str())};
+        deepest = &deepest->Items.front();
+    }
+    m_area->SetMenu(m_menu);
+    m_events.Told.clear();
+    const gint32 last = NumberOf("More 16");
+    EXPECT_EQ(NumberOf("More 17"), -1);
+    EXPECT_EQ(Layout(last).find("submenu"), std::string::npos);
+    EXPECT_EQ(Click(last), "()");
+    EXPECT_TRUE(Eventually([&] { return !m_events.Told.empty(); }));
+    EXPECT_EQ(m_events.Told, TWords{"chosen MoreCategoryMenuItem"});
 }

@@ -243,10 +243,14 @@ void TMuWallpaperList::Sort(TListColumn column, bool ascending, const TCompare& 
     keys.reserve(m_items.size());
     for (const auto& item : m_items)
         keys.push_back(SortKey(column, *item));
+    // Folders and categories are mostly the same, which the locale takes long to find out.
+    const auto compareTexts = [&](const std::string& a, const std::string& b) {
+        return a == b ? 0 : compare(a, b);
+    };
     const auto precedes = [&](std::size_t a, std::size_t b) {
-        int order = compare(keys[a].First, keys[b].First);
+        int order = compareTexts(keys[a].First, keys[b].First);
         if (order == 0)
-            order = compare(keys[a].Second, keys[b].Second);
+            order = compareTexts(keys[a].Second, keys[b].Second);
         return ascending ? order < 0 : order > 0;
     };
     std::vector<std::size_t> order(m_items.size());

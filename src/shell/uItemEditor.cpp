@@ -1,7 +1,7 @@
 #include "uItemEditor.h"
 
 #include "uDisplayMode.h"
-#include "uText.h"
+#include "uItemWork.h"
 #include "uTint.h"
 
 #include <algorithm>
@@ -21,16 +21,7 @@ void TItemEditor::Tell(const TItems& items)
 // stay as they are.
 void TItemEditor::ChangeModes(const TItems& items, const TModeChange& change)
 {
-    {
-        const TPauseScope pause(m_core.Pauses);
-        const auto work = m_core.View.BeginWork(static_cast<int>(items.size()));
-        for (int i = 0; i < static_cast<int>(items.size()); ++i) {
-            TMuWallpaper& item = *items[static_cast<std::size_t>(i)];
-            if (!work->Step(i, FormatText("Changing Display Mode:%s%s", {"\n", item.Title})))
-                break;
-            change(item);
-        }
-    }
+    WorkOn(m_core, items, "Changing Display Mode", change);
     Tell(items);
     m_storage.SaveList();
 }

@@ -1,5 +1,6 @@
 #include "uLibraryDesk.h"
 
+#include "uItemWork.h"
 #include "uPath.h"
 #include "uText.h"
 
@@ -65,14 +66,14 @@ void TLibraryDesk::RememberFolder(const std::string& folder)
 
 void TLibraryDesk::RemoveSelected()
 {
-    const std::vector<int> rows = m_core.Selection.Rows();
-    if (rows.empty())
-        return;
-    for (const int row : rows) {
-        TMuWallpaper& item = m_core.List.Item(row);
+    std::vector<int> rows = m_core.Selection.Rows();
+    // Deleting thousands of files takes a while; what is left when the user ends it stays.
+    rows.resize(WorkOn(m_core, m_core.Selection.Items(), "Removing", [this](TMuWallpaper& item) {
         m_core.List.ForgetThumbnail(item.FileName());
         item.DeleteThumbnailFile();
-    }
+    }));
+    if (rows.empty())
+        return;
     // They live until everybody knows that they are gone.
     const auto removed = m_core.List.DeleteMany(rows);
     m_core.Selection.Forget(removed);

@@ -11,26 +11,27 @@
 namespace murala
 {
 
-std::string TPreview::Load()
+std::optional<std::string> TPreview::LoadSome()
 {
     const TMuWallpaper* item = m_core.Selection.Item();
     if (item == nullptr || !m_core.View.IsWindowVisible())
-        return {};
-    for (bool retry = true;; retry = false) {
-        try {
-            m_source.Load(item->FileName());
-            return {};
-        } catch (const std::bad_alloc&) {
-            if (!retry)
-                return "Image is too big to preview.";
-            m_core.View.SetStatus("Freeing thumbnails to make room for large image.");
-            m_core.List.FreeAllThumbnails();
-        } catch (const EInvalidImage& error) {
-            return error.what();
-        } catch (const std::runtime_error& error) {
-            return FormatText("The image (%s) could not be previewed.\r\n%s",
-                              {item->FileName(), error.what()});
-        }
+        return "";
+    try {
+        if (!m_source.LoadSome(item->FileName()))
+            return std::nullopt;
+        m_secondTry.clear();
+        return "";
+    } catch (const std::bad_alloc&) {
+        if (std::exchange(m_secondTry, item->FileName()) == item->FileName())
+            return "Image is too big to preview.";
+        m_core.View.SetStatus("Freeing thumbnails to make room for large image.");
+        m_core.List.FreeAllThumbnails();
+        return std::nullopt;
+    } catch (const EInvalidImage& error) {
+        return error.what();
+    } catch (const std::runtime_error& error) {
+        return FormatText("The image (%s) could not be previewed.\r\n%s",
+                          {item->FileName(), error.what()});
     }
 }
 

@@ -5,6 +5,7 @@
 #include "uSourcePicture.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace murala
@@ -15,9 +16,10 @@ class TPreview
 public:
     explicit TPreview(TCore& core) : m_core(core) {}
 
-    // Loads the selected item's picture; an empty text when that worked, else what to show instead.
-    // While the window is hidden nothing is loaded.
-    std::string Load();
+    // A short step of loading the selected item's picture. Nothing while more are needed; at the
+    // end an empty text when that worked, else what to show instead. While the window is hidden
+    // nothing is loaded.
+    std::optional<std::string> LoadSome();
     // The selected item as it will look, `width` pixels wide, in the screen's proportions. Empty
     // while there is nothing to show.
     TBitmap Picture(int width);
@@ -40,6 +42,7 @@ private:
     TCore& m_core;
     std::string m_problem; // with the add-ons
     TSourcePicture m_source;
+    std::string m_secondTry; // the file that there was no memory for
 };
 
 } // namespace murala

@@ -2,11 +2,16 @@
 
 #include "uPath.h"
 
+#include <algorithm>
+
 namespace murala
 {
 
 namespace
 {
+
+// A few milliseconds for a photograph.
+constexpr int PixelsPerStep = 1 << 19;
 
 std::filesystem::file_time_type FileTime(const std::string& fileName)
 {
@@ -16,19 +21,50 @@ std::filesystem::file_time_type FileTime(const std::string& fileName)
 
 } // namespace
 
+bool TSourcePicture::TLoading::Step()
+try {
+    if (Reader->Prepare())
+        return false;
+    if (Bitmap.Width() == 0)
+        Bitmap = TBitmap(Reader->Size().Width, Reader->Size().Height);
+    const int rows = std::max(1, PixelsPerStep / Bitmap.Width());
+    for (const int end = std::min(NextRow + rows, Bitmap.Height()); NextRow < end; ++NextRow)
+        Reader->ReadRow(NextRow, Bitmap.Row(NextRow));
+    return NextRow == Bitmap.Height();
+} catch (const EImageFormat& error) {
+    throw EInvalidImage(FileName, error.what());
+}
+
+bool TSourcePicture::LoadSome(const std::string& fileName)
+try {
+    if (Holds(fileName))
+        return true;
+    const auto fileTime = FileTime(fileName);
+    if (!m_loading || m_loading->FileName != fileName || m_loading->FileTime != fileTime) {
+        Release();
+        m_loading = TLoading{fileName, fileTime, OpenImage(fileName, {.InPieces = true}), {}};
+    } else if (m_loading->Step()) {
+        m_bitmap = std::move(m_loading->Bitmap);
+        m_fileName = fileName;
+        m_fileTime = fileTime;
+        m_loading.reset();
+        return true;
+    }
+    return false;
+} catch (...) {
+    m_loading.reset();
+    throw;
+}
+
 void TSourcePicture::Load(const std::string& fileName)
 {
-    if (Holds(fileName))
-        return;
-    Release();
-    const auto fileTime = FileTime(fileName);
-    m_bitmap = LoadImageFile(fileName);
-    m_fileName = fileName;
-    m_fileTime = fileTime;
+    while (!LoadSome(fileName)) {
+    }
 }
 
 void TSourcePicture::Release()
 {
+    m_loading.reset();
     m_fileName.clear();
     m_bitmap = TBitmap();
 }

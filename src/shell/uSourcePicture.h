@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace murala
@@ -13,7 +14,9 @@ namespace murala
 class TSourcePicture
 {
 public:
-    // Loads the file unless it is held already and has not changed since. Throws EInvalidImage.
+    // A short step towards holding the file as it is now; true when it is held. Throws
+    // EInvalidImage.
+    bool LoadSome(const std::string& fileName);
     void Load(const std::string& fileName);
     void Release();
 
@@ -28,8 +31,20 @@ public:
     TSize SizeOf(const std::string& fileName) const;
 
 private:
+    using TFileTime = std::filesystem::file_time_type;
+    struct TLoading {
+        std::string FileName;
+        TFileTime FileTime;
+        std::unique_ptr<TImageReader> Reader;
+        TBitmap Bitmap;
+        int NextRow = 0;
+
+        bool Step(); // true when the bitmap is whole
+    };
+
+    std::optional<TLoading> m_loading;
     std::string m_fileName;
-    std::filesystem::file_time_type m_fileTime;
+    TFileTime m_fileTime;
     TBitmap m_bitmap;
 };
 

@@ -56,7 +56,7 @@ TEST_F(AddOnDesk, TheDesktopHasBothAndThePreviewTheCalendarOnly)
     TBitmap once = Plain();
     DrawIconBox(once, m_murala->Core.Settings, m_services.IconView.Region);
     EXPECT_EQ(Difference(Installed(), once), TRect{}) << "tinted once";
-    ASSERT_EQ(m_murala->Preview.Load(), "");
+    ASSERT_EQ(LoadPreview(), "");
     EXPECT_EQ(Difference(m_murala->Preview.Picture(400), Plain()), TRect{});
     m_murala->AddOns.SetUseCalendar(true);
     // 320 x 240 in the middle of 400 x 300
@@ -98,7 +98,7 @@ TEST_F(AddOnDesk, ACalendarThatCannotBeDrawnIsToldAndTheWallpaperComesWithoutIt)
     EXPECT_TRUE(m_murala->Core.Settings.CalendarDate == m_services.Clock.Time);
 
     m_view.Status.clear();
-    ASSERT_EQ(m_murala->Preview.Load(), "");
+    ASSERT_EQ(LoadPreview(), "");
     EXPECT_EQ(Difference(m_murala->Preview.Picture(400), Plain()), TRect{});
     EXPECT_TRUE(m_view.Status.starts_with("The calendar is left out. "));
     m_services.Text.Fails = false;

@@ -54,7 +54,7 @@ TEST_F(Applier, ABrokenPictureIsToldWithoutHourglassAndChangesNothing)
     EXPECT_TRUE(m_services.Desktop.Calls.empty());
     EXPECT_FALSE(m_view.BusyInMessage);
     EXPECT_EQ(m_services.Siblings.Notified, 1) << "told after a failure, too";
-    EXPECT_EQ(m_murala->Preview.Load(), m_view.Messages[0]);
+    EXPECT_EQ(LoadPreview(), m_view.Messages[0]);
 }
 
 TEST_F(Applier, WithoutACurrentWallpaperOnlyTheLastStepsRun)
@@ -152,22 +152,42 @@ TEST_F(Applier, WhatComesInWhileAnEffectStartsFindsThePause)
 TEST_F(Applier, HiddenNothingIsHeldForThePreview)
 {
     AddPictures(2);
-    EXPECT_EQ(m_murala->Preview.Load(), "");
+    EXPECT_EQ(LoadPreview(), "");
     EXPECT_GT(m_murala->Preview.Picture(20).Width(), 0);
     m_view.Visible = false;
     Apply(1);
     EXPECT_EQ(m_murala->Preview.Picture(20).Width(), 0);
-    EXPECT_EQ(m_murala->Preview.Load(), "");
+    EXPECT_EQ(LoadPreview(), "");
     EXPECT_EQ(m_murala->Preview.Picture(20).Width(), 0);
     m_view.Visible = true;
     Apply(0);
     EXPECT_GT(m_murala->Preview.Picture(20).Width(), 0) << "what was read to apply is held";
 }
 
+TEST_F(Applier, ThePreviewLoadsALargePictureInStepsAndAnotherOneFromItsBeginning)
+{
+    AddPictures(1);
+    m_murala->Desk.AddFiles({Picture("Large.bmp", 1500, 1200, 0x0000FF)});
+    const auto color = [this](int y) { return m_murala->Preview.Picture(20).Row(y)[0] & 0xFFFFFF; };
+    int steps = 1;
+    while (!m_murala->Preview.LoadSome())
+        ++steps;
+    EXPECT_GE(steps, 4);
+    EXPECT_EQ(color(0), ColorToPixel(0x0000FF));
+    EXPECT_EQ(color(10), ColorToPixel(0x0000FF));
+    m_murala->Preview.Release();
+    EXPECT_EQ(m_murala->Preview.LoadSome(), std::nullopt);
+    EXPECT_EQ(m_murala->Preview.LoadSome(), std::nullopt);
+    EXPECT_EQ(m_murala->Preview.Picture(20).Width(), 0) << "not before it is whole";
+    Select(0);
+    EXPECT_EQ(LoadPreview(), "");
+    EXPECT_EQ(color(10), ColorToPixel(0x204060));
+}
+
 TEST_F(Applier, ThePreviewFollowsAFileThatWasWrittenAgain)
 {
     AddPictures(1);
-    EXPECT_EQ(m_murala->Preview.Load(), "");
+    EXPECT_EQ(LoadPreview(), "");
     EXPECT_FALSE(m_murala->Preview.IsOutOfDate());
     Picture("Picture0.bmp", 30, 20);
     const auto path = NativePath(Item(0).FileName());
@@ -175,6 +195,6 @@ TEST_F(Applier, ThePreviewFollowsAFileThatWasWrittenAgain)
                                                std::chrono::seconds(5));
     EXPECT_TRUE(m_murala->Preview.IsOutOfDate());
     EXPECT_EQ(m_murala->Preview.Picture(20).Width(), 0);
-    EXPECT_EQ(m_murala->Preview.Load(), "");
+    EXPECT_EQ(LoadPreview(), "");
     EXPECT_TRUE(m_murala->Preview.StatusText().ends_with("(30x20)"));
 }

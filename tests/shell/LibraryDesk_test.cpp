@@ -59,6 +59,11 @@ TEST_F(LibraryDesk, RemovingSelectsWhatMovedUpAndFollowsTheCurrentOne)
     EXPECT_EQ(SelectedRows(), std::vector<int>{2});
     EXPECT_EQ(CurrentIndex(), 2);
     m_murala->Core.Selection.SelectAll();
+    m_view.WorkEndsAt = 1;
+    m_murala->Desk.RemoveSelected();
+    EXPECT_EQ(Titles(), "14") << "what the user does not wait for stays";
+    m_view.WorkEndsAt = 2;
+    m_murala->Core.Selection.SelectAll();
     m_murala->Desk.RemoveSelected();
     EXPECT_TRUE(SelectedRows().empty());
     EXPECT_EQ(CurrentIndex(), -1);

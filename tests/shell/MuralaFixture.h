@@ -54,6 +54,13 @@ protected:
     }
     std::vector<int> SelectedRows() const { return m_murala->Core.Selection.Rows(); }
     TItems Selected() const { return m_murala->Core.Selection.Items(); }
+    std::string LoadPreview()
+    {
+        std::optional<std::string> problem;
+        while (!problem)
+            problem = m_murala->Preview.LoadSome();
+        return *problem;
+    }
     int CurrentIndex() const { return m_murala->Core.Selection.CurrentIndex(); }
     std::string Titles() const
     {

@@ -12,15 +12,28 @@ namespace murala
 // Selecting ten thousand rows makes as many events; they are answered together.
 void TMuListView::SelectionEvent()
 {
-    if (m_isSelecting || std::exchange(m_isSelectionPending, true))
+    if (m_isSelecting)
+        return;
+    ForgetShown();
+    if (std::exchange(m_isSelectionPending, true))
         return;
     CallLater(Window(), [this] { TellSelection(); });
 }
 
 void TMuListView::TellSelection()
 {
-    if (std::exchange(m_isSelectionPending, false))
-        m_rows.UserSelects(ShownSelection(), FocusedRow());
+    if (!std::exchange(m_isSelectionPending, false))
+        return;
+    const std::vector<int> rows = ShownSelection();
+    SetShown(rows);
+    m_rows.UserSelects(rows, FocusedRow());
+}
+
+bool TMuListView::SelectsRows(const std::vector<int>& rows)
+{
+    if (!m_shown)
+        m_shown = ShownSelection();
+    return *m_shown == rows;
 }
 
 TMuListView::TProgramSelects::TProgramSelects(TMuListView& view)

@@ -5,6 +5,8 @@
 #include "uScopes.h"
 #include "uWallpaperView.h"
 
+#include <optional>
+
 #include <wx/string.h>
 
 namespace murala
@@ -40,12 +42,19 @@ protected:
 
     // The control says that its selection has changed.
     void SelectionEvent();
+    bool IsSelecting() const { return m_isSelecting; }
+
+    // Asking the control for thousands of rows takes a while.
+    bool SelectsRows(const std::vector<int>& rows);
+    void SetShown(const std::vector<int>& rows) { m_shown = rows; }
+    void ForgetShown() { m_shown.reset(); }
 
     TRows& m_rows;
 
 private:
-    bool m_isSelecting = false;        // the program, not the user
-    bool m_isSelectionPending = false; // of the user
+    bool m_isSelecting = false;              // the program, not the user
+    bool m_isSelectionPending = false;       // of the user
+    std::optional<std::vector<int>> m_shown; // the selected rows, if known
 };
 
 TMuListView* NewListView(wxWindow* parent, TRows& rows, const wxString& name);

@@ -71,6 +71,8 @@ private:
 
     // Events.
     void tSelectItemTimer();
+    void FormIdle(wxIdleEvent& event);
+    void LoadPreview();
     void tPreviewUpdateTimer();
     void tScheduleTimer();
     void StartSchedule();
@@ -155,6 +157,7 @@ private:
     bool m_wasEnabled = true;
     bool m_isStarting = true;
     bool m_wasShown = false, m_wasPainted = false;
+    bool m_isLoading = false; // the preview's picture
     bool m_isStartHidden = false; // until the window manager has taken it in
     bool m_isWakePending = false, m_isClosePending = false;
 };

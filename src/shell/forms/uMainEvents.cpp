@@ -59,6 +59,7 @@ void TfMain::BindEvents()
     alMain.BeforeExecute = [this] { m_wallpapers->View().TellSelection(); };
     Bind(wxEVT_CLOSE_WINDOW, &TfMain::FormClose, this);
     Bind(wxEVT_CHAR_HOOK, &TfMain::FormCharHook, this);
+    Bind(wxEVT_IDLE, &TfMain::FormIdle, this);
     Bind(wxEVT_DROP_FILES, &TfMain::FormDropFiles, this);
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
@@ -164,12 +165,30 @@ void TfMain::tSelectItemTimer()
         m_murala.Preview.Release();
         return iPreview->ShowText("");
     }
-    const TBusyScope busy(*this);
-    const std::string problem = m_murala.Preview.Load();
-    if (problem.empty())
+    m_isLoading = true;
+    wxWakeUpIdle();
+}
+
+void TfMain::FormIdle(wxIdleEvent& event)
+{
+    event.Skip();
+    if (!m_isLoading)
+        return;
+    LoadPreview();
+    if (m_isLoading)
+        event.RequestMore();
+}
+
+void TfMain::LoadPreview()
+{
+    const std::optional<std::string> problem = m_murala.Preview.LoadSome();
+    if (!problem)
+        return;
+    m_isLoading = false;
+    if (problem->empty())
         tPreviewUpdateTimer();
     else
-        iPreview->ShowText(ToWx(problem));
+        iPreview->ShowText(ToWx(*problem));
     ShowSelectionStatus();
 }
 
@@ -386,6 +405,7 @@ void TfMain::PreviewChanged(bool loadPicture)
     if (!IsWindowVisible())
         return;
     if (loadPicture) {
+        m_isLoading = false;
         iPreview->ShowText(m_murala.Core.Selection.Item() != nullptr ? "Loading..." : "");
         tSelectItem.StartOnce(SettleTime);
     } else {

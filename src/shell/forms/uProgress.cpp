@@ -18,7 +18,7 @@ namespace
 {
 constexpr std::chrono::milliseconds Patience{300};
 // The window does not answer for so long at the most, before and while it shows how far work is.
-constexpr std::chrono::milliseconds FirstAnswer{60}, Answering{30};
+constexpr std::chrono::milliseconds FirstAnswer{30}, Answering{20};
 } // namespace
 
 TfProgress::TfProgress(std::string text) : m_text(std::move(text))

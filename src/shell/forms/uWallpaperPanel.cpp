@@ -1,5 +1,6 @@
 #include "uWallpaperPanel.h"
 
+#include "uItemWork.h"
 #include "uListColumn.h"
 
 namespace murala
@@ -59,8 +60,8 @@ void TWallpaperPanel::ShowThumbnailSize()
 
 void TWallpaperPanel::RefreshThumbnails()
 {
-    for (TMuWallpaper* item : m_murala.Core.Selection.Items())
-        m_murala.Thumbnails.Refresh(*item);
+    WorkOn(m_murala.Core, m_murala.Core.Selection.Items(), "Refreshing Thumbnail",
+           [this](TMuWallpaper& item) { m_murala.Thumbnails.Refresh(item); });
     View().ShowTexts();
 }
 

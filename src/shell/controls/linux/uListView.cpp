@@ -138,6 +138,7 @@ wxString TNativeListView::ShownText(int row, TListColumn column) const
 void TNativeListView::ShowRows()
 {
     const TProgramSelects selecting(*this);
+    ForgetShown();
     m_model->Reset(static_cast<unsigned>(m_rows.Count()));
 }
 
@@ -146,7 +147,7 @@ void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow
     const TProgramSelects selecting(*this);
     if (focusedRow >= 0 && focusedRow != FocusedRow())
         SetCurrentItem(m_model->GetItem(static_cast<unsigned>(focusedRow)));
-    if (rows != ShownSelection()) {
+    if (!SelectsRows(rows)) {
         if (static_cast<int>(rows.size()) == m_rows.Count()) {
             SelectAll();
         } else {
@@ -155,6 +156,7 @@ void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow
                 items.push_back(m_model->GetItem(static_cast<unsigned>(row)));
             SetSelections(items);
         }
+        SetShown(rows);
     }
     if (rows.size() == 1)
         EnsureVisible(m_model->GetItem(static_cast<unsigned>(rows.front())));

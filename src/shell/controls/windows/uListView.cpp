@@ -4,6 +4,7 @@
 #include "uWxText.h"
 
 #include <wx/listctrl.h>
+#include <wx/msw/wrapcctl.h>
 #include <wx/wupdlock.h>
 
 namespace murala
@@ -42,6 +43,7 @@ public:
 private:
     wxString OnGetItemText(long row, long column) const override;
     wxItemAttr* OnGetItemAttr(long row) const override;
+    bool MSWOnNotify(int id, WXLPARAM parameter, WXLPARAM* result) override;
     void BindEvents();
     // All of them with one message.
     void SelectAllRows(bool select)
@@ -99,6 +101,7 @@ std::vector<int> TNativeListView::ShownSelection() const
 void TNativeListView::ShowRows()
 {
     const TProgramSelects selecting(*this);
+    ForgetShown();
     SetItemCount(m_rows.Count());
     Refresh();
 }
@@ -106,13 +109,14 @@ void TNativeListView::ShowRows()
 void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow)
 {
     const TProgramSelects selecting(*this);
-    if (const std::vector<int> shown = ShownSelection(); shown != rows) {
+    if (!SelectsRows(rows)) {
         const wxWindowUpdateLocker lock(this);
         const bool isAll = static_cast<int>(rows.size()) == m_rows.Count();
         SelectAllRows(isAll);
         if (!isAll)
             for (const int row : rows)
                 Select(row);
+        SetShown(rows);
     }
     if (focusedRow >= 0 && focusedRow != FocusedRow())
         Focus(focusedRow);
@@ -126,6 +130,14 @@ wxString TNativeListView::OnGetItemText(long row, long column) const
     if (row >= m_rows.Count())
         return {};
     return ToWx(m_rows.Text(static_cast<int>(row), static_cast<TListColumn>(column)));
+}
+
+// The toolkit would make an event of every row that the program selects.
+bool TNativeListView::MSWOnNotify(int id, WXLPARAM parameter, WXLPARAM* result)
+{
+    const auto& header = *reinterpret_cast<const NMHDR*>(parameter);
+    const bool isChange = header.code == LVN_ITEMCHANGED || header.code == LVN_ODSTATECHANGED;
+    return (IsSelecting() && isChange) || wxListView::MSWOnNotify(id, parameter, result);
 }
 
 wxItemAttr* TNativeListView::OnGetItemAttr(long row) const

@@ -30,6 +30,27 @@ TSortKey SortKey(TListColumn column, const TMuWallpaper& item)
     return {ColumnText(column, item), column == lcCategory ? item.Title : std::string()};
 }
 
+// The first texts' places among the different ones. A thousand wallpapers share their folder or
+// category, and the locale takes its time for every comparison.
+std::vector<int> Ranks(const std::vector<TSortKey>& keys, const TMuWallpaperList::TCompare& compare)
+{
+    std::unordered_map<std::string_view, int> rankOf;
+    std::vector<const std::string*> texts;
+    for (const TSortKey& key : keys)
+        if (rankOf.emplace(key.First, 0).second)
+            texts.push_back(&key.First);
+    std::ranges::stable_sort(texts,
+                             [&](const auto* a, const auto* b) { return compare(*a, *b) < 0; });
+    for (std::size_t i = 1; i < texts.size(); ++i)
+        rankOf[*texts[i]] =
+            rankOf[*texts[i - 1]] + (compare(*texts[i - 1], *texts[i]) == 0 ? 0 : 1);
+    std::vector<int> ranks;
+    ranks.reserve(keys.size());
+    for (const TSortKey& key : keys)
+        ranks.push_back(rankOf[key.First]);
+    return ranks;
+}
+
 std::string ThumbnailPath(const std::string& folder, std::int32_t number)
 {
     return folder + "Thumbnail." + std::to_string(number) + ".jpg";
@@ -243,14 +264,11 @@ void TMuWallpaperList::Sort(TListColumn column, bool ascending, const TCompare& 
     keys.reserve(m_items.size());
     for (const auto& item : m_items)
         keys.push_back(SortKey(column, *item));
-    // Folders and categories are mostly the same, which the locale takes long to find out.
-    const auto compareTexts = [&](const std::string& a, const std::string& b) {
-        return a == b ? 0 : compare(a, b);
-    };
+    const std::vector<int> ranks = Ranks(keys, compare);
     const auto precedes = [&](std::size_t a, std::size_t b) {
-        int order = compareTexts(keys[a].First, keys[b].First);
-        if (order == 0)
-            order = compareTexts(keys[a].Second, keys[b].Second);
+        int order = ranks[a] - ranks[b];
+        if (order == 0 && keys[a].Second != keys[b].Second)
+            order = compare(keys[a].Second, keys[b].Second);
         return ascending ? order < 0 : order > 0;
     };
     std::vector<std::size_t> order(m_items.size());

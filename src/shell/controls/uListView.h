@@ -42,7 +42,6 @@ protected:
 
     // The control says that its selection has changed.
     void SelectionEvent();
-    bool IsSelecting() const { return m_isSelecting; }
 
     // Asking the control for thousands of rows takes a while.
     bool SelectsRows(const std::vector<int>& rows);

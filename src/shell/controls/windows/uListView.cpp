@@ -66,10 +66,6 @@ TNativeListView::TNativeListView(wxWindow* parent, TRows& rows, const wxString& 
 
 void TNativeListView::BindEvents()
 {
-    const auto selected = [this](wxListEvent&) { SelectionEvent(); };
-    Bind(wxEVT_LIST_ITEM_SELECTED, selected);
-    Bind(wxEVT_LIST_ITEM_DESELECTED, selected);
-    Bind(wxEVT_LIST_ITEM_FOCUSED, selected);
     Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { m_rows.UserActivates(); });
     Bind(wxEVT_LIST_COL_CLICK, [this](wxListEvent& event) {
         if (event.GetColumn() >= 0)
@@ -132,12 +128,28 @@ wxString TNativeListView::OnGetItemText(long row, long column) const
     return ToWx(m_rows.Text(static_cast<int>(row), static_cast<TListColumn>(column)));
 }
 
-// The toolkit would make an event of every row that the program selects.
+// The toolkit would make events of every single one of ten thousand rows that are selected at once.
 bool TNativeListView::MSWOnNotify(int id, WXLPARAM parameter, WXLPARAM* result)
 {
-    const auto& header = *reinterpret_cast<const NMHDR*>(parameter);
-    const bool isChange = header.code == LVN_ITEMCHANGED || header.code == LVN_ODSTATECHANGED;
-    return (IsSelecting() && isChange) || wxListView::MSWOnNotify(id, parameter, result);
+    constexpr UINT telling = LVIS_SELECTED | LVIS_FOCUSED;
+    UINT changed = 0;
+    switch (reinterpret_cast<const NMHDR*>(parameter)->code) {
+    case LVN_ITEMCHANGED: {
+        const auto& change = *reinterpret_cast<const NMLISTVIEW*>(parameter);
+        changed = change.uOldState ^ change.uNewState;
+        break;
+    }
+    case LVN_ODSTATECHANGED: {
+        const auto& change = *reinterpret_cast<const NMLVODSTATECHANGE*>(parameter);
+        changed = change.uOldState ^ change.uNewState;
+        break;
+    }
+    default:
+        return wxListView::MSWOnNotify(id, parameter, result);
+    }
+    if ((changed & telling) != 0)
+        SelectionEvent();
+    return true;
 }
 
 wxItemAttr* TNativeListView::OnGetItemAttr(long row) const

@@ -5,16 +5,18 @@
 #pragma once
 
 #include "uBusExport.h"
-#include "uFlatMenu.h"
+#include "uMenuItem.h"
 
 #include <functional>
-#include <optional>
-#include <span>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace murala
 {
+
+class TToldMenu;
 
 class TDBusMenu
 {
@@ -28,23 +30,11 @@ public:
     void Set(const TMenuItem& menu);
 
 private:
-    using TNames = std::vector<std::string_view>;
-    using TNumbers = std::vector<gint32>;
     struct TMethod;
     static const TMethod Methods[];
     static const GDBusInterfaceVTable Table;
 
-    gint32 Number(std::size_t i) const;
-    std::optional<std::size_t> Find(gint32 number) const;
-    GVariant* PropertiesOf(std::size_t i, const TNames& wanted) const;
-    GVariant* Layout(std::size_t i, int depth, const TNames& wanted) const;
-    GVariant* GroupProperties(std::span<const gint32> numbers, const TNames& wanted) const;
-    void TellStates(const TFlatMenu& before) const;
-
     // They take the arguments and give the answer, null when there is no such entry.
-    GVariant* GetLayout(GVariant* arguments);
-    GVariant* GetGroupProperties(GVariant* arguments);
-    GVariant* GetProperty(GVariant* arguments);
     GVariant* Event(GVariant* arguments);
     GVariant* EventGroup(GVariant* arguments);
     GVariant* AboutToShow(GVariant* arguments);
@@ -61,9 +51,7 @@ private:
 
     std::function<void()> m_onOpens;
     std::function<void(const std::string&)> m_onChosen;
-    TFlatMenu m_menu;   // as it was told
-    gint32 m_first = 1; // number of the first entry; the menu itself has 0
-    guint m_revision = 1;
+    std::shared_ptr<const TToldMenu> m_told;
     std::vector<std::string> m_chosen; // names, not told of yet
     TBusExport m_export;
 };

@@ -10,4 +10,10 @@ void GiveBackFreeMemory()
     malloc_trim(0);
 }
 
+// The C library gives each thread a heap of its own otherwise, and never gives back the end of one.
+void ShareMemoryOfThreads()
+{
+    mallopt(M_ARENA_MAX, 1);
+}
+
 } // namespace murala

@@ -12,4 +12,9 @@ void GiveBackFreeMemory()
     SetProcessWorkingSetSize(GetCurrentProcess(), asLittleAsPossible, asLittleAsPossible);
 }
 
+// They do.
+void ShareMemoryOfThreads()
+{
+}
+
 } // namespace murala

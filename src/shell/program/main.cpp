@@ -1,5 +1,6 @@
 #include "uMain.h"
 #include "uMuralaApp.h"
+#include "uProcessMemory.h"
 #include "uProgramEntry.h"
 #include "uProgramFolder.h"
 
@@ -39,6 +40,7 @@ private:
 // shell asks for goes without one.
 int Run(int argc, char** argv)
 {
+    ShareMemoryOfThreads();
     std::vector<std::string> arguments = ProgramArguments();
     auto link = NewInstanceLink();
     const TEntry entry = EnterProgram(arguments, *NewFileMenu(), *NewFileQueue(), *link);

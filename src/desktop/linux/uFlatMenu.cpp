@@ -78,13 +78,8 @@ bool TFlatMenu::IsSameShape(const TFlatMenu& other) const
     return m_text == other.m_text &&
            std::ranges::equal(m_entries, other.m_entries, [](const TEntry& a, const TEntry& b) {
                return a.Label == b.Label && a.Name == b.Name && a.End == b.End &&
-                      a.IsSeparator == b.IsSeparator;
+                      a.IsSeparator == b.IsSeparator && a.Checked == b.Checked;
            });
-}
-
-bool TFlatMenu::IsSameState(std::size_t i, const TFlatMenu& other) const
-{
-    return m_entries[i].Enabled == other[i].Enabled && m_entries[i].Checked == other[i].Checked;
 }
 
 } // namespace murala

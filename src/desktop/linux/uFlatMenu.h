@@ -29,9 +29,9 @@ public:
     std::string_view Name(std::size_t i) const;
     bool HasMenuBelow(std::size_t i) const { return m_entries[i].End > i + 1; }
 
-    // Whether nothing but states differs.
+    // Whether nothing differs but what is enabled. Checks count: panels know an entry as one that
+    // has a box or has none.
     bool IsSameShape(const TFlatMenu& other) const;
-    bool IsSameState(std::size_t i, const TFlatMenu& other) const;
 
 private:
     void Append(const TMenuItem& item, int depth);

@@ -91,17 +91,12 @@ GVariant* TToldMenu::Changes(const TToldMenu& before) const
     GVariantBuilder removed;
     g_variant_builder_init(&removed, G_VARIANT_TYPE("a(ias)"));
     for (std::size_t i = 0; i < m_menu.Count(); ++i) {
-        if (m_menu.IsSameState(i, before.m_menu))
+        if (m_menu[i].Enabled == before.m_menu[i].Enabled)
             continue;
         changed.push_back(Number(i));
-        g_variant_builder_open(&removed, G_VARIANT_TYPE("(ias)"));
-        g_variant_builder_add(&removed, "i", Number(i));
-        g_variant_builder_open(&removed, G_VARIANT_TYPE("as"));
-        for (const TProperty& property : Properties)
-            if (const TVariant value(property.Value(m_menu, i)); !value)
-                g_variant_builder_add(&removed, "s", property.Name);
-        g_variant_builder_close(&removed);
-        g_variant_builder_close(&removed);
+        const char* const enabled[] = {"enabled", nullptr};
+        if (m_menu[i].Enabled)
+            g_variant_builder_add(&removed, "(i^as)", Number(i), enabled);
     }
     if (!changed.empty())
         return g_variant_new("(@a(ia{sv})a(ias))", GroupProperties(changed, {}), &removed);

@@ -9,6 +9,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace murala
 {
@@ -33,7 +34,7 @@ struct TCore {
     // one is applied or the user goes on.
     std::string Problem;
 
-    TCore(const TServices& services, TMainView& view) : Services(services), View(view) {}
+    TCore(TServices services, TMainView& view) : Services(std::move(services)), View(view) {}
     TCore(const TCore&) = delete;
     TCore& operator=(const TCore&) = delete;
 

@@ -45,6 +45,7 @@ public:
     template<typename... TParameters, typename... TArguments>
     void Tell(void (TListener::*what)(TParameters...), TArguments&&... arguments)
     {
+        // NOLINTNEXTLINE(modernize-loop-convert): the one told may add another
         for (std::size_t i = 0; i < m_listeners.size(); ++i)
             if (m_listeners[i] != nullptr)
                 (m_listeners[i]->*what)(arguments...);

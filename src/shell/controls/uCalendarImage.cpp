@@ -30,6 +30,7 @@ TCalendarImage::TCalendarImage(wxWindow* parent, const wxString& name)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE, name)
 {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
+    m_container.DisableSelfFocus(); // keys move the bars, and scroll the parent
     Bind(wxEVT_PAINT, &TCalendarImage::OnPaint, this);
     Bind(wxEVT_LEFT_DOWN, &TCalendarImage::OnLeftDown, this);
     Bind(wxEVT_MOTION, &TCalendarImage::OnMotion, this);

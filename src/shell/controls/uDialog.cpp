@@ -11,7 +11,9 @@ void FinishDialog(wxDialog& dialog, wxSizer* content)
     auto* frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(content, wxSizerFlags(1).Expand().TripleBorder());
     auto* buttons = dialog.CreateSeparatedButtonSizer(wxOK | wxCANCEL);
+    // Without letters of their own, which would be those of other controls.
     dialog.FindWindow(wxID_OK)->SetLabel("Ok");
+    dialog.FindWindow(wxID_CANCEL)->SetLabel("Cancel");
     frame->Add(buttons, wxSizerFlags().Expand().DoubleBorder());
     dialog.SetSizerAndFit(frame);
     dialog.CentreOnParent();
@@ -22,6 +24,15 @@ void FinishDialog(wxDialog& dialog, wxWindow* content)
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(content, wxSizerFlags(1).Expand());
     FinishDialog(dialog, rows);
+}
+
+std::vector<wxDialog*> ModalDialogs()
+{
+    std::vector<wxDialog*> dialogs;
+    for (wxWindow* window : wxTopLevelWindows)
+        if (auto* dialog = dynamic_cast<wxDialog*>(window); dialog != nullptr && dialog->IsModal())
+            dialogs.push_back(dialog);
+    return dialogs;
 }
 
 } // namespace murala

@@ -29,6 +29,7 @@ TGradientPanel::TGradientPanel(wxWindow* parent, const wxString& name)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_SIMPLE, name)
 {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
+    m_container.DisableSelfFocus(); // keys move the bars
     SetCursor(wxCursor(wxCURSOR_HAND));
     SetToolTip("Drag up to make the nearer colour lighter, down to make it darker");
     Bind(wxEVT_PAINT, &TGradientPanel::OnPaint, this);

@@ -1,11 +1,13 @@
 #include "uPreviewPanel.h"
 
+#include "uWindowSystem.h"
 #include "uWxBitmap.h"
 
 #include <algorithm>
 
 #include <wx/control.h>
 #include <wx/dcbuffer.h>
+#include <wx/renderer.h>
 #include <wx/settings.h>
 
 namespace murala
@@ -37,7 +39,14 @@ TPreviewPanel::TPreviewPanel(wxWindow* parent, const wxString& name)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE, name)
 {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
+    SetAccessibleName(*this, "Preview");
     Bind(wxEVT_PAINT, &TPreviewPanel::OnPaint, this);
+    const auto refresh = [this](wxFocusEvent& event) {
+        event.Skip();
+        Refresh();
+    };
+    Bind(wxEVT_SET_FOCUS, refresh);
+    Bind(wxEVT_KILL_FOCUS, refresh);
 }
 
 int TPreviewPanel::PictureWidth(TSize proportions) const
@@ -70,6 +79,13 @@ void TPreviewPanel::OnPaint(wxPaintEvent&)
     wxAutoBufferedPaintDC dc(this);
     dc.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
     dc.Clear();
+    DrawContent(dc);
+    if (HasFocus()) // its menu is opened by a key, too
+        wxRendererNative::Get().DrawFocusRect(this, dc, wxRect(GetClientSize()).Deflate(1));
+}
+
+void TPreviewPanel::DrawContent(wxDC& dc)
+{
     const wxSize area = GetClientSize();
     if (m_picture.IsOk()) {
         const wxSize size(m_picture.GetLogicalSize());

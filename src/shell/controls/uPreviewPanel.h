@@ -24,6 +24,7 @@ public:
 
 private:
     void OnPaint(wxPaintEvent& event);
+    void DrawContent(wxDC& dc);
 
     wxBitmap m_picture;
     wxString m_text;

@@ -27,6 +27,17 @@ constexpr int CaptionLetters = 12; // so many are seen of it also in a larger fo
 // Milliseconds between two letters of one word.
 constexpr int TypingPause = 1000;
 
+// Half of the highlight: to be told from the background and to be read in light themes and dark
+// ones.
+wxColour UnfocusedHighlight()
+{
+    const wxColour highlight = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT);
+    const wxColour back = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX);
+    const auto mix = [](unsigned a, unsigned b) { return static_cast<unsigned char>((a + b) / 2); };
+    return {mix(highlight.Red(), back.Red()), mix(highlight.Green(), back.Green()),
+            mix(highlight.Blue(), back.Blue())};
+}
+
 } // namespace
 
 TMuThumbnailView::TMuThumbnailView(wxWindow* parent, TRows& rows, TThumbnails& thumbnails,
@@ -58,7 +69,9 @@ void TMuThumbnailView::BindEvents()
         if (RowAt(event.GetPosition()) >= 0)
             m_rows.UserActivates();
     });
-    Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { m_rows.UserWantsMenu(); });
+    Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
+        m_rows.UserWantsMenu(event.GetPosition() == wxDefaultPosition);
+    });
     Bind(wxEVT_KEY_DOWN, &TMuThumbnailView::OnKey, this);
     Bind(wxEVT_CHAR, &TMuThumbnailView::OnCharacter, this);
     const auto refresh = [this](wxFocusEvent& event) {
@@ -167,9 +180,9 @@ void TMuThumbnailView::DrawCell(wxDC& dc, int row)
     const wxRect cell = CellRect(row).Deflate(1);
     const bool isSelected = m_selection.IsSelected(row);
     if (isSelected) {
-        const auto colour = HasFocus() ? wxSYS_COLOUR_HIGHLIGHT : wxSYS_COLOUR_BTNSHADOW;
         dc.SetPen(*wxTRANSPARENT_PEN);
-        dc.SetBrush(wxSystemSettings::GetColour(colour));
+        dc.SetBrush(HasFocus() ? wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT)
+                               : UnfocusedHighlight());
         dc.DrawRectangle(cell);
     }
     const int margin = FromDIP(Margin);

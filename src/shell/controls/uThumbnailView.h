@@ -41,6 +41,7 @@ public:
     void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
     void TellSelection() override {}
     void EditTitle(int row) override;
+    wxRect RowRect(int row) const override { return CellRect(row); }
     bool IsEditing() const override { return m_editor != nullptr; }
 
     // Of the whole cell, in the window.

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+class wxRect;
 class wxWindow;
 
 namespace murala
@@ -26,7 +27,7 @@ public:
     virtual void UserActivates() = 0;
     virtual void UserRenames(int row, const std::string& title) = 0;
     virtual void UserClicksHeader(TListColumn column) = 0;
-    virtual void UserWantsMenu() = 0;
+    virtual void UserWantsMenu(bool byKey) = 0;
 };
 
 class TWallpaperView
@@ -44,6 +45,8 @@ public:
     // What the user has selected is told a moment later, many rows together; this tells it now.
     virtual void TellSelection() = 0;
     virtual void EditTitle(int row) = 0;
+    // In the window; empty while it is not seen.
+    virtual wxRect RowRect(int row) const = 0;
     // Keys are then the editor's.
     virtual bool IsEditing() const = 0;
 };

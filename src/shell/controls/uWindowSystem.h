@@ -8,6 +8,7 @@
 #include <vector>
 
 class wxMenu;
+class wxNotebook;
 class wxTopLevelWindow;
 class wxWindow;
 
@@ -44,5 +45,22 @@ void SetAccessibleText(wxWindow& window, const wxString& name, const wxString& d
 
 // For a control without a label of its own.
 void SetAccessibleName(wxWindow& window, const wxString& name);
+
+// Where a key with Alt is taken in wxEVT_CHAR_HOOK: else the system may take Alt for pressed alone,
+// which is for the menu.
+void TakeAltKey(wxWindow& window);
+
+// Adds a page that Alt and the letter after "&" in its caption show, too.
+void AddPage(wxNotebook& book, wxWindow* page, const wxString& caption);
+
+// A text that begins with names in scripts from the right still is a line from the left.
+wxString LeftToRight(const wxString& text);
+
+// For a progress dialog: some are made of labels, which take "&" for an access key.
+wxString ProgressText(const wxString& text);
+
+// Gives back what windows forget when they are disabled for a while: where the focus stood, and
+// that a modal dialog takes all input.
+std::function<void()> RememberInput();
 
 } // namespace murala

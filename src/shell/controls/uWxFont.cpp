@@ -13,12 +13,12 @@ namespace murala
 
 wxFont ToWxFont(const TMuFont& font)
 {
-    return wxFont(wxFontInfo(std::clamp(font.Size, 1, 1000))
-                      .FaceName(ToWx(font.Name))
-                      .Bold(font.Bold)
-                      .Italic(font.Italic)
-                      .Underlined(font.Underline)
-                      .Strikethrough(font.Strikeout));
+    return wxFontInfo(std::clamp(font.Size, 1, 1000))
+        .FaceName(ToWx(font.Name))
+        .Bold(font.Bold)
+        .Italic(font.Italic)
+        .Underlined(font.Underline)
+        .Strikethrough(font.Strikeout);
 }
 
 TMuFont FromWxFont(const wxFontData& chosen, const TMuFont& before)

@@ -141,14 +141,15 @@ wxButton* TActionBinder::NewButton(wxWindow* parent, TActionId action, const wxS
 wxButton* TActionBinder::NewSpeedButton(wxWindow* parent, TActionId action, const wxString& name)
 {
     wxButton* button = NewButton(parent, action, name);
+    button->SetLabel(PlainCaption(m_actions[action].Caption)); // its letter is a page's or a menu's
     button->SetBitmap(ActionImage(action, SpeedButtonImageSide));
     return button;
 }
 
 wxCheckBox* TActionBinder::NewCheckBox(wxWindow* parent, TActionId action, const wxString& name)
 {
-    auto* box = new wxCheckBox(parent, wxID_ANY, ToWx(m_actions[action].Caption), wxDefaultPosition,
-                               wxDefaultSize, 0, wxDefaultValidator, name);
+    auto* box = new wxCheckBox(parent, wxID_ANY, PlainCaption(m_actions[action].Caption),
+                               wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
     box->Bind(wxEVT_CHECKBOX, [this, action](wxCommandEvent&) { m_actions.Execute(action); });
     return box;
 }

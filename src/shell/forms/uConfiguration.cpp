@@ -57,7 +57,8 @@ TConvertGrid::TConvertGrid(wxWindow* parent, const TConvertList& list)
                           "down arrow key to add a new entry to the list.";
     m_grid->SetToolTip(hint);
     m_grid->GetGridWindow()->SetToolTip(hint);
-    SetAccessibleName(*m_grid, "Titles: replace From by To");
+    for (wxWindow* window : {static_cast<wxWindow*>(m_grid), m_grid->GetGridWindow()})
+        SetAccessibleName(*window, "Titles: replace From by To");
     m_grid->Bind(wxEVT_KEY_DOWN, &TConvertGrid::OnKey, this);
 }
 
@@ -99,12 +100,12 @@ TfConfiguration::TfConfiguration(wxWindow* parent, TMurala& murala, const TActio
       m_murala(murala), m_actions(actions), m_configuration(murala.Configurator.Present())
 {
     auto* pages = new wxNotebook(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, "pcPages");
-    pages->AddPage(BuildStartPage(pages), "&Startup");
-    pages->AddPage(BuildSchedulePage(pages), "S&chedule");
-    pages->AddPage(BuildTitlesPage(pages), "&Titles");
-    pages->AddPage(BuildWallpapersPage(pages), "&Wallpapers");
+    AddPage(*pages, BuildStartPage(pages), "Start&up");
+    AddPage(*pages, BuildSchedulePage(pages), "Sc&hedule");
+    AddPage(*pages, BuildTitlesPage(pages), "&Titles");
+    AddPage(*pages, BuildWallpapersPage(pages), "&Wallpapers");
     wxWindow* thumbnails = BuildThumbnailsPage(pages);
-    pages->AddPage(thumbnails, "Th&umbnails");
+    AddPage(*pages, thumbnails, "Thum&bnails");
     // Asking the disk for every file takes a moment: when the page is looked at.
     pages->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this, pages, thumbnails](wxBookCtrlEvent& event) {
         event.Skip();
@@ -162,7 +163,7 @@ wxWindow* TfConfiguration::BuildSchedulePage(wxWindow* parent)
     rows->Add(new wxStaticText(page, wxID_ANY,
                                ToWx(LastChangeText(m_configuration.Settings.LastChangeDate))),
               wxSizerFlags().DoubleBorder(wxBOTTOM));
-    auto* button = new wxButton(page, wxID_ANY, "&Wallpaper Schedule...", wxDefaultPosition,
+    auto* button = new wxButton(page, wxID_ANY, "Wallpaper Sche&dule...", wxDefaultPosition,
                                 wxDefaultSize, 0, wxDefaultValidator, "bSchedule");
     button->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { bScheduleClick(); });
     rows->Add(button);
@@ -296,8 +297,9 @@ void TfConfiguration::ShowStatistics()
         value->Update();
     }
     const TThumbnailStatistics statistics = m_murala.Configurator.ThumbnailStatistics();
-    lSize->SetLabel(ToWx(statistics.SizeText()));
-    lShare->SetLabel(ToWx(statistics.ShareText()));
+    // The blanks in front line nothing up in letters of different widths.
+    lSize->SetLabel(ToWx(statistics.SizeText()).Trim(false));
+    lShare->SetLabel(ToWx(statistics.ShareText()).Trim(false));
     lCount->SetLabel(ToWx(statistics.CountText()));
 }
 

@@ -46,6 +46,7 @@ TfGradientEditor::TfGradientEditor(wxWindow* parent)
     FinishDialog(*this, content);
     SetMinSize(GetSize());
     BindEvents();
+    m_start->SetFocus();
 }
 
 wxSizer* TfGradientEditor::NewColorGroup(const wxString& caption, TColorBars*& bars,

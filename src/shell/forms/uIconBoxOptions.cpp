@@ -3,6 +3,7 @@
 #include "uDialog.h"
 #include "uDisplayMode.h"
 #include "uIconBoxExample.h"
+#include "uSwatch.h"
 #include "uWindowSystem.h"
 #include "uWxBitmap.h"
 
@@ -39,6 +40,7 @@ TfIconBoxOptions::TfIconBoxOptions(wxWindow* parent, const TIconBoxOptions& opti
     UpdateTint();
     UpdateControls();
     CentreOnScreen();
+    rgType->SetFocus();
     rgType->Bind(wxEVT_RADIOBOX, [this](wxCommandEvent&) { UpdateControls(); });
     tbTint->Bind(wxEVT_SLIDER, [this](wxCommandEvent&) { UpdateTint(); });
     cbBorder->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { UpdateControls(); });
@@ -71,8 +73,7 @@ wxSizer* TfIconBoxOptions::BuildTintRow()
     tbTint->SetTickFreq(TintTicks);
     tbTint->SetPageSize(TintTicks);
     SetAccessibleName(*tbTint, "Tint");
-    pTint = new wxPanel(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(32, 24)), wxBORDER_SIMPLE,
-                        "pTint");
+    pTint = NewSwatch(this, wxSize(32, 24), "pTint");
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(tbTint, wxSizerFlags(1).CenterVertical());
     row->Add(pTint, wxSizerFlags().CenterVertical().Border(wxLEFT));
@@ -84,11 +85,11 @@ wxSizer* TfIconBoxOptions::BuildTintRow()
 
 wxSizer* TfIconBoxOptions::BuildBorderGroup()
 {
+    cbBorder->MoveAfterInTabOrder(pTint);
     auto* group = new wxStaticBoxSizer(wxHORIZONTAL, this, "Border Color");
     bSelectColor = new wxButton(group->GetStaticBox(), wxID_ANY, "Select &Color", wxDefaultPosition,
                                 wxDefaultSize, 0, wxDefaultValidator, "bSelectColor");
-    pBorderColor = new wxPanel(group->GetStaticBox(), wxID_ANY, wxDefaultPosition,
-                               FromDIP(wxSize(32, 24)), wxBORDER_SIMPLE, "pBorderColor");
+    pBorderColor = NewSwatch(group->GetStaticBox(), wxSize(32, 24), "pBorderColor");
     group->Add(bSelectColor, wxSizerFlags().CenterVertical().Border());
     group->Add(pBorderColor, wxSizerFlags().CenterVertical().Border());
     return group;

@@ -3,6 +3,7 @@
 #include "uAddOnsPage.h"
 #include "uCallLater.h"
 #include "uDesktopPage.h"
+#include "uDialog.h"
 #include "uEffectPage.h"
 #include "uPreviewSizes.h"
 #include "uProgramEntry.h"
@@ -159,7 +160,7 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
         new wxNotebook(spHorizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, "pcEffect");
     const auto addPage = [this](TSettingsPage* page, const char* caption) {
         m_pages.push_back(page);
-        pcEffect->AddPage(page, caption);
+        AddPage(*pcEffect, page, caption);
     };
     addPage(new TDesktopPage(pcEffect, m_murala, m_binder, alMain), "&Desktop");
     addPage(new TTintPage(pcEffect, m_murala), "&Tint");
@@ -325,9 +326,8 @@ void TfMain::EndSession()
     m_isClosePending = true;
     if (!m_murala.Core.Pauses.IsPaused())
         return CallLater(*this, [this] { CloseWhenAsked(); });
-    for (wxWindow* window : wxTopLevelWindows)
-        if (auto* dialog = dynamic_cast<wxDialog*>(window); dialog != nullptr && dialog->IsModal())
-            dialog->EndModal(wxID_CANCEL);
+    for (wxDialog* dialog : ModalDialogs())
+        dialog->EndModal(wxID_CANCEL);
     tEnd.StartOnce(EndPatience);
 }
 

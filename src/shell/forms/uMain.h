@@ -102,6 +102,7 @@ private:
     void UpdateHints();
     void ShowSelectionStatus();
     void ShowLastChange();
+    wxWindow* TopWindow();
 
     // TMainView.
     void ShowMessage(const std::string& text) override;

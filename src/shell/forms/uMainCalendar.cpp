@@ -44,12 +44,13 @@ TfMainCalendar::TfMainCalendar(wxWindow* parent, const TServices& services,
     if (background)
         m_calendar.Picture = std::move(*background);
     Load();
+    wxSizer* toolBar = BuildToolBar();
     auto* client = new wxBoxSizer(wxHORIZONTAL);
     client->Add(BuildPages(), wxSizerFlags().Expand());
     BuildPreview();
     client->Add(sbCalendar, wxSizerFlags(1).Expand().Border(wxLEFT));
     auto* frame = new wxBoxSizer(wxVERTICAL);
-    frame->Add(BuildToolBar(), wxSizerFlags().Expand().Border());
+    frame->Add(toolBar, wxSizerFlags().Expand().Border());
     frame->Add(client, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT));
     frame->Add(BuildBottom(), wxSizerFlags().Expand().Border());
     SetSizerAndFit(frame);
@@ -61,6 +62,7 @@ TfMainCalendar::TfMainCalendar(wxWindow* parent, const TServices& services,
     Maximize();
     aRenderExecute();
     SetViewMode(m_editor.ViewMode);
+    seCalendarWidth->SetFocus();
 }
 
 void TfMainCalendar::Load()

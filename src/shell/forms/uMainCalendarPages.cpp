@@ -2,6 +2,7 @@
 
 #include "uMainCalendar.h"
 
+#include "uSwatch.h"
 #include "uTint.h"
 #include "uWindowSystem.h"
 #include "uWxBitmap.h"
@@ -107,9 +108,9 @@ wxSizer* TfMainCalendar::BuildToolBar()
 wxWindow* TfMainCalendar::BuildPages()
 {
     auto* pages = new wxNotebook(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, "pcCalendar");
-    pages->AddPage(BuildSizePage(pages), "&Size");
-    pages->AddPage(BuildFeaturesPage(pages), "&Features");
-    pages->AddPage(BuildBlendingPage(pages), "&Blending");
+    AddPage(*pages, BuildSizePage(pages), "&Size");
+    AddPage(*pages, BuildFeaturesPage(pages), "&Features");
+    AddPage(*pages, BuildBlendingPage(pages), "&Blending");
     // Wide enough for the widest page with its scroll bar.
     wxSize size;
     for (std::size_t i = 0; i < pages->GetPageCount(); ++i)
@@ -244,8 +245,7 @@ wxSizer* TfMainCalendar::BuildBorderGroup(wxWindow* page)
                                wxDefaultValidator, "cbBorders");
     cbBorders->SetToolTip("Borders");
     cbBorders->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { aBordersExecute(); });
-    pBorderColor = new wxPanel(page, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(32, 24)),
-                               wxBORDER_SIMPLE, "pBorderColor");
+    pBorderColor = NewSwatch(page, wxSize(32, 24), "pBorderColor");
     row->Add(cbBorders, wxSizerFlags(1).CenterVertical());
     row->Add(NewButton(page, "Border Color", "Border Color", "bBorderColor",
                        &TfMainCalendar::aBorderColorExecute),
@@ -310,7 +310,7 @@ void TfMainCalendar::BuildPreview()
                                       wxHSCROLL | wxVSCROLL | wxBORDER_THEME, "sbCalendar");
     sbCalendar->SetScrollRate(FromDIP(16), FromDIP(16));
     iCalendar = new TCalendarImage(sbCalendar, "iCalendar");
-    SetAccessibleName(*iCalendar, "Calendar");
+    SetAccessibleName(*sbCalendar, "Calendar");
 }
 
 wxSizer* TfMainCalendar::BuildBottom()

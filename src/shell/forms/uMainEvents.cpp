@@ -3,6 +3,7 @@
 #include "uMain.h"
 
 #include "uCallLater.h"
+#include "uDialog.h"
 #include "uPath.h"
 #include "uPreviewSizes.h"
 #include "uProcessMemory.h"
@@ -10,6 +11,7 @@
 #include "uSettingsPage.h"
 #include "uStickyEdges.h"
 #include "uText.h"
+#include "uWindowSystem.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -32,11 +34,12 @@ constexpr int ScheduleInterval = 1000;
 
 void TfMain::BindEvents()
 {
-    iPreview->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) {
+    iPreview->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
         const std::unique_ptr<wxMenu> pmPreview(
             m_binder.NewMenu({aMiniSize, aNormalSize, aLargeSize}));
         const TPauseScope pause(m_murala.Core.Pauses);
-        PopupMenu(pmPreview.get());
+        const bool byKey = event.GetPosition() == wxDefaultPosition;
+        iPreview->PopupMenu(pmPreview.get(), byKey ? wxPoint() : wxDefaultPosition);
     });
     iPreview->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
@@ -149,12 +152,11 @@ void TfMain::PlaceSplitters()
 // Keys that controls would keep for themselves.
 void TfMain::FormCharHook(wxKeyEvent& event)
 {
-    if (event.GetModifiers() == wxMOD_ALT && event.GetKeyCode() == WXK_RIGHT)
-        alMain.Execute(aNext);
-    else if (event.GetModifiers() == wxMOD_ALT && event.GetKeyCode() == WXK_LEFT)
-        alMain.Execute(aPrevious);
-    else
-        event.Skip();
+    const int key = event.GetKeyCode();
+    if (event.GetModifiers() != wxMOD_ALT || (key != WXK_LEFT && key != WXK_RIGHT))
+        return event.Skip();
+    TakeAltKey(*this);
+    alMain.Execute(key == WXK_RIGHT ? aNext : aPrevious);
 }
 
 void TfMain::tSelectItemTimer()
@@ -250,21 +252,28 @@ void TfMain::FormMoving(wxMoveEvent& event)
     event.SetRect({snapped.Left, snapped.Top, snapped.Width(), snapped.Height()});
 }
 
+// What belongs to the window itself brings it before a modal dialog, and enables it when it ends.
+wxWindow* TfMain::TopWindow()
+{
+    if (const auto dialogs = ModalDialogs(); !dialogs.empty())
+        return dialogs.back();
+    return IsShown() ? this : nullptr;
+}
+
 void TfMain::ShowMessage(const std::string& text)
 {
     // The hourglass is for work, not for a question.
     const TValueScope depth(m_busyDepth, 0);
     const bool wasBusy = m_busyCursor.has_value();
     m_busyCursor.reset();
-    wxMessageBox(ToWx(text), "Murala", wxOK | wxICON_INFORMATION | wxCENTRE,
-                 IsShown() ? this : nullptr);
+    wxMessageBox(ToWx(text), "Murala", wxOK | wxICON_INFORMATION | wxCENTRE, TopWindow());
     if (wasBusy)
         m_busyCursor.emplace();
 }
 
 void TfMain::SetStatus(const std::string& text)
 {
-    const wxString label = wxControl::EscapeMnemonics(ToWx(text));
+    const wxString label = wxControl::EscapeMnemonics(LeftToRight(ToWx(text)));
     if (label != pStatusText->GetLabel())
         pStatusText->SetLabel(label);
 }
@@ -276,8 +285,7 @@ namespace
 class TMainWork : public TLongWork
 {
 public:
-    TMainWork(wxWindow* window, wxGauge& bar, int range)
-        : m_bar(bar), m_dialog(window->IsShownOnScreen() ? window : nullptr, range)
+    TMainWork(wxWindow* window, wxGauge& bar, int range) : m_bar(bar), m_dialog(window, range)
     {
         m_bar.SetRange(std::max(range, 1));
     }
@@ -308,7 +316,7 @@ private:
 
 std::unique_ptr<TLongWork> TfMain::BeginWork(int range)
 {
-    return std::make_unique<TMainWork>(this, *pbMain, range);
+    return std::make_unique<TMainWork>(TopWindow(), *pbMain, range);
 }
 
 void TfMain::SetBusy(bool busy)

@@ -1,5 +1,6 @@
 #include "uProgress.h"
 
+#include "uWindowSystem.h"
 #include "uWxText.h"
 
 #include <algorithm>
@@ -53,7 +54,14 @@ TProgressDialog::TProgressDialog(wxWindow* parent, int range) : m_parent(parent)
 {
 }
 
-TProgressDialog::~TProgressDialog() = default;
+// Everything else was disabled.
+TProgressDialog::~TProgressDialog()
+{
+    if (m_dialog == nullptr)
+        return;
+    m_dialog.reset();
+    m_restoreInput();
+}
 
 bool TProgressDialog::IsDue() const
 {
@@ -65,12 +73,14 @@ bool TProgressDialog::Step(int position, const std::string& text)
 {
     if (!IsDue())
         return !m_isCancelled;
-    if (m_dialog == nullptr)
+    if (m_dialog == nullptr) {
+        m_restoreInput = RememberInput();
         m_dialog = std::make_unique<wxProgressDialog>(
-            "Please Wait", ToWx(text), std::max(m_range, 1), m_parent,
+            "Please Wait", ProgressText(ToWx(text)), std::max(m_range, 1), m_parent,
             wxPD_APP_MODAL | wxPD_CAN_ABORT | wxPD_SMOOTH);
+    }
     // The bar's end would close it.
-    m_isCancelled = !m_dialog->Update(std::min(position, m_range - 1), ToWx(text));
+    m_isCancelled = !m_dialog->Update(std::min(position, m_range - 1), ProgressText(ToWx(text)));
     m_lastTold = std::chrono::steady_clock::now();
     return !m_isCancelled;
 }

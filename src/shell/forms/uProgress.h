@@ -4,6 +4,7 @@
 #include "uMainView.h"
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -48,6 +49,7 @@ private:
     int m_range;
     std::chrono::steady_clock::time_point m_lastTold = std::chrono::steady_clock::now();
     std::unique_ptr<wxProgressDialog> m_dialog;
+    std::function<void()> m_restoreInput;
     bool m_isCancelled = false;
 };
 

@@ -78,14 +78,22 @@ void TWallpaperPanel::OnKey(wxKeyEvent& event)
         event.Skip();
 }
 
-void TWallpaperPanel::UserWantsMenu()
+void TWallpaperPanel::UserWantsMenu(bool byKey)
 {
     const std::unique_ptr<wxMenu> pmWallpaper(m_binder.NewMenu(
         {aSelectAll, "-", aChangeCategory, "-", aAdd, aRemove, aRename, "-", aRefreshThumbnail, "-",
          "&Shell>", aShellOpen, aShellEdit, "<", "-", aApply}));
     View().TellSelection();
     const TPauseScope pause(m_murala.Core.Pauses);
-    PopupMenu(pmWallpaper.get());
+    View().Window().PopupMenu(pmWallpaper.get(), byKey ? KeyMenuPlace() : wxDefaultPosition);
+}
+
+// Below the focused row where that is seen.
+wxPoint TWallpaperPanel::KeyMenuPlace()
+{
+    const int row = m_murala.Core.Selection.Row();
+    const wxPoint place = row >= 0 ? View().RowRect(row).GetLeftBottom() : wxPoint();
+    return wxRect(View().Window().GetClientSize()).Contains(place) ? place : wxPoint();
 }
 
 const TBitmap* TWallpaperPanel::Thumbnail(int row)

@@ -32,6 +32,7 @@ private:
     void BuildToolBar();
     void UpdateHint();
     void OnKey(wxKeyEvent& event);
+    wxPoint KeyMenuPlace();
 
     // TListener.
     void RowsChanged() override;
@@ -47,7 +48,7 @@ private:
     void UserActivates() override;
     void UserRenames(int row, const std::string& title) override;
     void UserClicksHeader(TListColumn column) override;
-    void UserWantsMenu() override;
+    void UserWantsMenu(bool byKey) override;
 
     // TThumbnails.
     const TBitmap* Thumbnail(int row) override;

@@ -61,7 +61,9 @@ public:
         for (int i = 0; i < ListColumnCount; ++i)
             AppendTextColumn(ToWx(ListColumns[i].Caption), static_cast<unsigned>(i),
                              wxDATAVIEW_CELL_INERT, ColumnWidth(ListColumns[i].Width), wxALIGN_LEFT,
-                             wxDATAVIEW_COL_RESIZABLE | wxDATAVIEW_COL_SORTABLE);
+                             wxDATAVIEW_COL_RESIZABLE | wxDATAVIEW_COL_SORTABLE)
+                ->GetRenderer()
+                ->EnableEllipsize(wxELLIPSIZE_END);
         BindEvents();
     }
     // The control loses its selection, and tells of it, when this is gone already.
@@ -74,6 +76,10 @@ public:
     void ShowTexts() override { Refresh(); }
     void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
     void EditTitle(int row) override;
+    wxRect RowRect(int row) const override
+    {
+        return GetItemRect(m_model->GetItem(static_cast<unsigned>(row)));
+    }
     bool IsEditing() const override { return m_isEditing; }
 
     int ShownRows() const override { return static_cast<int>(m_model->GetCount()); }
@@ -105,7 +111,17 @@ void TNativeListView::BindEvents()
         if (event.GetColumn() >= 0)
             m_rows.UserClicksHeader(static_cast<TListColumn>(event.GetColumn()));
     });
-    Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [this](wxDataViewEvent&) { m_rows.UserWantsMenu(); });
+    Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU,
+         [this](wxDataViewEvent&) { m_rows.UserWantsMenu(false); });
+    // The control tells of no menu that is wanted by a key.
+    Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+        const int key = event.GetKeyCode(), modifiers = event.GetModifiers();
+        const bool isMenuKey = modifiers == wxMOD_NONE && key == WXK_WINDOWS_MENU;
+        if (!m_isEditing && (isMenuKey || (modifiers == wxMOD_SHIFT && key == WXK_F10)))
+            m_rows.UserWantsMenu(true);
+        else
+            event.Skip();
+    });
     Bind(wxEVT_DATAVIEW_ITEM_EDITING_DONE, [this](wxDataViewEvent&) {
         m_isEditing = false;
         GetColumn(lcTitle)->GetRenderer()->SetMode(wxDATAVIEW_CELL_INERT);

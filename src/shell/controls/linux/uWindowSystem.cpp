@@ -1,9 +1,15 @@
 #include "uWindowSystem.h"
 
+#include "uDialog.h"
+
 #include <gtk/gtk.h>
 #include <wx/artprov.h>
+#include <wx/control.h>
+#include <wx/dialog.h>
 #include <wx/menu.h>
+#include <wx/notebook.h>
 #include <wx/toplevel.h>
+#include <wx/weakref.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -47,6 +53,11 @@ gboolean OnEvent(GtkWidget*, GdkEvent* event, gpointer data)
     click->Action();
     return TRUE;
 }
+
+struct TFocus {
+    wxWeakRef<wxWindow> Window;
+    std::shared_ptr<GtkWidget> Widget;
+};
 
 // To the left of an entry.
 void DrawBar(GtkWidget* entry)
@@ -151,6 +162,52 @@ void SetAccessibleName(wxWindow& window, const wxString& name)
 {
     if (AtkObject* object = gtk_widget_get_accessible(window.GetHandle()))
         atk_object_set_name(object, name.utf8_str());
+}
+
+void TakeAltKey(wxWindow& /*window*/)
+{
+}
+
+// GTK's tabs know such letters, only the toolkit does not tell it.
+void AddPage(wxNotebook& book, wxWindow* page, const wxString& caption)
+{
+    book.AddPage(page, caption);
+    GtkNotebook* notebook = GTK_NOTEBOOK(book.GetHandle());
+    GtkWidget* tab = gtk_notebook_get_tab_label(notebook, gtk_notebook_get_nth_page(notebook, -1));
+    GList* parts = gtk_container_get_children(GTK_CONTAINER(tab));
+    wxString text = caption;
+    text.Replace("&", "_");
+    for (GList* each = parts; each != nullptr; each = each->next)
+        if (GTK_IS_LABEL(each->data))
+            gtk_label_set_text_with_mnemonic(GTK_LABEL(each->data), text.utf8_str());
+    g_list_free(parts);
+}
+
+// Pango takes a line's direction from its first letter: here from an invisible mark.
+wxString LeftToRight(const wxString& text)
+{
+    return text.IsAscii() ? text : wxUniChar(0x200E) + text;
+}
+
+wxString ProgressText(const wxString& text)
+{
+    return wxControl::EscapeMnemonics(text);
+}
+
+// What GTK disables loses the focus and its grab.
+std::function<void()> RememberInput()
+{
+    std::vector<TFocus> focuses;
+    for (wxWindow* window : wxTopLevelWindows)
+        if (GtkWidget* widget = gtk_window_get_focus(GTK_WINDOW(window->GetHandle())))
+            focuses.push_back({window, {GTK_WIDGET(g_object_ref(widget)), g_object_unref}});
+    return [focuses = std::move(focuses)] {
+        for (const auto& [window, widget] : focuses)
+            if (window && gtk_widget_get_toplevel(widget.get()) == window->GetHandle())
+                gtk_window_set_focus(GTK_WINDOW(window->GetHandle()), widget.get());
+        for (wxDialog* dialog : ModalDialogs())
+            gtk_grab_add(dialog->GetHandle());
+    };
 }
 
 } // namespace murala

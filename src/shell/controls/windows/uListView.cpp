@@ -30,6 +30,12 @@ public:
     void ShowTexts() override { Refresh(); }
     void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
     void EditTitle(int row) override { EditLabel(row); }
+    wxRect RowRect(int row) const override
+    {
+        wxRect rect;
+        GetItemRect(row, rect);
+        return rect;
+    }
     bool IsEditing() const override { return GetEditControl() != nullptr; }
 
     int ShownRows() const override { return GetItemCount(); }
@@ -71,7 +77,9 @@ void TNativeListView::BindEvents()
         if (event.GetColumn() >= 0)
             m_rows.UserClicksHeader(static_cast<TListColumn>(event.GetColumn()));
     });
-    Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { m_rows.UserWantsMenu(); });
+    Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
+        m_rows.UserWantsMenu(event.GetPosition() == wxDefaultPosition);
+    });
     Bind(wxEVT_LIST_END_LABEL_EDIT, [this](wxListEvent& event) {
         event.Veto(); // the row's text comes from the list
         const wxString title = wxString(event.GetLabel()).Trim().Trim(false);

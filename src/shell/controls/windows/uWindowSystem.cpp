@@ -6,7 +6,9 @@
 #include <wx/icon.h>
 #include <wx/log.h>
 #include <wx/mimetype.h>
-#include <wx/window.h>
+#include <wx/notebook.h>
+#include <wx/toplevel.h>
+#include <wx/weakref.h>
 
 namespace murala
 {
@@ -112,6 +114,50 @@ void SetAccessibleText(wxWindow& window, const wxString& name, const wxString& d
     text.Name = name;
     text.Description = description;
     wxAccessible::NotifyEvent(wxACC_EVENT_OBJECT_NAMECHANGE, &window, wxOBJID_CLIENT, wxACC_SELF);
+}
+
+// The default procedure forgets Alt as soon as it hears of another key.
+void TakeAltKey(wxWindow& window)
+{
+    constexpr WXUINT sysKeyDown = 0x0104; // WM_SYSKEYDOWN
+    constexpr WXWPARAM anyKey = 'A';
+    constexpr WXLPARAM withAlt = 1 << 29;
+    window.MSWDefWindowProc(sysKeyDown, anyKey, withAlt);
+}
+
+// The tabs only underline the letter.
+void AddPage(wxNotebook& book, wxWindow* page, const wxString& caption)
+{
+    const std::size_t place = book.GetPageCount();
+    book.AddPage(page, caption);
+    const int key = wxToupper(caption[caption.find('&') + 1]);
+    wxGetTopLevelParent(&book)->Bind(wxEVT_CHAR_HOOK, [&book, place, key](wxKeyEvent& event) {
+        if (event.GetModifiers() != wxMOD_ALT || event.GetKeyCode() != key)
+            return event.Skip();
+        book.SetSelection(place);
+        TakeAltKey(book);
+    });
+}
+
+// A text's direction is the window's.
+wxString LeftToRight(const wxString& text)
+{
+    return text;
+}
+
+// It is the system's own.
+wxString ProgressText(const wxString& text)
+{
+    return text;
+}
+
+// The toolkit keeps the rest.
+std::function<void()> RememberInput()
+{
+    return [focus = wxWeakRef<wxWindow>(wxWindow::FindFocus())] {
+        if (focus)
+            focus->SetFocus();
+    };
 }
 
 } // namespace murala

@@ -1,5 +1,6 @@
 #include "uDesktopPage.h"
 
+#include "uSwatch.h"
 #include "uWxBitmap.h"
 
 namespace murala
@@ -19,8 +20,7 @@ TDesktopPage::TDesktopPage(wxWindow* parent, TMurala& murala, TActionBinder& bin
 wxSizer* TDesktopPage::NewContent()
 {
     auto* label = new wxStaticText(this, wxID_ANY, "Desktop Color");
-    m_desktopColor = new wxPanel(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(48, 24)),
-                                 wxBORDER_SIMPLE, "pDesktopColor");
+    m_desktopColor = NewSwatch(this, wxSize(48, 24), "pDesktopColor");
     auto* choose = new wxBoxSizer(wxHORIZONTAL);
     choose->Add(label, wxSizerFlags().CenterVertical());
     choose->Add(m_desktopColor, wxSizerFlags().CenterVertical().Border(wxLEFT | wxRIGHT));

@@ -1,0 +1,28 @@
+#include "uSwatch.h"
+
+#include <wx/panel.h>
+
+namespace murala
+{
+
+namespace
+{
+
+class TSwatch : public wxPanel
+{
+public:
+    TSwatch(wxWindow* parent, const wxSize& size, const wxString& name)
+        : wxPanel(parent, wxID_ANY, wxDefaultPosition, size, wxBORDER_SIMPLE, name)
+    {
+        m_container.DisableSelfFocus(); // there is nothing to do in it
+    }
+};
+
+} // namespace
+
+wxPanel* NewSwatch(wxWindow* parent, const wxSize& size, const wxString& name)
+{
+    return new TSwatch(parent, parent->FromDIP(size), name);
+}
+
+} // namespace murala

@@ -61,7 +61,10 @@ protected:
     {
         m_main = new TfMain(m_services.Services(), m_link);
         m_main->Activate(arguments);
-        PumpUntil([this] { return m_main->IsShown(); });
+        // The last page is made when the window has been on the screen.
+        const auto isComplete = [this] { return wxWindow::FindWindowByName("clbAddOns", m_main); };
+        if (PumpUntil([this] { return m_main->IsShown(); }))
+            PumpUntil(isComplete);
         Pump(100);
     }
 

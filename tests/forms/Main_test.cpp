@@ -2,6 +2,7 @@
 
 #include "uCallLater.h"
 #include "uMuralaApp.h"
+#include "uProgress.h"
 #include "uWallpaperSchedule.h"
 
 #include <wx/spinctrl.h>
@@ -214,6 +215,23 @@ TEST_F(MainWindow, TheEndOfTheSessionSavesAndCloses)
     m_main = nullptr;
     Start();
     EXPECT_EQ(m_main->Murala().Core.Settings.LastChangeDate, 41000.5);
+}
+
+TEST_F(MainWindow, WhatHadTheFocusHasItAgainAfterALongWork)
+{
+    Start();
+    AddTwo();
+    wxWindow& list = List().Window();
+    const auto hasFocus = [&] { return wxWindow::FindFocus() == &list; };
+    list.SetFocus();
+    ASSERT_TRUE(PumpUntil(hasFocus));
+    {
+        TProgressDialog work(m_main, 10);
+        Pump(100);
+        EXPECT_TRUE(work.Step(1, "A & B"));
+        EXPECT_TRUE(PumpUntil([&] { return !hasFocus(); }));
+    }
+    EXPECT_TRUE(PumpUntil(hasFocus));
 }
 
 TEST_F(MainWindow, AFailingActionIsToldAndTheProgramGoesOn)

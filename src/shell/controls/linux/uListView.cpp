@@ -3,6 +3,7 @@
 #include "uListColumn.h"
 #include "uWxText.h"
 
+#include <gtk/gtk.h>
 #include <wx/dataview.h>
 
 namespace murala
@@ -60,14 +61,20 @@ public:
         AssociateModel(m_model.get());
         for (int i = 0; i < ListColumnCount; ++i)
             AppendTextColumn(ToWx(ListColumns[i].Caption), static_cast<unsigned>(i),
-                             wxDATAVIEW_CELL_INERT, ColumnWidth(ListColumns[i].Width), wxALIGN_LEFT,
+                             i == lcTitle ? wxDATAVIEW_CELL_EDITABLE : wxDATAVIEW_CELL_INERT,
+                             ColumnWidth(ListColumns[i].Width), wxALIGN_LEFT,
                              wxDATAVIEW_COL_RESIZABLE | wxDATAVIEW_COL_SORTABLE)
                 ->GetRenderer()
                 ->EnableEllipsize(wxELLIPSIZE_END);
+        MakeTitlesEditable(false);
         BindEvents();
     }
     // The control loses its selection, and tells of it, when this is gone already.
-    ~TNativeListView() override { SetEvtHandlerEnabled(false); }
+    ~TNativeListView() override
+    {
+        SetEvtHandlerEnabled(false);
+        EndEdit(); // which gives the control the focus
+    }
 
     void ShowOrder(TListColumn column, bool ascending) override;
 
@@ -89,6 +96,8 @@ public:
 
 private:
     void BindEvents();
+    void MakeTitlesEditable(bool editable);
+    void EndEdit();
     // A larger font of the user's does not change what a DIP is.
     int ColumnWidth(int designed) const
     {
@@ -116,15 +125,17 @@ void TNativeListView::BindEvents()
     // The control tells of no menu that is wanted by a key.
     Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
         const int key = event.GetKeyCode(), modifiers = event.GetModifiers();
-        const bool isMenuKey = modifiers == wxMOD_NONE && key == WXK_WINDOWS_MENU;
+        const bool isMenuKey =
+            modifiers == wxMOD_NONE && (key == WXK_WINDOWS_MENU || key == WXK_MENU);
         if (!m_isEditing && (isMenuKey || (modifiers == wxMOD_SHIFT && key == WXK_F10)))
             m_rows.UserWantsMenu(true);
         else
             event.Skip();
     });
+    Bind(wxEVT_DATAVIEW_ITEM_EDITING_STARTED, [this](wxDataViewEvent&) { m_isEditing = true; });
     Bind(wxEVT_DATAVIEW_ITEM_EDITING_DONE, [this](wxDataViewEvent&) {
         m_isEditing = false;
-        GetColumn(lcTitle)->GetRenderer()->SetMode(wxDATAVIEW_CELL_INERT);
+        MakeTitlesEditable(false);
     });
 }
 
@@ -153,6 +164,7 @@ wxString TNativeListView::ShownText(int row, TListColumn column) const
 
 void TNativeListView::ShowRows()
 {
+    EndEdit();
     const TProgramSelects selecting(*this);
     ForgetShown();
     m_model->Reset(static_cast<unsigned>(m_rows.Count()));
@@ -187,11 +199,26 @@ void TNativeListView::ShowOrder(TListColumn column, bool ascending)
 }
 
 // A click into a cell that could be edited would edit it instead of selecting the row, and a double
-// click, too: only while it is wanted it can be.
+// click, too: only while it is wanted it can be. The toolkit's own mode is heeded by GTK only in a
+// new column.
+void TNativeListView::MakeTitlesEditable(bool editable)
+{
+    g_object_set(GetColumn(lcTitle)->GetRenderer()->GetGtkHandle(), "editable", editable, nullptr);
+}
+
+void TNativeListView::EndEdit()
+{
+    if (!m_isEditing)
+        return;
+    GtkCellLayout* column = GTK_CELL_LAYOUT(GetColumn(lcTitle)->GetGtkHandle());
+    gtk_cell_area_stop_editing(gtk_cell_layout_get_area(column), TRUE);
+    MakeTitlesEditable(false);
+    m_isEditing = false;
+}
+
 void TNativeListView::EditTitle(int row)
 {
-    m_isEditing = true;
-    GetColumn(lcTitle)->GetRenderer()->SetMode(wxDATAVIEW_CELL_EDITABLE);
+    MakeTitlesEditable(true);
     EditItem(m_model->GetItem(static_cast<unsigned>(row)), GetColumn(lcTitle));
 }
 

@@ -11,7 +11,7 @@ namespace
 {
 
 // A few milliseconds for a photograph.
-constexpr int PixelsPerStep = 1 << 19;
+constexpr int PixelsPerStep = 1 << 20;
 
 std::filesystem::file_time_type FileTime(const std::string& fileName)
 {
@@ -43,14 +43,14 @@ try {
     if (!m_loading || m_loading->FileName != fileName || m_loading->FileTime != fileTime) {
         Release();
         m_loading = TLoading{fileName, fileTime, OpenImage(fileName, {.InPieces = true}), {}};
-    } else if (m_loading->Step()) {
-        m_bitmap = std::move(m_loading->Bitmap);
-        m_fileName = fileName;
-        m_fileTime = fileTime;
-        m_loading.reset();
-        return true;
     }
-    return false;
+    if (!m_loading->Step())
+        return false;
+    m_bitmap = std::move(m_loading->Bitmap);
+    m_fileName = fileName;
+    m_fileTime = fileTime;
+    m_loading.reset();
+    return true;
 } catch (...) {
     m_loading.reset();
     throw;

@@ -167,7 +167,7 @@ TEST_F(Applier, HiddenNothingIsHeldForThePreview)
 TEST_F(Applier, ThePreviewLoadsALargePictureInStepsAndAnotherOneFromItsBeginning)
 {
     AddPictures(1);
-    m_murala->Desk.AddFiles({Picture("Large.bmp", 1500, 1200, 0x0000FF)});
+    m_murala->Desk.AddFiles({Picture("Large.bmp", 1500, 2200, 0x0000FF)});
     const auto color = [this](int y) { return m_murala->Preview.Picture(20).Row(y)[0] & 0xFFFFFF; };
     int steps = 1;
     while (!m_murala->Preview.LoadSome())

@@ -310,8 +310,8 @@ void TfMain::FormClose(wxCloseEvent& event)
         m_isClosePending = true;
         return event.Veto();
     }
-    for (wxTimer* timer :
-         {&tSelectItem, &tPreviewUpdate, &tSchedule, &tRefreshIcons, &tIcons, &tPlacement})
+    for (wxTimer* timer : {&tSelectItem, &tLoadPreview, &tPreviewUpdate, &tSchedule, &tRefreshIcons,
+                           &tIcons, &tPlacement})
         timer->Stop();
     m_murala.Tray.Remove();
     m_murala.Close();

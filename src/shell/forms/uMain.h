@@ -71,8 +71,7 @@ private:
 
     // Events.
     void tSelectItemTimer();
-    void FormIdle(wxIdleEvent& event);
-    void LoadPreview();
+    void tLoadPreviewTimer();
     void tPreviewUpdateTimer();
     void tScheduleTimer();
     void StartSchedule();
@@ -149,7 +148,8 @@ private:
     wxGauge* pbMain = nullptr;
     wxStaticText* pStatusText = nullptr;
     wxStaticText* lLastChange = nullptr;
-    wxTimer tSelectItem, tPreviewUpdate, tSchedule, tRefreshIcons, tIcons, tPlacement, tEnd;
+    wxTimer tSelectItem, tLoadPreview, tPreviewUpdate, tSchedule, tRefreshIcons, tIcons, tPlacement,
+        tEnd;
     int m_rightWidth = 0, m_previewHeight = 0;
     TPlacement m_placement;
     std::optional<wxBusyCursor> m_busyCursor;
@@ -158,7 +158,6 @@ private:
     bool m_wasEnabled = true;
     bool m_isStarting = true;
     bool m_wasShown = false, m_wasPainted = false;
-    bool m_isLoading = false; // the preview's picture
     bool m_isStartHidden = false; // until the window manager has taken it in
     bool m_isWakePending = false, m_isClosePending = false;
 };

@@ -29,6 +29,7 @@ namespace
 // Milliseconds.
 constexpr int SettleTime = 500; // until a selection or a changed setting is shown
 constexpr int ScheduleInterval = 1000;
+constexpr int StepPause = 1; // in which the window answers
 
 } // namespace
 
@@ -62,7 +63,6 @@ void TfMain::BindEvents()
     alMain.BeforeExecute = [this] { m_wallpapers->View().TellSelection(); };
     Bind(wxEVT_CLOSE_WINDOW, &TfMain::FormClose, this);
     Bind(wxEVT_CHAR_HOOK, &TfMain::FormCharHook, this);
-    Bind(wxEVT_IDLE, &TfMain::FormIdle, this);
     Bind(wxEVT_DROP_FILES, &TfMain::FormDropFiles, this);
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
@@ -95,6 +95,7 @@ void TfMain::BindTimers()
         timer.Bind(wxEVT_TIMER, [this, tick](wxTimerEvent&) { (this->*tick)(); });
     };
     bind(tSelectItem, &TfMain::tSelectItemTimer);
+    bind(tLoadPreview, &TfMain::tLoadPreviewTimer);
     bind(tPreviewUpdate, &TfMain::tPreviewUpdateTimer);
     bind(tSchedule, &TfMain::tScheduleTimer);
     bind(tPlacement, &TfMain::tPlacementTimer);
@@ -167,26 +168,18 @@ void TfMain::tSelectItemTimer()
         m_murala.Preview.Release();
         return iPreview->ShowText("");
     }
-    m_isLoading = true;
-    wxWakeUpIdle();
+    tLoadPreviewTimer();
 }
 
-void TfMain::FormIdle(wxIdleEvent& event)
+void TfMain::tLoadPreviewTimer()
 {
-    event.Skip();
-    if (!m_isLoading)
-        return;
-    LoadPreview();
-    if (m_isLoading)
-        event.RequestMore();
-}
-
-void TfMain::LoadPreview()
-{
+    if (!IsWindowVisible())
+        return m_murala.Preview.Release();
     const std::optional<std::string> problem = m_murala.Preview.LoadSome();
-    if (!problem)
+    if (!problem) {
+        tLoadPreview.StartOnce(StepPause);
         return;
-    m_isLoading = false;
+    }
     if (problem->empty())
         tPreviewUpdateTimer();
     else
@@ -413,7 +406,10 @@ void TfMain::PreviewChanged(bool loadPicture)
     if (!IsWindowVisible())
         return;
     if (loadPicture) {
-        m_isLoading = false;
+        // A picture that is loaded in part keeps its file open.
+        if (tLoadPreview.IsRunning())
+            m_murala.Preview.Release();
+        tLoadPreview.Stop();
         iPreview->ShowText(m_murala.Core.Selection.Item() != nullptr ? "Loading..." : "");
         tSelectItem.StartOnce(SettleTime);
     } else {

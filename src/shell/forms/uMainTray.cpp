@@ -53,7 +53,7 @@ void TfMain::ReleasePictures()
 {
     tSelectItem.Stop();
     tPreviewUpdate.Stop();
-    m_isLoading = false;
+    tLoadPreview.Stop();
     iPreview->ShowText("");
     m_murala.Preview.Release();
     m_murala.Core.List.FreeAllThumbnails();

@@ -12,7 +12,6 @@
 #include <wx/dcbuffer.h>
 #include <wx/renderer.h>
 #include <wx/settings.h>
-#include <wx/stopwatch.h>
 #include <wx/textctrl.h>
 
 namespace murala
@@ -24,8 +23,6 @@ namespace
 // DIPs.
 constexpr int CaptionWidth = 96, Margin = 6;
 constexpr int CaptionLetters = 12; // so many are seen of it also in a larger font
-// Milliseconds between two letters of one word.
-constexpr int TypingPause = 1000;
 
 // Half of the highlight: to be told from the background and to be read in light themes and dark
 // ones.
@@ -293,24 +290,12 @@ void TMuThumbnailView::OnKey(wxKeyEvent& event)
         event.Skip();
 }
 
-// Typing finds the next title that begins so.
 void TMuThumbnailView::OnCharacter(wxKeyEvent& event)
 {
-    const wxChar letter = event.GetUnicodeKey();
-    const wxLongLong now = wxGetUTCTimeMillis();
-    if (letter < ' ' || letter == WXK_DELETE || event.AltDown() || event.CmdDown())
+    if (!m_typeAhead.IsLetter(event))
         return event.Skip();
-    if (now - m_typedAt > TypingPause)
-        m_typed.clear();
-    m_typedAt = now;
-    m_typed += wxTolower(letter);
-    const int count = m_rows.Count(), from = std::max(m_selection.Focused(), 0);
-    // A first letter goes on from the focused one; more of them may still mean that one.
-    for (int i = m_typed.length() == 1 ? 1 : 0; i <= count && count > 0; ++i) {
-        const int row = (from + i) % count;
-        if (ToWx(m_rows.Text(row, lcTitle)).Lower().StartsWith(m_typed))
-            return Select(row, TSelecting::Only);
-    }
+    if (const int row = m_typeAhead.Find(event, m_rows, m_selection.Focused()); row >= 0)
+        Select(row, TSelecting::Only);
 }
 
 void TMuThumbnailView::EditTitle(int row)

@@ -4,6 +4,7 @@
 
 #include "uRowSelection.h"
 #include "uSettings.h"
+#include "uTypeAhead.h"
 #include "uWallpaperView.h"
 
 #include "uBitmap.h"
@@ -75,8 +76,7 @@ private:
     wxSize m_picture, m_cell;
     wxTextCtrl* m_editor = nullptr;
     int m_editedRow = -1;
-    wxString m_typed; // to find a title by its beginning
-    wxLongLong m_typedAt;
+    TTypeAhead m_typeAhead;
 };
 
 } // namespace murala

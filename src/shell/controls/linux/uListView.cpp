@@ -80,7 +80,8 @@ public:
 
     wxWindow& Window() override { return *this; }
     void ShowRows() override;
-    void ShowTexts() override { Refresh(); }
+    // Refresh() would show again what the rows' window has kept of them.
+    void ShowTexts() override { gtk_widget_queue_draw(GtkGetTreeView()); }
     void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
     void EditTitle(int row) override;
     wxRect RowRect(int row) const override

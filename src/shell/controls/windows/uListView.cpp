@@ -1,6 +1,7 @@
 #include "uListView.h"
 
 #include "uListColumn.h"
+#include "uTypeAhead.h"
 #include "uWxText.h"
 
 #include <wx/listctrl.h>
@@ -57,6 +58,7 @@ private:
         SetItemState(-1, select ? wxLIST_STATE_SELECTED : 0, wxLIST_STATE_SELECTED);
     }
 
+    TTypeAhead m_typeAhead;
     mutable wxItemAttr m_currentAttr;
 };
 
@@ -79,6 +81,16 @@ void TNativeListView::BindEvents()
     });
     Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
         m_rows.UserWantsMenu(event.GetPosition() == wxDefaultPosition);
+    });
+    // The control asks for titles by their beginnings in more than one way; not all find it.
+    Bind(wxEVT_CHAR, [this](wxKeyEvent& event) {
+        if (!m_typeAhead.IsLetter(event))
+            return event.Skip();
+        if (const int row = m_typeAhead.Find(event, m_rows, FocusedRow()); row >= 0) {
+            SelectAllRows(false);
+            Select(row);
+            Focus(row);
+        }
     });
     Bind(wxEVT_LIST_END_LABEL_EDIT, [this](wxListEvent& event) {
         event.Veto(); // the row's text comes from the list

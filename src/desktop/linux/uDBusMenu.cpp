@@ -76,7 +76,7 @@ const GDBusInterfaceVTable TDBusMenu::Table{OnCall, OnGet, nullptr, {}};
 TDBusMenu::TDBusMenu(GDBusConnection* bus, const char* path, std::function<void()> onOpens,
                      std::function<void(const std::string& name)> onChosen)
     : m_onOpens(std::move(onOpens)), m_onChosen(std::move(onChosen)),
-      m_told(std::make_shared<TToldMenu>(TFlatMenu(TMenuItem(), DeepestMenu), 1, 1)),
+      m_told(std::make_shared<TToldMenu>(TFlatMenu(TMenuItem(), DeepestMenu))),
       m_export(bus, path, Introspection, Table, this)
 {
 }
@@ -84,13 +84,9 @@ TDBusMenu::TDBusMenu(GDBusConnection* bus, const char* path, std::function<void(
 void TDBusMenu::Set(const TMenuItem& menu)
 {
     const auto before = m_told;
-    TFlatMenu next(menu, DeepestMenu);
-    if (!next.IsSameShape(before->Menu())) {
-        m_told = std::make_shared<TToldMenu>(before->Next(std::move(next)));
+    m_told = std::make_shared<TToldMenu>(before->Next(TFlatMenu(menu, DeepestMenu)));
+    if (m_told->Revision() != before->Revision())
         m_export.Tell("LayoutUpdated", g_variant_new("(ui)", m_told->Revision(), 0));
-        return;
-    }
-    m_told = std::make_shared<TToldMenu>(before->WithStates(std::move(next)));
     if (GVariant* changes = m_told->Changes(*before))
         m_export.Tell("ItemsPropertiesUpdated", changes);
 }

@@ -2,8 +2,6 @@
 
 #include "uGLib.h"
 
-#include <algorithm>
-
 namespace murala
 {
 
@@ -73,13 +71,11 @@ std::string_view TFlatMenu::Name(std::size_t i) const
     return std::string_view(m_text).substr(begin, end - begin);
 }
 
-bool TFlatMenu::IsSameShape(const TFlatMenu& other) const
+bool TFlatMenu::LooksAs(std::size_t i, const TFlatMenu& other, std::size_t j) const
 {
-    return m_text == other.m_text &&
-           std::ranges::equal(m_entries, other.m_entries, [](const TEntry& a, const TEntry& b) {
-               return a.Label == b.Label && a.Name == b.Name && a.End == b.End &&
-                      a.IsSeparator == b.IsSeparator && a.Checked == b.Checked;
-           });
+    const TEntry &a = m_entries[i], &b = other.m_entries[j];
+    return a.IsSeparator == b.IsSeparator && a.Checked == b.Checked &&
+           HasMenuBelow(i) == other.HasMenuBelow(j) && Label(i) == other.Label(j);
 }
 
 } // namespace murala

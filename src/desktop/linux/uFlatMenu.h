@@ -29,9 +29,9 @@ public:
     std::string_view Name(std::size_t i) const;
     bool HasMenuBelow(std::size_t i) const { return m_entries[i].End > i + 1; }
 
-    // Whether nothing differs but what is enabled. Checks count: panels know an entry as one that
-    // has a box or has none.
-    bool IsSameShape(const TFlatMenu& other) const;
+    // But for whether it is enabled. Checks count: panels know an entry as one that has a box or
+    // has none.
+    bool LooksAs(std::size_t i, const TFlatMenu& other, std::size_t j) const;
 
 private:
     void Append(const TMenuItem& item, int depth);

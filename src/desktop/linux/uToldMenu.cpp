@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 
 namespace murala
 {
@@ -11,6 +12,8 @@ namespace
 
 // A layout of more entries than these is put together, and sent, in a thread of its own.
 constexpr std::size_t MostEntriesAtOnce = 500;
+// How many entries may have gone between two that are still there; a bound to the search.
+constexpr int LongestGap = 128;
 
 // Null where it is as of an entry that says nothing of it.
 struct TProperty {
@@ -76,13 +79,51 @@ std::vector<gint32> NumbersOf(GVariant* array)
     return {numbers, numbers + count};
 }
 
+TToldMenu::TToldMenu(TFlatMenu menu)
+    : TToldMenu(TToldMenu(TFlatMenu(TMenuItem(), 0), {0}, 1, 1).Next(std::move(menu)))
+{
+}
+
+TToldMenu::TToldMenu(TFlatMenu menu, std::vector<gint32> numbers, gint32 free, guint revision)
+    : m_menu(std::move(menu)), m_numbers(std::move(numbers)), m_order(m_numbers.size()),
+      m_free(free), m_revision(revision)
+{
+    std::iota(m_order.begin(), m_order.end(), 0U);
+    std::ranges::sort(m_order, {}, [this](std::uint32_t i) { return m_numbers[i]; });
+}
+
 TToldMenu TToldMenu::Next(TFlatMenu menu) const
 {
-    const auto used = static_cast<gint32>(m_menu.Count()) - 1;
-    const auto needed = static_cast<gint32>(menu.Count());
+    std::vector<gint32> numbers(menu.Count());
+    gint32 free = m_free;
     // Behind the last number they begin anew: by then nobody remembers the first ones.
-    const bool isRoom = m_first <= std::numeric_limits<gint32>::max() - used - needed;
-    return {std::move(menu), isRoom ? m_first + used : 1, m_revision + 1};
+    if (free < std::numeric_limits<gint32>::max() - static_cast<gint32>(menu.Count()))
+        Keep(0, menu, 0, numbers);
+    else
+        free = 1;
+    for (std::size_t i = 1; i < numbers.size(); ++i)
+        if (numbers[i] == 0)
+            numbers[i] = free++;
+    const guint revision = numbers == m_numbers ? m_revision : m_revision + 1;
+    return {std::move(menu), std::move(numbers), free, revision};
+}
+
+// Of the entries below `j` in the menu those that are below `i` here.
+void TToldMenu::Keep(std::size_t i, const TFlatMenu& menu, std::size_t j,
+                     std::vector<gint32>& numbers) const
+{
+    const std::size_t end = m_menu[i].End;
+    std::size_t next = i + 1;
+    for (std::size_t to = j + 1; to < menu[j].End; to = menu[to].End) {
+        std::size_t from = next;
+        for (int gap = 0; from < end && !menu.LooksAs(to, m_menu, from); ++gap)
+            from = gap < LongestGap ? m_menu[from].End : end;
+        if (from >= end)
+            continue;
+        numbers[to] = m_numbers[from];
+        Keep(from, menu, to, numbers);
+        next = m_menu[from].End;
+    }
 }
 
 GVariant* TToldMenu::Changes(const TToldMenu& before) const
@@ -91,12 +132,13 @@ GVariant* TToldMenu::Changes(const TToldMenu& before) const
     GVariantBuilder removed;
     g_variant_builder_init(&removed, G_VARIANT_TYPE("a(ias)"));
     for (std::size_t i = 0; i < m_menu.Count(); ++i) {
-        if (m_menu[i].Enabled == before.m_menu[i].Enabled)
+        const auto known = before.Find(m_numbers[i]);
+        if (!known || m_menu[i].Enabled == before.m_menu[*known].Enabled)
             continue;
-        changed.push_back(Number(i));
+        changed.push_back(m_numbers[i]);
         const char* const enabled[] = {"enabled", nullptr};
         if (m_menu[i].Enabled)
-            g_variant_builder_add(&removed, "(i^as)", Number(i), enabled);
+            g_variant_builder_add(&removed, "(i^as)", m_numbers[i], enabled);
     }
     if (!changed.empty())
         return g_variant_new("(@a(ia{sv})a(ias))", GroupProperties(changed, {}), &removed);
@@ -104,19 +146,13 @@ GVariant* TToldMenu::Changes(const TToldMenu& before) const
     return nullptr;
 }
 
-gint32 TToldMenu::Number(std::size_t i) const
-{
-    return i == 0 ? 0 : m_first + static_cast<gint32>(i) - 1;
-}
-
 std::optional<std::size_t> TToldMenu::Find(gint32 number) const
 {
-    if (number == 0)
-        return 0;
-    const auto i = static_cast<std::int64_t>(number) - m_first + 1;
-    if (i < 1 || i >= static_cast<std::int64_t>(m_menu.Count()))
+    const auto found = std::ranges::lower_bound(m_order, number, {},
+                                                [this](std::uint32_t i) { return m_numbers[i]; });
+    if (found == m_order.end() || m_numbers[*found] != number)
         return std::nullopt;
-    return static_cast<std::size_t>(i);
+    return *found;
 }
 
 // None wanted: all of them.
@@ -143,7 +179,7 @@ GVariant* TToldMenu::Layout(std::size_t i, int depth, const TNames& wanted) cons
                 g_variant_get_data(item);
             g_variant_builder_add_value(&below, item);
         }
-    return g_variant_new("(i@a{sv}@av)", Number(i), PropertiesOf(i, wanted),
+    return g_variant_new("(i@a{sv}@av)", m_numbers[i], PropertiesOf(i, wanted),
                          g_variant_builder_end(&below));
 }
 
@@ -173,8 +209,7 @@ GVariant* TToldMenu::GetGroupProperties(GVariant* arguments) const
 {
     std::vector<gint32> numbers = NumbersOf(Child(arguments, 0).get());
     if (numbers.empty()) // all of them
-        for (std::size_t i = 0; i < m_menu.Count(); ++i)
-            numbers.push_back(Number(i));
+        numbers = m_numbers;
     const TVariant names = Child(arguments, 1);
     return g_variant_new("(@a(ia{sv}))", GroupProperties(numbers, Texts(names.get())));
 }

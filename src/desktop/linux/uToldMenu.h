@@ -16,21 +16,18 @@ namespace murala
 class TToldMenu
 {
 public:
-    // `first` is the number of the first entry; the menu itself has 0.
-    TToldMenu(TFlatMenu menu, gint32 first, guint revision)
-        : m_menu(std::move(menu)), m_first(first), m_revision(revision)
-    {
-    }
+    explicit TToldMenu(TFlatMenu menu);
+    // What is as it was keeps its number, also when the entries around it change: panels are slow
+    // with new ones. What is not gets a number that nothing had before. Another revision if there
+    // is any such change.
+    TToldMenu Next(TFlatMenu menu) const;
 
     const TFlatMenu& Menu() const { return m_menu; }
     guint Revision() const { return m_revision; }
     std::optional<std::size_t> Find(gint32 number) const;
-    // For a menu of another shape, whose entries have numbers that nothing had before.
-    TToldMenu Next(TFlatMenu menu) const;
-    // For a menu of the same shape: what has to be told of it, the arguments of the signal
-    // ItemsPropertiesUpdated; null when there is nothing.
+    // Of entries that were there before: the arguments of the signal ItemsPropertiesUpdated; null
+    // when there is nothing to tell.
     GVariant* Changes(const TToldMenu& before) const;
-    TToldMenu WithStates(TFlatMenu menu) const { return {std::move(menu), m_first, m_revision}; }
 
     // They take the arguments and give the answer, null when there is no such entry.
     GVariant* GetLayout(GVariant* arguments) const;
@@ -42,13 +39,17 @@ public:
 private:
     using TNames = std::vector<std::string_view>;
 
-    gint32 Number(std::size_t i) const;
+    TToldMenu(TFlatMenu menu, std::vector<gint32> numbers, gint32 free, guint revision);
+    void Keep(std::size_t i, const TFlatMenu& menu, std::size_t j,
+              std::vector<gint32>& numbers) const;
     GVariant* PropertiesOf(std::size_t i, const TNames& wanted) const;
     GVariant* Layout(std::size_t i, int depth, const TNames& wanted) const;
     GVariant* GroupProperties(std::span<const gint32> numbers, const TNames& wanted) const;
 
     TFlatMenu m_menu;
-    gint32 m_first;
+    std::vector<gint32> m_numbers;      // of the entries; the menu itself has 0
+    std::vector<std::uint32_t> m_order; // the entries by their numbers
+    gint32 m_free;                      // neither this one nor those above it were used
     guint m_revision;
 };
 

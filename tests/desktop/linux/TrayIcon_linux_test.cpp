@@ -348,25 +348,31 @@ TEST_F(NotifierMenu, StatesChangeInPlaceAndWhatIsGoneKeepsItsNumber)
                        "{'label': <'Two'>})], [(5, ['enabled'])])");
     EXPECT_EQ(told[2], "LayoutUpdated(3, 0)");
 
-    // The menu that is renewed when it opens has other entries, and so other numbers.
-    const gint32 before = NumberOf("Two");
+    // The menu is renewed when it opens: what is gone keeps its number, and what is still there,
+    // too, whatever it is called by now.
+    const gint32 gone = NumberOf("One"), still = NumberOf("Two"), parent = NumberOf("Wallpaper");
     m_events.Menu = m_menu;
-    m_events.Menu.Items[2].Items.front().Caption = "Three";
+    m_events.Menu.Items.erase(m_events.Menu.Items.begin());
+    m_events.Menu.Items[1].Items = {Entry("CategoryMenuItem0", "Three"),
+                                    Entry("CategoryMenuItem7", "Two")};
+    m_events.Menu.Items[1].Items[1].Checked = true;
     m_events.Told.clear();
     const TVariant both(g_variant_ref_sink(g_variant_new_parsed("[0, 99]")));
-    EXPECT_EQ(Called("AboutToShow", g_variant_new("(i)", before)), "(false,)");
+    EXPECT_EQ(Called("AboutToShow", g_variant_new("(i)", gone)), "(false,)");
     EXPECT_TRUE(m_events.Told.empty());
     EXPECT_EQ(Called("AboutToShowGroup", g_variant_new("(@ai)", both.get())), "([], [99])");
     EXPECT_EQ(m_events.Told, TWords{"opens"});
     EXPECT_EQ(Called("AboutToShow", g_variant_new("(i)", 0)), "(false,)");
     EXPECT_TRUE(Eventually([&] { return told.back() == "LayoutUpdated(4, 0)"; }));
-    EXPECT_GT(NumberOf("Three"), before);
+    EXPECT_EQ(NumberOf("Two"), still);
+    EXPECT_EQ(NumberOf("Wallpaper"), parent);
+    EXPECT_GT(NumberOf("Three"), std::max(gone, still));
     m_events.Told.clear();
-    EXPECT_EQ(Click(before), "refused");
-    EXPECT_EQ(Click(NumberOf("Wallpaper")), "()"); // opens what is below it
-    EXPECT_EQ(Click(NumberOf("Two")), "()");
+    EXPECT_EQ(Click(gone), "refused");
+    EXPECT_EQ(Click(parent), "()"); // opens what is below it
+    EXPECT_EQ(Click(still), "()");
     EXPECT_TRUE(Eventually([&] { return !m_events.Told.empty(); }));
-    EXPECT_EQ(m_events.Told, TWords{"chosen CategoryMenuItem1"});
+    EXPECT_EQ(m_events.Told, TWords{"chosen CategoryMenuItem7"});
     const std::string events = "[(" + std::to_string(NumberOf("Three")) +
                                ", 'clicked', <0>, uint32 0), (0, 'closed', <0>, 0), "
                                "(99, 'clicked', <0>, 0)]";

@@ -1,5 +1,6 @@
 #include "uIconBoxOptions.h"
 
+#include "uCallLater.h"
 #include "uDialog.h"
 #include "uDisplayMode.h"
 #include "uIconBoxExample.h"
@@ -40,7 +41,8 @@ TfIconBoxOptions::TfIconBoxOptions(wxWindow* parent, const TIconBoxOptions& opti
     UpdateTint();
     UpdateControls();
     CentreOnScreen();
-    rgType->SetFocus();
+    // Once it is shown, or GTK gives the focus to the button.
+    CallLater(*this, [this] { rgType->SetFocus(); });
     rgType->Bind(wxEVT_RADIOBOX, [this](wxCommandEvent&) { UpdateControls(); });
     tbTint->Bind(wxEVT_SLIDER, [this](wxCommandEvent&) { UpdateTint(); });
     cbBorder->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { UpdateControls(); });

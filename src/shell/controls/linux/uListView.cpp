@@ -133,6 +133,14 @@ void TNativeListView::BindEvents()
         else
             event.Skip();
     });
+    // Disabled with the window, GTK takes the editor away while it goes through what is in the
+    // list.
+    g_signal_connect_swapped(GtkGetTreeView(), "state-flags-changed",
+                             G_CALLBACK(+[](TNativeListView* view) {
+                                 if (!gtk_widget_is_sensitive(view->GtkGetTreeView()))
+                                     view->EndEdit();
+                             }),
+                             this);
     Bind(wxEVT_DATAVIEW_ITEM_EDITING_STARTED, [this](wxDataViewEvent&) { m_isEditing = true; });
     Bind(wxEVT_DATAVIEW_ITEM_EDITING_DONE, [this](wxDataViewEvent&) {
         m_isEditing = false;

@@ -195,11 +195,15 @@ protected:
     void ChangeFiles()
     {
         const auto index = static_cast<std::size_t>(Below(PictureCount));
-        if (Chance(50))
-            Picture(FileNamePart(m_pictures[index]), 1 + Below(90), 1 + Below(90),
-                    static_cast<TColor>(Below(1 << 24)));
-        else
-            DeleteFileIfPresent(m_pictures[index]);
+        try {
+            if (Chance(50))
+                Picture(FileNamePart(m_pictures[index]), 1 + Below(90), 1 + Below(90),
+                        static_cast<TColor>(Below(1 << 24)));
+            else
+                DeleteFileIfPresent(m_pictures[index]);
+        } catch (const EFileError&) {
+            // On Windows another program cannot change a file that is just being read.
+        }
         if (Chance(40))
             Block();
         else

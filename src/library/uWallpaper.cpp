@@ -283,7 +283,7 @@ void TMuWallpaperList::Sort(TListColumn column, bool ascending, const TCompare& 
 
 void TMuWallpaperList::TakeItems(TMuWallpaperList& other)
 {
-    assert(m_items.empty());
+    Clear();
     m_items = std::move(other.m_items);
     m_byFileName = std::move(other.m_byFileName);
     m_byteOrderMark = other.m_byteOrderMark;

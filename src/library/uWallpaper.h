@@ -138,7 +138,7 @@ public:
     // file must be kept (TUserFile does) before it is written again.
     void SaveToFile(const std::string& path) const;
     void LoadFromFile(const std::string& path);
-    // Its items become those of this list, which had none; the other is empty then.
+    // Its items take the place of this list's; the other is empty then.
     void TakeItems(TMuWallpaperList& other);
 
 private:

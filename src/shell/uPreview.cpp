@@ -22,8 +22,11 @@ std::optional<std::string> TPreview::LoadSome()
         m_secondTry.clear();
         return "";
     } catch (const std::bad_alloc&) {
-        if (std::exchange(m_secondTry, item->FileName()) == item->FileName())
+        if (m_secondTry == item->FileName()) {
+            m_secondTry.clear();
             return "Image is too big to preview.";
+        }
+        m_secondTry = item->FileName();
         m_core.View.SetStatus("Freeing thumbnails to make room for large image.");
         m_core.List.FreeAllThumbnails();
         return std::nullopt;

@@ -68,7 +68,6 @@ void TStorage::LoadList()
     try {
         m_listFile.Read([this](const std::string& path) {
             const TReadList read = m_listReading.valid() ? m_listReading.get() : ReadList(path);
-            m_core.List.Clear();
             m_core.List.TakeItems(*read.List);
             if (read.Problem)
                 std::rethrow_exception(read.Problem);

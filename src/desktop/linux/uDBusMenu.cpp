@@ -38,10 +38,6 @@ constexpr const char* Introspection = R"xml(<node><interface name="com.canonical
 // A message on the bus may be nested 64 times, and the bus ends the connection of one that is
 // deeper. Each menu below another takes three of them.
 constexpr int DeepestMenu = 18;
-TVariant Child(GVariant* tuple, gsize place)
-{
-    return TVariant(g_variant_get_child_value(tuple, place));
-}
 
 GVariant* NewNumbers(const std::vector<gint32>& numbers)
 {

@@ -52,11 +52,6 @@ const TProperty Properties[] = {
      }},
 };
 
-TVariant Child(GVariant* tuple, gsize place)
-{
-    return TVariant(g_variant_get_child_value(tuple, place));
-}
-
 // They live as long as the array.
 std::vector<std::string_view> Texts(GVariant* array)
 {

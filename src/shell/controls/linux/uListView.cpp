@@ -73,6 +73,7 @@ public:
     ~TNativeListView() override
     {
         SetEvtHandlerEnabled(false);
+        g_signal_handler_disconnect(GtkGetTreeView(), m_stateHandler);
         EndEdit(); // which gives the control the focus
     }
 
@@ -110,6 +111,7 @@ private:
     }
 
     wxObjectDataPtr<TRowsModel> m_model;
+    gulong m_stateHandler = 0;
     bool m_isEditing = false;
 };
 
@@ -135,12 +137,12 @@ void TNativeListView::BindEvents()
     });
     // Disabled with the window, GTK takes the editor away while it goes through what is in the
     // list.
-    g_signal_connect_swapped(GtkGetTreeView(), "state-flags-changed",
-                             G_CALLBACK(+[](TNativeListView* view) {
-                                 if (!gtk_widget_is_sensitive(view->GtkGetTreeView()))
-                                     view->EndEdit();
-                             }),
-                             this);
+    m_stateHandler = g_signal_connect_swapped(
+        GtkGetTreeView(), "state-flags-changed", G_CALLBACK(+[](TNativeListView* view) {
+            if (!gtk_widget_is_sensitive(view->GtkGetTreeView()))
+                view->EndEdit();
+        }),
+        this);
     Bind(wxEVT_DATAVIEW_ITEM_EDITING_STARTED, [this](wxDataViewEvent&) { m_isEditing = true; });
     Bind(wxEVT_DATAVIEW_ITEM_EDITING_DONE, [this](wxDataViewEvent&) {
         m_isEditing = false;

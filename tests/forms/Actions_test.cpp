@@ -40,29 +40,29 @@ private:
 
 struct TExpected {
     TActionId Id;
-    const char* Category;
     const char* Place; // "Menu/Submenu", "tool", "tray", or the name of the control
-    const char* Caption;
-    const char* Hint;
     TNeeds Needs;
-    void (*Before)(EveryAction&);
     bool (*HasHappened)(EveryAction&);
+    void (*Before)(EveryAction&) = +[](EveryAction&) {};
 };
 
 class EveryAction : public TMainFixture, public testing::WithParamInterface<TExpected>
 {
 public:
-    TMurala& Murala() { return m_main->Murala(); }
+    using TMainFixture::Action;
+    using TMainFixture::Murala;
     const TMuSettings& Settings() { return Murala().Core.Settings; }
     TMuWallpaper& Item(int row) { return Murala().Core.List.Item(row); }
     TFakeServices& Services() { return m_services; }
     bool IsWindowThere() { return m_main->IsShown() && !m_main->IsIconized(); }
     bool IsShown(const char* name) { return Control<wxWindow>(name).IsShown(); }
-    bool HasStarted(const std::string& what)
+    bool HasStarted(const std::string& what, TShellVerb verb = TShellVerb::Open)
     {
-        return std::ranges::any_of(m_services.Launcher.Started,
-                                   [&](const std::string& each) { return each.starts_with(what); });
+        const TFakeLauncher& launcher = m_services.Launcher;
+        return launcher.Started.size() == 1 && launcher.Started[0].starts_with(what) &&
+               launcher.Verb == verb;
     }
+    std::string RunCommand() { return m_services.Autostart.Commands["Murala"]; }
     bool HasApplied(int row)
     {
         return Murala().Core.Selection.CurrentIndex() == row &&
@@ -140,7 +140,7 @@ protected:
         if (menu == nullptr)
             return nullptr;
         for (wxMenuItem* item : menu->GetMenuItems())
-            if (item->GetItemLabel().BeforeFirst('\t') == expected.Caption)
+            if (item->GetItemLabel().BeforeFirst('\t') == ToWx(Action(expected.Id).Caption))
                 return item;
         return nullptr;
     }
@@ -190,7 +190,7 @@ protected:
         auto& bar = Control<wxToolBar>("tbMain");
         for (std::size_t i = 0; i < bar.GetToolsCount(); ++i)
             if (auto* tool = const_cast<wxToolBarToolBase*>(bar.GetToolByPos(static_cast<int>(i)));
-                tool->GetLabel() == wxStripMenuCodes(expected.Caption))
+                tool->GetLabel() == wxStripMenuCodes(ToWx(Action(expected.Id).Caption)))
                 return tool;
         return nullptr;
     }
@@ -198,7 +198,7 @@ protected:
     {
         Murala().Tray.RefreshMenu();
         for (const TMenuItem& item : m_services.TrayArea.Menu.Items)
-            if (item.Caption == expected.Caption)
+            if (item.Caption == Action(expected.Id).Caption)
                 return &item;
         return nullptr;
     }
@@ -207,148 +207,105 @@ protected:
     TEscapes m_escapes;
 };
 
-constexpr auto None = +[](EveryAction&) {};
-
-template<TActionId Id, TDisplayMode Mode>
-constexpr TExpected DisplayMode(const char* caption, const char* hint)
-{
-    return {Id,
-            "Wallpaper",
-            "Wallpaper/Display Mode",
-            caption,
-            hint,
-            TNeeds::Selection,
-            [](EveryAction& t) { t.Item(1).DisplayMode = Mode == dmTiled ? dmCentered : dmTiled; },
-            [](EveryAction& t) {
-                return t.Item(1).DisplayMode == Mode && t.Item(0).DisplayMode == dmStretched;
-            }};
-}
-
-template<TActionId Id, TPreviewSize Size, int Height>
-constexpr TExpected PreviewSize(const char* caption)
-{
-    return {Id,
-            "View",
-            "View/Preview Size",
-            caption,
-            "",
-            TNeeds::Nothing,
-            [](EveryAction& t) { t.Execute(Size == psMini ? aLargeSize : aMiniSize); },
-            [](EveryAction& t) { return t.IsPreviewSize(Size, Height); }};
-}
-
-template<TActionId Id, TThumbnailSize Size>
-constexpr TExpected ThumbnailSize(const char* caption)
-{
-    return {Id,
-            "View",
-            "View/Thumbnail Size",
-            caption,
-            "",
-            TNeeds::Nothing,
-            [](EveryAction& t) { t.Execute(Size == tsSmall ? aThumbLarge : aThumbSmall); },
-            [](EveryAction& t) { return t.Settings().ThumbnailSize == Size; }};
-}
-
 constexpr auto Waits = +[](EveryAction& t) { t.AwaitDialog(); };
 constexpr auto Ended = +[](EveryAction& t) { return t.HasComeAndGone(); };
+using enum TNeeds;
+
+template<TActionId Id, TDisplayMode Mode>
+constexpr TExpected DisplayMode{
+    Id, "Wallpaper/Display Mode", Selection,
+    [](auto& t) {
+        return t.Item(1).DisplayMode == Mode && t.Item(0).DisplayMode == dmStretched &&
+               t.Action(Id).Checked();
+    },
+    [](auto& t) { t.Item(1).DisplayMode = Mode == dmTiled ? dmCentered : dmTiled; }};
+
+template<TActionId Id, TPreviewSize Size, int Height>
+constexpr TExpected PreviewSize{
+    Id, "View/Preview Size", Nothing, [](auto& t) { return t.IsPreviewSize(Size, Height); },
+    [](auto& t) { t.Execute(Size == psMini ? aLargeSize : aMiniSize); }};
+
+template<TActionId Id, TThumbnailSize Size>
+constexpr TExpected ThumbnailSize{
+    Id, "View/Thumbnail Size", Nothing, [](auto& t) { return t.Settings().ThumbnailSize == Size; },
+    [](auto& t) { t.Execute(Size == tsSmall ? aThumbLarge : aThumbSmall); }};
 
 const TExpected Expectations[] = {
-    {aAdd, "Wallpaper", "Wallpaper", "&Add", "Add", TNeeds::Nothing, Waits, Ended},
-    {aRemove, "Wallpaper", "Wallpaper", "&Remove", "Remove", TNeeds::Selection, None,
-     [](EveryAction& t) { return t.Murala().Core.List.Count() == 2 && t.Item(1).Title == "C"; }},
-    {aApply, "Wallpaper", "sbApply", "&Apply", "Set the current image as your wallpaper",
-     TNeeds::Selection, None, [](EveryAction& t) { return t.HasApplied(1); }},
-    {aSelectAll, "Wallpaper", "Wallpaper", "Select &All", "Select All", TNeeds::Rows, None,
-     [](EveryAction& t) { return t.Murala().Core.Selection.Count() == 3; }},
-    {aRename, "Wallpaper", "Wallpaper", "Re&name", "Rename", TNeeds::Selection, None,
-     [](EveryAction& t) { return t.IsEditing(); }},
-    {aNext, "Wallpaper", "tool", "&Next", "Next", TNeeds::Rows, None,
-     [](EveryAction& t) { return t.HasApplied(2); }},
-    {aPrevious, "Wallpaper", "sbPrevious", "&Previous", "Previous", TNeeds::Rows, None,
-     [](EveryAction& t) { return t.HasApplied(0); }},
-    DisplayMode<aDisplayTiled, dmTiled>("&Tiled", "Tiled"),
-    DisplayMode<aDisplayCentered, dmCentered>("&Centered", "Centered"),
-    DisplayMode<aDisplayStretched, dmStretched>("&Stretched", "Stretched"),
-    DisplayMode<aDisplayMirrorTiled, dmMirrorTiled>("&Mirror Tiled", "Mirror Tiled"),
-    DisplayMode<aDisplayFitHorizontal, dmFitHorizontally>("Fit &Horizontal", ""),
-    DisplayMode<aDisplayFitVertical, dmFitVertically>("Fit &Vertical", ""),
-    {aDisplayNext, "Wallpaper", "tool", "&Display", "Display (Stretched)", TNeeds::Selection, None,
-     [](EveryAction& t) {
-         return t.Item(1).DisplayMode == dmMirrorTiled && t.Item(0).DisplayMode == dmStretched;
+    {aAdd, "Wallpaper", Nothing, Ended, Waits},
+    {aRemove, "Wallpaper", Selection,
+     [](auto& t) { return t.Murala().Core.List.Count() == 2 && t.Item(1).Title == "C"; }},
+    {aApply, "sbApply", Selection, [](auto& t) { return t.HasApplied(1); }},
+    {aSelectAll, "Wallpaper", Rows, [](auto& t) { return t.Murala().Core.Selection.Count() == 3; }},
+    {aRename, "Wallpaper", Selection, [](auto& t) { return t.IsEditing(); }},
+    {aNext, "tool", Rows, [](auto& t) { return t.HasApplied(2); }},
+    {aPrevious, "sbPrevious", Rows, [](auto& t) { return t.HasApplied(0); }},
+    DisplayMode<aDisplayTiled, dmTiled>,
+    DisplayMode<aDisplayCentered, dmCentered>,
+    DisplayMode<aDisplayStretched, dmStretched>,
+    DisplayMode<aDisplayMirrorTiled, dmMirrorTiled>,
+    DisplayMode<aDisplayFitHorizontal, dmFitHorizontally>,
+    DisplayMode<aDisplayFitVertical, dmFitVertically>,
+    {aDisplayNext, "tool", Selection,
+     [](auto& t) {
+         return t.Item(1).DisplayMode == dmMirrorTiled && t.Item(0).DisplayMode == dmStretched &&
+                t.Action(aDisplayNext).Hint == "Display (Mirror Tiled)";
      }},
-    {aRefreshThumbnail, "Wallpaper", "Wallpaper", "Refresh &Thumbnail", "", TNeeds::Selection,
-     [](EveryAction& t) { t.Murala().Thumbnails.GetThumbnail(t.Item(1)); },
-     [](EveryAction& t) { return !t.Item(1).Thumbnail && !FileExists(t.ThumbnailFile()); }},
-    {aShellOpen, "Wallpaper", "Wallpaper/Shell", "&Open", "", TNeeds::Selection, None,
-     [](EveryAction& t) {
-         return t.HasStarted("B.bmp") && t.Services().Launcher.Verb == TShellVerb::Open;
+    {aRefreshThumbnail, "Wallpaper", Selection,
+     [](auto& t) { return !t.Item(1).Thumbnail && !FileExists(t.ThumbnailFile()); },
+     [](auto& t) { t.Murala().Thumbnails.GetThumbnail(t.Item(1)); }},
+    {aShellOpen, "Wallpaper/Shell", Selection,
+     [](auto& t) { return t.HasStarted("B.bmp", TShellVerb::Open); }},
+    {aShellEdit, "Wallpaper/Shell", Selection,
+     [](auto& t) { return t.HasStarted("B.bmp", TShellVerb::Edit); }},
+    {aChangeCategory, "Wallpaper", Selection, Ended, Waits},
+    {aCalendar, "Wallpaper", Nothing, [](auto& t) { return t.Settings().UseCalendar; }},
+    {aCalendarOptions, "Wallpaper", Nothing, Ended, Waits},
+    {aApplyAndMinimize, "Wallpaper", Selection,
+     [](auto& t) { return t.HasApplied(1) && !t.IsWindowThere(); }},
+    PreviewSize<aMiniSize, psMini, 98>,
+    PreviewSize<aNormalSize, psNormal, 226>,
+    PreviewSize<aLargeSize, psLarge, 458>,
+    {aViewList, "View", Nothing,
+     [](auto& t) { return t.IsShown("lvWallpaper") && !t.IsShown("lvThumbnails"); },
+     [](auto& t) { t.Execute(aViewThumbnails); }},
+    {aViewThumbnails, "View", Nothing,
+     [](auto& t) { return t.IsShown("lvThumbnails") && !t.IsShown("lvWallpaper"); }},
+    {aNextView, "tool", Nothing,
+     [](auto& t) {
+         return t.IsShown("lvThumbnails") && t.Action(aNextView).Hint == "View (Thumbnails)";
      }},
-    {aShellEdit, "Wallpaper", "Wallpaper/Shell", "&Edit", "", TNeeds::Selection, None,
-     [](EveryAction& t) {
-         return t.HasStarted("B.bmp") && t.Services().Launcher.Verb == TShellVerb::Edit;
-     }},
-    {aChangeCategory, "Wallpaper", "Wallpaper", "&Change Category", "", TNeeds::Selection, Waits,
-     Ended},
-    {aCalendar, "Wallpaper", "Wallpaper", "Calendar", "Calendar", TNeeds::Nothing, None,
-     [](EveryAction& t) { return t.Settings().UseCalendar; }},
-    {aCalendarOptions, "Wallpaper", "Wallpaper", "Calendar Options", "Calendar Options",
-     TNeeds::Nothing, Waits, Ended},
-    {aApplyAndMinimize, "Wallpaper", "Wallpaper", "Apply && Minimize",
-     "Apply and Minimize to system tray", TNeeds::Selection, None,
-     [](EveryAction& t) { return t.HasApplied(1) && !t.IsWindowThere(); }},
-    PreviewSize<aMiniSize, psMini, 98>("&Mini Size"),
-    PreviewSize<aNormalSize, psNormal, 226>("&Normal Size"),
-    PreviewSize<aLargeSize, psLarge, 458>("&Large Size"),
-    {aViewList, "View", "View", "&List", "", TNeeds::Nothing,
-     [](EveryAction& t) { t.Execute(aViewThumbnails); },
-     [](EveryAction& t) { return t.IsShown("lvWallpaper") && !t.IsShown("lvThumbnails"); }},
-    {aViewThumbnails, "View", "View", "&Thumbnails", "", TNeeds::Nothing, None,
-     [](EveryAction& t) { return t.IsShown("lvThumbnails") && !t.IsShown("lvWallpaper"); }},
-    {aNextView, "View", "tool", "View", "View (List)", TNeeds::Nothing, None,
-     [](EveryAction& t) { return t.IsShown("lvThumbnails"); }},
-    ThumbnailSize<aThumbSmall, tsSmall>("&Small"),
-    ThumbnailSize<aThumbNormal, tsNormal>("&Normal"),
-    ThumbnailSize<aThumbLarge, tsLarge>("&Large"),
-    {aExit, "File", "File", "E&xit", "Close the Murala program", TNeeds::Nothing, None,
-     [](EveryAction& t) { return !t.Main() && !t.Services().TrayArea.HasIcon; }},
-    {aNewGradient, "File", "File", "New &Gradient", "", TNeeds::Nothing, Waits, Ended},
-    {aGetWallpaper, "File", "File", "&Download Wallpaper From Web", "", TNeeds::Nothing, None,
-     [](EveryAction& t) { return t.HasStarted("GetWallpaper.html"); }},
-    {aOptions, "Options", "tray", "&Show Murala", "", TNeeds::Nothing,
-     [](EveryAction& t) { t.Services().TrayArea.Events->TrayLeftClick(); },
-     [](EveryAction& t) { return t.IsWindowThere(); }},
-    {aTransparentIcons, "Options", "tool", "&Transparent Icons", "Transparent Icons",
-     TNeeds::Selection, None,
-     [](EveryAction& t) { return t.Item(1).TransparentIcons && !t.Item(0).TransparentIcons; }},
-    {aStartAtStartup, "Options", "Options", "&Start At Windows Startup", "", TNeeds::Nothing, None,
-     [](EveryAction& t) { return t.Services().Autostart.Commands.contains("Murala"); }},
-    {aApplyOnStartup, "Options", "Options", "&Apply Wallpaper On Windows Startup", "",
-     TNeeds::Nothing, [](EveryAction& t) { t.Execute(aStartAtStartup); },
-     [](EveryAction& t) { return t.Services().Autostart.Commands["Murala"].ends_with(" /apply"); }},
-    {aNextOnStartup, "Options", "Options", "&Next On Windows Startup", "", TNeeds::Nothing,
-     [](EveryAction& t) {
+    ThumbnailSize<aThumbSmall, tsSmall>,
+    ThumbnailSize<aThumbNormal, tsNormal>,
+    ThumbnailSize<aThumbLarge, tsLarge>,
+    {aExit, "File", Nothing, [](auto& t) { return !t.Main() && !t.Services().TrayArea.HasIcon; }},
+    {aNewGradient, "File", Nothing, Ended, Waits},
+    {aGetWallpaper, "File", Nothing, [](auto& t) { return t.HasStarted("GetWallpaper.html"); }},
+    {aOptions, "tray", Nothing, [](auto& t) { return t.IsWindowThere(); },
+     [](auto& t) { t.Services().TrayArea.Events->TrayLeftClick(); }},
+    {aTransparentIcons, "tool", Selection,
+     [](auto& t) { return t.Item(1).TransparentIcons && !t.Item(0).TransparentIcons; }},
+    {aStartAtStartup, "Options", Nothing, [](auto& t) { return !t.RunCommand().empty(); }},
+    {aApplyOnStartup, "Options", Nothing,
+     [](auto& t) { return t.RunCommand().ends_with(" /apply"); },
+     [](auto& t) { t.Execute(aStartAtStartup); }},
+    {aNextOnStartup, "Options", Nothing, [](auto& t) { return t.Settings().NextOnStartup; },
+     [](auto& t) {
          t.Execute(aStartAtStartup);
          t.Execute(aApplyOnStartup);
-     },
-     [](EveryAction& t) { return t.Settings().NextOnStartup; }},
-    {aConfiguration, "Options", "Options", "&Configuration", "", TNeeds::Nothing, Waits, Ended},
-    {aDesktopColor, "Options", "bDesktopColor", "Select Color", "Select Desktop Background Color",
-     TNeeds::Selection, Waits, Ended},
-    {aAbout, "Help", "Help", "&About", "", TNeeds::Nothing, Waits, Ended},
-    {aMuralaHelp, "Help", "Help", "Murala &Help", "", TNeeds::Nothing, None,
-     [](EveryAction& t) { return t.HasStarted("index.html"); }},
-    {aDisplayProperties, "Help", "Help", "Windows Display Properties", "", TNeeds::Nothing, None,
-     [](EveryAction& t) { return t.HasStarted("display properties"); }},
-    {aConfigureAddOn, "", "bAddOnOptions", "&Configure Add On", "", TNeeds::Nothing, Waits, Ended},
-    {aIconBox, "", "clbAddOns", "aIconBox", "", TNeeds::Nothing, None,
-     [](EveryAction& t) { return t.Settings().UseIconBox; }},
-    {aIconBoxOptions, "", "bAddOnOptions", "aIconBoxOptions", "", TNeeds::Nothing,
-     [](EveryAction& t) {
+     }},
+    {aConfiguration, "Options", Nothing, Ended, Waits},
+    {aDesktopColor, "bDesktopColor", Selection, Ended, Waits},
+    {aAbout, "Help", Nothing, Ended, Waits},
+    {aMuralaHelp, "Help", Nothing, [](auto& t) { return t.HasStarted("index.html"); }},
+    {aDisplayProperties, "Help", Nothing,
+     [](auto& t) { return t.HasStarted("display properties"); }},
+    {aConfigureAddOn, "bAddOnOptions", Nothing, Ended, Waits},
+    {aIconBox, "clbAddOns", Nothing, [](auto& t) { return t.Settings().UseIconBox; }},
+    {aIconBoxOptions, "bAddOnOptions", Nothing, Ended,
+     [](auto& t) {
          t.SelectAddOn(1);
          t.AwaitDialog();
-     },
-     Ended},
+     }},
 };
 static_assert(std::size(Expectations) == ActionCount);
 
@@ -358,9 +315,6 @@ TEST_P(EveryAction, IsWhereItBelongsAndDoesWhatItSays)
 {
     const TExpected& expected = GetParam();
     StartEmpty();
-    const TAction& action = m_main->Actions()[expected.Id];
-    EXPECT_EQ(action.Caption, expected.Caption);
-    EXPECT_EQ(action.Category, expected.Category);
     if (expected.Needs != TNeeds::Nothing) {
         EXPECT_FALSE(IsEnabledThere(expected)) << "there are no wallpapers";
     }
@@ -369,7 +323,6 @@ TEST_P(EveryAction, IsWhereItBelongsAndDoesWhatItSays)
         EXPECT_FALSE(IsEnabledThere(expected)) << "none is selected";
     }
     Select(1);
-    EXPECT_EQ(action.Hint, expected.Hint);
     expected.Before(*this);
     ASSERT_TRUE(IsEnabledThere(expected)) << expected.Place;
 

@@ -4,10 +4,8 @@
 #include "uSafeFile.h"
 
 #include <fstream>
-#include <memory>
 
 #include <wx/checklst.h>
-#include <wx/choice.h>
 #include <wx/radiobox.h>
 #include <wx/slider.h>
 #include <wx/spinctrl.h>
@@ -18,79 +16,10 @@ using namespace murala;
 namespace
 {
 
-template<typename TControl>
-TControl& Find(wxWindow& parent, const char* name)
-{
-    auto* control = dynamic_cast<TControl*>(wxWindow::FindWindowByName(name, &parent));
-    if (control == nullptr)
-        throw std::runtime_error(std::string("no control ") + name);
-    return *control;
-}
-
-void Send(wxWindow& control, wxEventType type, int value = 0)
-{
-    wxCommandEvent event(type, control.GetId());
-    event.SetEventObject(&control);
-    event.SetInt(value);
-    control.ProcessWindowEvent(event);
-}
-
-void Slide(wxWindow& parent, const char* name, int value)
-{
-    auto& bar = Find<wxSlider>(parent, name);
-    bar.SetValue(value);
-    Send(bar, wxEVT_SLIDER, value);
-}
-
-void Press(wxWindow& parent, const char* name)
-{
-    Send(Find<wxWindow>(parent, name), wxEVT_BUTTON);
-}
-
-void Mouse(wxWindow& window, wxEventType type, int x, int y)
-{
-    wxMouseEvent event(type);
-    event.SetEventObject(&window);
-    event.SetX(x);
-    event.SetY(y);
-    event.SetLeftDown(type != wxEVT_LEFT_UP);
-    window.ProcessWindowEvent(event);
-}
-
 class AddOns : public TMainFixture
 {
 protected:
-    // Runs the script once a dialog of that name waits for the user; it ends the dialog.
-    void InDialog(const std::string& name, std::function<void(wxDialog&)> script)
-    {
-        m_messages.AreShown = true;
-        auto timer = std::make_shared<wxTimer>();
-        m_timers.push_back(timer);
-        timer->Bind(wxEVT_TIMER, [this, name, script, timer = timer.get()](wxTimerEvent&) {
-            for (wxWindow* window : wxTopLevelWindows) {
-                auto* dialog = dynamic_cast<wxDialog*>(window);
-                if (dialog == nullptr || dialog->GetName() != name || !dialog->IsModal())
-                    continue;
-                timer->Stop();
-                m_scriptsRun++;
-                dialog->SetReturnCode(0);
-                script(*dialog);
-                if (dialog->GetReturnCode() == 0)
-                    dialog->EndModal(wxID_CANCEL);
-                return;
-            }
-        });
-        timer->Start(50);
-    }
-    void Execute(TActionId action)
-    {
-        m_main->Actions().Execute(action);
-        m_messages.AreShown = false;
-    }
     TIniFile CalendarFile() { return TIniFile::Load(m_folder.File("mucalendar.ini")); }
-
-    int m_scriptsRun = 0;
-    std::vector<std::shared_ptr<wxTimer>> m_timers;
 };
 
 } // namespace
@@ -100,7 +29,7 @@ TEST_F(AddOns, AGradientGoesFromTheDialogToTheSelectedLastItem)
     Start();
     AddTwo();
     Select(0);
-    m_main->Murala().Core.Selection.Item()->TransparentIcons = true;
+    Murala().Core.Selection.Item()->TransparentIcons = true;
     InDialog("TfGradientEditor", [](wxDialog& dialog) {
         Slide(dialog, "tbStartGreen", 200);
         Slide(dialog, "tbEndRed", 255);
@@ -117,7 +46,7 @@ TEST_F(AddOns, AGradientGoesFromTheDialogToTheSelectedLastItem)
     });
     Execute(aNewGradient);
     EXPECT_EQ(m_scriptsRun, 1);
-    const TCore& core = m_main->Murala().Core;
+    const TCore& core = Murala().Core;
     ASSERT_EQ(core.List.Count(), 3);
     const TMuWallpaper& item = core.List.Item(2);
     EXPECT_EQ(core.Selection.Rows(), std::vector<int>{2});
@@ -153,7 +82,7 @@ TEST_F(AddOns, DraggingTheSampleMakesTheNearerColourLighter)
     });
     Execute(aNewGradient);
     EXPECT_EQ(m_scriptsRun, 1);
-    EXPECT_EQ(m_main->Murala().Core.List.Count(), 0) << "cancelled";
+    EXPECT_EQ(Murala().Core.List.Count(), 0) << "cancelled";
 }
 
 TEST_F(AddOns, AGradientThatCannotBeSavedIsToldAndAddsNothing)
@@ -171,7 +100,7 @@ TEST_F(AddOns, AGradientThatCannotBeSavedIsToldAndAddsNothing)
     ASSERT_EQ(m_messages.Texts.size(), 1U);
     EXPECT_NE(m_messages.Texts[0].find("GradientBitmap0.bmp"), std::string::npos)
         << m_messages.Texts[0];
-    EXPECT_EQ(m_main->Murala().Core.List.Count(), 2);
+    EXPECT_EQ(Murala().Core.List.Count(), 2);
     EXPECT_TRUE(std::filesystem::is_regular_file(NativePath(m_folder.Path())));
 }
 
@@ -189,14 +118,14 @@ TEST_F(AddOns, ThePageSwitchesAndConfiguresTheAddOns)
     EXPECT_EQ(list.GetString(0), "Calendar");
     EXPECT_EQ(list.GetString(1), "Icon Box");
     EXPECT_EQ(list.GetSelection(), 0);
-    const TMuSettings& settings = m_main->Murala().Core.Settings;
+    const TMuSettings& settings = Murala().Core.Settings;
     list.Check(1);
     Send(list, wxEVT_CHECKLISTBOX, 1);
     EXPECT_TRUE(settings.UseIconBox);
     EXPECT_FALSE(settings.UseCalendar);
-    m_main->Actions().Execute(aCalendar);
+    Execute(aCalendar);
     EXPECT_TRUE(list.IsChecked(0)) << "the menu's action shows on the page";
-    m_main->Actions().Execute(aIconBox);
+    Execute(aIconBox);
     EXPECT_FALSE(list.IsChecked(1));
 
     InDialog("TfMainCalendar", [](wxDialog&) {});
@@ -215,7 +144,7 @@ TEST_F(AddOns, ThePageSwitchesAndConfiguresTheAddOns)
 TEST_F(AddOns, TheIconBoxOptionsShowAndGiveBackWhatIsSet)
 {
     Start();
-    m_main->Murala().AddOns.SetIconBox({-102, true, false, 0x332211});
+    Murala().AddOns.SetIconBox({-102, true, false, 0x332211});
     InDialog("TfIconBoxOptions", [](wxDialog& dialog) {
         auto& border = Find<wxCheckBox>(dialog, "cbBorder");
         auto& select = Find<wxButton>(dialog, "bSelectColor");
@@ -236,13 +165,13 @@ TEST_F(AddOns, TheIconBoxOptionsShowAndGiveBackWhatIsSet)
         dialog.EndModal(wxID_OK);
     });
     Execute(aIconBoxOptions);
-    TIconBoxOptions options = m_main->Murala().AddOns.IconBox();
+    TIconBoxOptions options = Murala().AddOns.IconBox();
     EXPECT_EQ(options.Gamma, 255);
     EXPECT_TRUE(options.OnlyIcons);
     EXPECT_TRUE(options.Border) << "greyed out, but kept";
     InDialog("TfIconBoxOptions", [](wxDialog& dialog) { Slide(dialog, "tbTint", 0); });
     Execute(aIconBoxOptions);
-    EXPECT_EQ(m_main->Murala().AddOns.IconBox().Gamma, 255) << "cancelled";
+    EXPECT_EQ(Murala().AddOns.IconBox().Gamma, 255) << "cancelled";
     EXPECT_EQ(m_scriptsRun, 2);
 }
 

@@ -8,12 +8,14 @@
 #include "uTestPictures.h"
 
 #include <chrono>
+#include <memory>
 
 #include <gtest/gtest.h>
 #include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
+#include <wx/slider.h>
 
 namespace murala
 {
@@ -46,6 +48,45 @@ struct TNoLink : TInstanceLink {
     void Unlock() override {}
     void Listen(void*, std::function<void()> onWake) override { Wake = std::move(onWake); }
 };
+
+template<typename TControl>
+TControl& Find(wxWindow& parent, const char* name)
+{
+    auto* control = dynamic_cast<TControl*>(wxWindow::FindWindowByName(name, &parent));
+    if (control == nullptr)
+        throw std::runtime_error(std::string("no control ") + name);
+    return *control;
+}
+
+inline void Send(wxWindow& control, wxEventType type, int value = 0)
+{
+    wxCommandEvent event(type, control.GetId());
+    event.SetEventObject(&control);
+    event.SetInt(value);
+    control.ProcessWindowEvent(event);
+}
+
+inline void Slide(wxWindow& parent, const char* name, int value)
+{
+    auto& bar = Find<wxSlider>(parent, name);
+    bar.SetValue(value);
+    Send(bar, wxEVT_SLIDER, value);
+}
+
+inline void Press(wxWindow& parent, const char* name)
+{
+    Send(Find<wxWindow>(parent, name), wxEVT_BUTTON);
+}
+
+inline void Mouse(wxWindow& window, wxEventType type, int x, int y)
+{
+    wxMouseEvent event(type);
+    event.SetEventObject(&window);
+    event.SetX(x);
+    event.SetY(y);
+    event.SetLeftDown(type != wxEVT_LEFT_UP);
+    window.ProcessWindowEvent(event);
+}
 
 class TMainFixture : public testing::Test
 {
@@ -93,14 +134,41 @@ protected:
         PumpUntil([] { return false; }, milliseconds);
     }
 
+    // Runs the script once a dialog of that name waits for the user; it ends the dialog.
+    void InDialog(const std::string& name, std::function<void(wxDialog&)> script)
+    {
+        m_messages.AreShown = true;
+        auto timer = std::make_shared<wxTimer>();
+        m_timers.push_back(timer);
+        timer->Bind(wxEVT_TIMER, [this, name, script, timer = timer.get()](wxTimerEvent&) {
+            for (wxWindow* window : wxTopLevelWindows) {
+                auto* dialog = dynamic_cast<wxDialog*>(window);
+                if (dialog == nullptr || dialog->GetName() != name || !dialog->IsModal())
+                    continue;
+                timer->Stop();
+                m_scriptsRun++;
+                dialog->SetReturnCode(0);
+                script(*dialog);
+                if (dialog->GetReturnCode() == 0)
+                    dialog->EndModal(wxID_CANCEL);
+                return;
+            }
+        });
+        timer->Start(50);
+    }
+    void Execute(TActionId action)
+    {
+        m_main->Actions().Execute(action);
+        m_messages.AreShown = false;
+    }
+
     template<typename TControl>
     TControl& Control(const char* name)
     {
-        auto* control = dynamic_cast<TControl*>(wxWindow::FindWindowByName(name, m_main));
-        if (control == nullptr)
-            throw std::runtime_error(std::string("no control ") + name);
-        return *control;
+        return Find<TControl>(*m_main, name);
     }
+    TMurala& Murala() { return m_main->Murala(); }
+    const TAction& Action(TActionId id) { return m_main->Actions()[id]; }
 
     TMuListView& List() { return dynamic_cast<TMuListView&>(Control<wxWindow>("lvWallpaper")); }
 
@@ -109,15 +177,23 @@ protected:
         return SavePicture(m_services.ProgramFolder + name, width, height, color);
     }
 
+    // Small black ones.
+    void AddPictures(const std::vector<std::string>& names)
+    {
+        std::vector<std::string> files;
+        for (const std::string& name : names)
+            files.push_back(Picture(name, 4, 4, 0));
+        Murala().Desk.AddFiles(files);
+    }
     void AddTwo()
     {
-        m_main->Murala().Desk.AddFiles({Picture("Rot.bmp", 40, 30, 0x0000FF),
-                                        Picture("Gr\xC3\xBCn, 'quoted'.bmp", 40, 30, 0x00FF00)});
+        Murala().Desk.AddFiles({Picture("Rot.bmp", 40, 30, 0x0000FF),
+                                Picture("Gr\xC3\xBCn, 'quoted'.bmp", 40, 30, 0x00FF00)});
     }
 
     void Select(int row)
     {
-        m_main->Murala().Core.Selection.Select(&m_main->Murala().Core.List.Item(row));
+        Murala().Core.Selection.Select(&Murala().Core.List.Item(row));
         Pump(20);
     }
 
@@ -126,6 +202,8 @@ protected:
     TNoLink m_link;
     TMessages m_messages;
     TfMain* m_main = nullptr;
+    int m_scriptsRun = 0;
+    std::vector<std::shared_ptr<wxTimer>> m_timers;
 };
 
 } // namespace murala

@@ -1,22 +1,12 @@
-#include "uAddOns.h"
-
 #include "Pictures.h"
-#include "uDesktopFakes.h"
 #include "uIconBox.h"
-#include "uMuCalendar.h"
-#include "uTextFakes.h"
+#include "uSettings.h"
+#include "uTestPictures.h"
 
 using namespace murala;
 
 namespace
 {
-
-TBitmap Grey(int width, int height)
-{
-    TBitmap bitmap(width, height);
-    std::fill_n(bitmap.Row(0), width * height, 0x646464U);
-    return bitmap;
-}
 
 // A letter a pixel: "." as it was, "t" tinted, "b" the border's colour, "?" anything else.
 std::vector<std::string> Map(const TBitmap& picture)
@@ -47,7 +37,7 @@ TMuSettings BoxSettings(bool border, bool onlyIcons)
 std::vector<std::string> BoxMap(bool border, bool onlyIcons, const std::vector<TRect>& region,
                                 TSize size)
 {
-    TBitmap picture = Grey(size.Width, size.Height);
+    TBitmap picture = EvenBitmap(size.Width, size.Height, 0x646464);
     DrawIconBox(picture, BoxSettings(border, onlyIcons), region);
     return Map(picture);
 }
@@ -97,94 +87,4 @@ TEST(IconBox, TintsAllChannelsAlike)
         DrawIconBox(picture, settings, {{0, 0, 1, 1}});
         EXPECT_EQ(RowsOf(picture), (TRows{{expected}})) << gamma;
     }
-}
-
-namespace
-{
-
-class AddOns : public testing::Test
-{
-protected:
-    struct TIcons : TIconView {
-        std::optional<std::vector<TRect>> Region;
-        int Asked = 0;
-        bool CanBeAsked() override { return Region.has_value(); }
-        TColor GetIconTextBackColor() override { return 0; }
-        void SetIconTextBackColor(TColor) override {}
-        TIconRegion GetIconRegion() override
-        {
-            ++Asked;
-            return Region ? TIconRegion{*Region, {}} : TIconRegion{{}, "There are none."};
-        }
-    };
-
-    TBitmap WithCalendar(TBitmap picture)
-    {
-        TFixedText text;
-        TMuCalendar calendar(text, EnglishDateNames(), Clock.Time);
-        calendar.LoadFromFile(Folder.Path());
-        calendar.Draw(picture);
-        return picture;
-    }
-    TRows Drawn(const TBeforeSave& addOns)
-    {
-        TBitmap picture = Grey(100, 80);
-        addOns(picture);
-        return RowsOf(picture);
-    }
-
-    TTempFolder Folder;
-    TFixedText Text;
-    TFakeClock Clock;
-    TIcons Icons;
-    TAddOnServices Services{Folder.Path(), Text, EnglishDateNames(), Clock, Icons};
-    TMuSettings Settings = BoxSettings(true, false);
-};
-
-} // namespace
-
-TEST_F(AddOns, AreDrawnOnceEachTheCalendarFirst)
-{
-    Folder.Write("mucalendar.ini", "[Options]\nCalendarWidth=90\nCalendarHeight=70\n");
-    Icons.Region = {{20, 20, 60, 50}};
-    TBitmap expected = WithCalendar(Grey(100, 80));
-    const TRows calendar = RowsOf(expected);
-    DrawIconBox(expected, Settings, *Icons.Region);
-    TBitmap box = Grey(100, 80);
-    DrawIconBox(box, Settings, *Icons.Region);
-    struct {
-        bool UseCalendar, UseIconBox;
-        TRows Desktop, Preview;
-    } const cases[] = {
-        {true, true, RowsOf(expected), calendar},
-        {true, false, calendar, calendar},
-        {false, true, RowsOf(box), RowsOf(Grey(100, 80))},
-        {false, false, RowsOf(Grey(100, 80)), RowsOf(Grey(100, 80))},
-    };
-    for (const auto& each : cases) {
-        Settings.UseCalendar = each.UseCalendar, Settings.UseIconBox = each.UseIconBox;
-        EXPECT_EQ(Drawn(DesktopAddOns(Services, Settings)), each.Desktop);
-        const int asked = Icons.Asked;
-        EXPECT_EQ(Drawn(PreviewAddOns(Services, Settings)), each.Preview);
-        EXPECT_EQ(Icons.Asked, asked);
-    }
-}
-
-TEST_F(AddOns, WithoutAnIconListThereIsNoBox)
-{
-    EXPECT_EQ(Drawn(DesktopAddOns(Services, Settings)), RowsOf(Grey(100, 80)));
-    EXPECT_EQ(Icons.Asked, 1);
-}
-
-TEST_F(AddOns, TheCalendarShowsTheMonthOfTheMoment)
-{
-    Settings.UseCalendar = true;
-    const TBeforeSave addOns = PreviewAddOns(Services, Settings);
-    Clock.Time = *EncodeDateTime({2026, 12, 31, 23, 59, 59});
-    Drawn(addOns);
-    EXPECT_EQ(Text.Drawn.front().Text, "December 2026");
-    Text.Drawn.clear();
-    Clock.Time += 2 / SecondsPerDay;
-    Drawn(addOns);
-    EXPECT_EQ(Text.Drawn.front().Text, "January 2027");
 }

@@ -20,50 +20,42 @@ protected:
                            std::max(box.Bottom, y + 1)};
         return box.Right == 0 ? TRect{} : box;
     }
-    TBitmap Installed() { return LoadImageFile(m_services.ProgramFolder + "MuralaWallpaper.bmp"); }
-    TBitmap Plain() const
-    {
-        TBitmap plain(400, 300);
-        std::fill_n(plain.Row(0), 400 * 300, ColorToPixel(0x204060));
-        return plain;
-    }
-    std::size_t Installations() const
-    {
-        return static_cast<std::size_t>(
-            std::ranges::count_if(m_services.Desktop.Calls, [](const std::string& call) {
-                return call.starts_with("install");
-            }));
-    }
+    static TBitmap Plain() { return EvenBitmap(400, 300, ColorToPixel(0x204060)); }
     // The refresh tick at a moment; how often a picture was installed by it.
     std::size_t TickAt(TDateTime now)
     {
         m_services.Clock.Time = now;
-        const std::size_t before = Installations();
+        m_services.Desktop.Calls.clear();
         m_murala->Ticker.RefreshTick();
-        return Installations() - before;
+        return static_cast<std::size_t>(
+            std::ranges::count(m_services.Desktop.Calls, "install MuralaWallpaper.bmp 0"));
     }
 };
 
 TEST_F(AddOnDesk, TheDesktopHasBothAndThePreviewTheCalendarOnly)
 {
     m_services.IconView.HasIcons = true;
-    m_services.IconView.Region = {{20, 10, 30, 20}};
+    m_services.IconView.Region = {{35, 25, 80, 90}};
     AddPictures(1);
     m_murala->AddOns.SetUseIconBox(true);
     Apply(0);
-    const TRect icons = Difference(Installed(), Plain());
-    EXPECT_EQ(icons, (TRect{15, 5, 35, 25}));
-    TBitmap once = Plain();
-    DrawIconBox(once, m_murala->Core.Settings, m_services.IconView.Region);
-    EXPECT_EQ(Difference(Installed(), once), TRect{}) << "tinted once";
+    TBitmap expected = Plain();
+    DrawIconBox(expected, m_murala->Core.Settings, m_services.IconView.Region);
+    EXPECT_EQ(Difference(expected, Plain()), (TRect{30, 20, 85, 95}));
+    EXPECT_EQ(Difference(Installed(), expected), TRect{}) << "tinted once";
     ASSERT_EQ(LoadPreview(), "");
     EXPECT_EQ(Difference(m_murala->Preview.Picture(400), Plain()), TRect{});
     m_murala->AddOns.SetUseCalendar(true);
+    expected = m_murala->Preview.Picture(400);
     // 320 x 240 in the middle of 400 x 300
-    EXPECT_EQ(Difference(m_murala->Preview.Picture(400), Plain()), (TRect{40, 30, 360, 270}));
-    Apply(0);
-    EXPECT_EQ(Difference(Installed(), Plain()), (TRect{15, 5, 360, 270}));
+    EXPECT_EQ(Difference(expected, Plain()), (TRect{40, 30, 360, 270}));
     EXPECT_EQ(m_services.Text.Drawn.front().Text, "December 2025");
+    Apply(0);
+    DrawIconBox(expected, m_murala->Core.Settings, m_services.IconView.Region);
+    EXPECT_EQ(Difference(Installed(), expected), TRect{}) << "the calendar, then the box over it";
+    m_services.IconView.HasIcons = false;
+    Apply(0);
+    EXPECT_EQ(Difference(Installed(), m_murala->Preview.Picture(400)), TRect{}) << "no icon list";
 }
 
 TEST_F(AddOnDesk, TheSwitchesAndTheIconBoxOptionsAreSaved)

@@ -75,9 +75,7 @@ TEST_F(LibraryDesk, ViewsKnowTheRowsBeforeAFailingSaveShowsItsMessage)
 {
     AddPictures(3);
     TStrictView view(m_murala->Core);
-    const std::string list = m_folder.File(ListFileName);
-    DeleteFileIfPresent(list);
-    std::filesystem::create_directory(NativePath(list));
+    Block(ListFileName);
     int rowsInMessage = -1;
     m_view.OnMessage = [&] { rowsInMessage = view.Rows; };
     Apply(1);

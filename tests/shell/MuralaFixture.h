@@ -45,7 +45,22 @@ protected:
         m_murala->Desk.AddFiles(files);
     }
 
+    // A folder in the place of a file: neither can it be read nor replaced, by anybody.
+    void Block(std::string_view name)
+    {
+        std::filesystem::rename(NativePath(m_folder.File(name)),
+                                NativePath(m_folder.File(name) + ".aside"));
+        std::filesystem::create_directory(NativePath(m_folder.File(name)));
+    }
+    void Unblock(std::string_view name)
+    {
+        std::filesystem::remove(NativePath(m_folder.File(name)));
+        std::filesystem::rename(NativePath(m_folder.File(name) + ".aside"),
+                                NativePath(m_folder.File(name)));
+    }
+
     TMuWallpaper& Item(int row) const { return m_murala->Core.List.Item(row); }
+    TBitmap Installed() const { return LoadImageFile(m_folder.File("MuralaWallpaper.bmp")); }
     void Select(int row) { m_murala->Core.Selection.Select(&Item(row)); }
     void Apply(int row)
     {

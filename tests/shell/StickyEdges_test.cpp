@@ -17,11 +17,6 @@ TEST(StickyEdges, AWindowSnapsToTheEdgesThatItIsNear)
         {{500, 505, 800, 705}, {500, 500, 800, 700}},
         {{-400, 300, -100, 500}, {-400, 300, -100, 500}},
     };
-    for (const auto& row : rows) {
-        const TRect snapped = SnapToEdges(row.Dragged, area, 10);
-        EXPECT_EQ(snapped.Left, row.Snapped.Left);
-        EXPECT_EQ(snapped.Top, row.Snapped.Top);
-        EXPECT_EQ(snapped.Right, row.Snapped.Right);
-        EXPECT_EQ(snapped.Bottom, row.Snapped.Bottom);
-    }
+    for (const auto& [dragged, snapped] : rows)
+        EXPECT_EQ(SnapToEdges(dragged, area, 10), snapped);
 }

@@ -16,19 +16,6 @@ protected:
                 ++copies;
         return copies;
     }
-    // A folder in the place of a file: neither can it be read nor replaced, by anybody.
-    void Block(std::string_view name)
-    {
-        std::filesystem::rename(NativePath(m_folder.File(name)),
-                                NativePath(m_folder.File(name) + ".aside"));
-        std::filesystem::create_directory(NativePath(m_folder.File(name)));
-    }
-    void Unblock(std::string_view name)
-    {
-        std::filesystem::remove(NativePath(m_folder.File(name)));
-        std::filesystem::rename(NativePath(m_folder.File(name) + ".aside"),
-                                NativePath(m_folder.File(name)));
-    }
 };
 
 TEST_F(Storage, AFailingSaveIsToldOnceAndLosesNothing)

@@ -45,12 +45,9 @@ TEST_F(Ticker, AnotherScreenHasTheWallpaperInItsSize)
     StartSchedule();
     const TDateTime changed = m_murala->Core.Settings.LastChangeDate;
     m_services.Clock.Time += 0.5 / MinutesPerDay;
-    const auto size = [this] {
-        return LoadImageFile(m_services.ProgramFolder + "MuralaWallpaper.bmp").Size();
-    };
     m_services.Desktop.Screen = {48, 32};
     m_services.Desktop.OnScreens();
-    EXPECT_EQ(size(), (TSize{48, 32}));
+    EXPECT_EQ(Installed().Size(), (TSize{48, 32}));
     EXPECT_EQ(CurrentIndex(), 1);
     EXPECT_EQ(m_murala->Core.Settings.LastChangeDate, changed);
     m_services.Desktop.Screen = {64, 64};
@@ -60,10 +57,10 @@ TEST_F(Ticker, AnotherScreenHasTheWallpaperInItsSize)
     {
         const TPauseScope dialog(m_murala->Core.Pauses);
         m_murala->Ticker.RefreshTick();
-        EXPECT_EQ(size(), (TSize{48, 32}));
+        EXPECT_EQ(Installed().Size(), (TSize{48, 32}));
     }
     m_murala->Ticker.RefreshTick();
-    EXPECT_EQ(size(), (TSize{64, 64}));
+    EXPECT_EQ(Installed().Size(), (TSize{64, 64}));
     const std::size_t calls = installed();
     m_murala->Ticker.RefreshTick();
     EXPECT_EQ(installed(), calls);

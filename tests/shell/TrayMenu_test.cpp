@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 using namespace murala;
 
 namespace
@@ -127,18 +125,6 @@ TEST(WallpaperMenu, ChecksFollowTheCurrentWallpaperAndLeaveActionsAlone)
     EXPECT_FALSE(menu.Items[0].Items[1].IsSeparator());
     UpdateTrayChecks(menu, 1);
     EXPECT_EQ(Drawn(menu), " A[ a -] B[ c] - act* act*");
-}
-
-TEST(WallpaperMenu, TenThousandWallpapersAreThereAtOnce)
-{
-    TMuWallpaperList list;
-    FillMany(list, 10000, 50);
-    const auto start = std::chrono::steady_clock::now();
-    TMenuItem menu = NewWallpaperMenu(list, 9999, {true, 40});
-    UpdateTrayChecks(menu, 5000);
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-    EXPECT_LT(taken.count(), 0.3);
-    EXPECT_EQ(menu.Items.size(), 50U);
 }
 
 TEST(TrayMenuPlace, FollowsTheTaskBarsEdge)

@@ -10,7 +10,7 @@ using namespace murala;
 namespace
 {
 
-constexpr TPixel Black = 0, Red = 0xFF0000, Blue = 0x0000FF, White = 0xFFFFFF;
+constexpr TPixel Red = 0xFF0000, Blue = 0x0000FF, White = 0xFFFFFF;
 
 std::string Number(std::uint32_t value, std::size_t bytes)
 {
@@ -31,20 +31,14 @@ TTestIcon HalfIcon(int side, int bitCount, TPixel color)
 {
     std::string bitmap = Number(40, 4) + Number(side, 4) + Number(2 * side, 4) + Number(1, 2) +
                          Number(bitCount, 2) + std::string(24, '\0');
-    // What is transparent has to be black. The colour of one bit is so, too: index 0.
-    if (bitCount <= 8)
-        bitmap += Number(0, 4) + Number(color, 4) + std::string(4 * ((1U << bitCount) - 2), '\0');
-    const char colored = bitCount == 1 ? 0 : bitCount == 4 ? 0x11 : 1;
+    if (bitCount == 8)
+        bitmap += Number(0, 4) + Number(color, 4) + std::string(4 * 254, '\0');
     std::string mask;
     for (int y = side - 1; y >= 0; y--) { // from the bottom up
         const bool isColored = y < side / 2;
-        std::string row;
-        for (int x = 0; x < side && bitCount >= 24; x++)
-            row += Number(isColored ? color | 0xFF000000 : 0, bitCount / 8);
-        if (bitCount <= 8)
-            row = std::string(side * bitCount / 8, isColored ? colored : '\0');
-        row.resize((row.size() + 3) / 4 * 4);
-        bitmap += row;
+        for (int x = 0; x < side; x++)
+            bitmap += bitCount == 8 ? Number(isColored ? 1 : 0, 1)
+                                    : Number(isColored ? color | 0xFF000000 : 0, 4);
         mask += std::string((side + 31) / 32 * 4, isColored ? '\0' : '\xFF');
     }
     return {side, bitCount, bitmap + mask};
@@ -78,32 +72,19 @@ std::string IconFile(const std::vector<TTestIcon>& icons)
 
 TEST(IconFile, TheLargestPictureOfEveryFormIsReadOnWhite)
 {
-    struct TCase {
-        const char* Name;
-        std::vector<TTestIcon> Icons;
-        int Side;
-        TPixel Color = Red;
-    };
-    const TCase cases[] = {
-        {"1 bit", {HalfIcon(32, 1, Black)}, 32, Black},
-        {"4 bits", {HalfIcon(16, 4, Red)}, 16},
-        {"8 bits", {HalfIcon(48, 8, Red)}, 48},
-        {"24 bits", {HalfIcon(16, 24, Red)}, 16},
-        {"32 bits", {HalfIcon(64, 32, Red)}, 64},
-        {"PNG", {PngIcon()}, 8},
-        {"several", {HalfIcon(16, 32, Blue), HalfIcon(48, 8, Red), PngIcon()}, 48},
-        {"256 pixels", {HalfIcon(32, 32, Blue), HalfIcon(256, 32, Red)}, 256},
+    const std::pair<int, std::vector<TTestIcon>> cases[] = {
+        {8, {PngIcon()}},
+        {48, {HalfIcon(16, 32, Blue), HalfIcon(48, 8, Red), PngIcon()}},
+        {256, {HalfIcon(32, 32, Blue), HalfIcon(256, 32, Red)}},
     };
     const TTempFolder folder;
-    for (const TCase& each : cases) {
-        SCOPED_TRACE(each.Name);
-        const TBitmap picture = LoadIconFile(folder.Write("Öl.ico", IconFile(each.Icons)));
-        ASSERT_EQ(picture.Size(), (TSize{each.Side, each.Side}));
-        const int half = each.Side / 2;
-        EXPECT_EQ(picture.Row(0)[0] & White, each.Color);
-        EXPECT_EQ(picture.Row(half - 1)[each.Side - 1] & White, each.Color);
-        EXPECT_EQ(picture.Row(half)[0] & White, White);
-        EXPECT_EQ(picture.Row(each.Side - 1)[half] & White, White);
+    for (const auto& [side, icons] : cases) {
+        const TBitmap picture = LoadIconFile(folder.Write("Öl.ico", IconFile(icons)));
+        ASSERT_EQ(picture.Size(), (TSize{side, side}));
+        EXPECT_EQ(picture.Row(0)[0] & White, Red) << side;
+        EXPECT_EQ(picture.Row(side / 2 - 1)[side - 1] & White, Red) << side;
+        EXPECT_EQ(picture.Row(side / 2)[0] & White, White) << side;
+        EXPECT_EQ(picture.Row(side - 1)[side / 2] & White, White) << side;
     }
 }
 

@@ -1,6 +1,6 @@
 #include "uTextDrawing.h"
 
-#include "uDateNames.h"
+#include "uTestPictures.h"
 
 #include <gtest/gtest.h>
 
@@ -16,9 +16,7 @@ constexpr TPixel Paper = 0xFFFFFF;
 
 TBitmap NewPaper(int width, int height)
 {
-    TBitmap bitmap(width, height);
-    std::fill_n(bitmap.Row(0), width * height, Paper);
-    return bitmap;
+    return EvenBitmap(width, height, Paper);
 }
 
 TRect WholeOf(const TBitmap& bitmap)
@@ -139,14 +137,14 @@ TEST_F(TextDrawing, IsCutAtTheBitmapAndAtTheClip)
 
 TEST_F(TextDrawing, StylesShow)
 {
-    const auto draw = [&](const TMuFont& font) {
+    const auto drawn = [&](const TMuFont& font) {
         TBitmap bitmap = NewPaper(200, 80);
         Text->Draw(bitmap, WholeOf(bitmap), 10, 10, font, 0, "n n");
-        return Ink(bitmap);
+        return bitmap;
     };
+    const auto draw = [&](const TMuFont& font) { return Ink(drawn(font)); };
     const auto drawnPixels = [&](const TMuFont& font) {
-        TBitmap bitmap = NewPaper(200, 80);
-        Text->Draw(bitmap, WholeOf(bitmap), 10, 10, font, 0, "n n");
+        const TBitmap bitmap = drawn(font);
         return std::count_if(bitmap.Row(0), bitmap.Row(80),
                              [](TPixel pixel) { return (pixel & 0xFFFFFFU) != Paper; });
     };

@@ -4,8 +4,6 @@
 #include "uTestSession.h"
 #include "uText.h"
 
-#include <X11/Xatom.h>
-
 #include <gtest/gtest.h>
 
 #include <csignal>
@@ -117,10 +115,8 @@ TEST(PlasmaBackground, ShellThatStartsLateIsGivenTheScriptWithoutWaysOut)
     const TTestBus bus(session);
     const std::string picture = session.SavePicture();
     const auto desktop = NewDesktop(session.Path());
-    std::optional<bool> took;
-    desktop->Install(picture, 0x0A0B0C,
-                     [&](const TInstalled& installed) { took = installed.Took; });
-    EXPECT_FALSE(took.has_value()) << "nothing is waited for";
+    const auto answer = Install(*desktop, picture, 0x0A0B0C);
+    EXPECT_FALSE(answer->has_value()) << "nothing is waited for";
 
     std::string script;
     int desktops = 0; // as long as the shell starts
@@ -132,8 +128,7 @@ TEST(PlasmaBackground, ShellThatStartsLateIsGivenTheScriptWithoutWaysOut)
                        script = text;
                        return g_variant_new("(s)", std::to_string(desktops++).c_str());
                    });
-    EXPECT_TRUE(Eventually([&] { return took.has_value(); }));
-    EXPECT_TRUE(took.value_or(false));
+    EXPECT_TRUE(Takes(answer));
     EXPECT_EQ(desktops, 2);
     for (const char* part : {"d.wallpaperPlugin = 'org.kde.image'", "/a%20b%27%C3%BC%2520%22$(x)~",
                              "d.writeConfig('Color', '12,11,10')"})
@@ -145,35 +140,20 @@ TEST(Installing, NextPictureTakesThePlaceOfOneThatWaits)
     TTestSession session("KDE");
     const TTestBus bus(session);
     const auto desktop = NewDesktop(session.Path());
-    bool isToldOfTheFirst = false;
-    desktop->Install(session.SavePicture(), 0, [&](const TInstalled&) { isToldOfTheFirst = true; });
-    desktop->Install(session.SavePicture(), 0, [](const TInstalled&) {});
-    desktop->Install(session.File("missing.bmp"), 0,
-                     [](const TInstalled& installed) { EXPECT_FALSE(installed.Took); });
+    const auto first = Install(*desktop, session.SavePicture());
+    Install(*desktop, session.SavePicture());
+    EXPECT_FALSE(Installs(*desktop, session.File("missing.bmp")));
     const auto plasma =
         NewService("org.kde.plasmashell", "/PlasmaShell org.kde.PlasmaShell.evaluateScript",
                    [](GVariant*) { return g_variant_new("(s)", "1"); });
     EXPECT_TRUE(Installs(*desktop, session.SavePicture()));
-    EXPECT_FALSE(isToldOfTheFirst);
+    EXPECT_FALSE(first->has_value());
     session.SavePicture(TestPicture(8, 8), "MuralaWallpaper.bmp");
     session.Write("MuralaWallpaper~mine.bmp", "x");
     const auto count = session.Count();
     for (int i = 0; i < 3; i++)
         EXPECT_TRUE(Installs(*desktop, session.File("MuralaWallpaper.bmp")));
     EXPECT_EQ(session.Count(), count + 1) << "older names go, files of the user's stay";
-}
-
-// The window that a file manager draws the desktop in.
-void MakeDesktopWindow(Display* display, const char* program)
-{
-    const Window window =
-        XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 10, 10, 0, 0, 0);
-    XClassHint hint{const_cast<char*>(program), const_cast<char*>(program)};
-    XSetClassHint(display, window, &hint);
-    const Atom type = XInternAtom(display, "_NET_WM_WINDOW_TYPE_DESKTOP", False);
-    XChangeProperty(display, window, XInternAtom(display, "_NET_WM_WINDOW_TYPE", False), XA_ATOM,
-                    32, PropModeReplace, reinterpret_cast<const unsigned char*>(&type), 1);
-    XSync(display, False);
 }
 
 TEST(FileManagerBackground, CommandWaitsForTheDesktop)
@@ -187,14 +167,11 @@ TEST(FileManagerBackground, CommandWaitsForTheDesktop)
         const TTestScreen screen(session, "64x48x24");
         session.AddRecorder(words[0]);
         const auto desktop = NewDesktop(session.Path());
-        std::optional<bool> took;
-        desktop->Install(session.SavePicture(), 0,
-                         [&](const TInstalled& installed) { took = installed.Took; });
+        const auto answer = Install(*desktop, session.SavePicture());
         g_usleep(300000);
         EXPECT_FALSE(FileExists(session.File("recorded"))) << name << " has no desktop yet";
-        MakeDesktopWindow(screen.Get(), words[0].c_str());
-        EXPECT_TRUE(Eventually([&] { return took.has_value(); }));
-        EXPECT_TRUE(took.value_or(false));
+        screen.ShowDesktopOf(words[0].c_str());
+        EXPECT_TRUE(Takes(answer));
         const TWords told = session.Recorded();
         ASSERT_EQ(told.size(), 3U);
         EXPECT_EQ((TWords{told[0], told[2]}), words);
@@ -253,20 +230,17 @@ TEST(SwayBackground, PictureIsSetAgainWhenTheConfigurationIsReloaded)
     TTestSession session("sway");
     TTestSway sway(session);
     const auto desktop = NewDesktop(session.Path());
-    std::optional<bool> took;
     const std::string picture = session.SavePicture();
-    desktop->Install(picture, 0x0A0B0C,
-                     [&](const TInstalled& installed) { took = installed.Took; });
+    const auto answer = Install(*desktop, picture, 0x0A0B0C);
     EXPECT_EQ(sway.Receive(), "2 [\"workspace\"]");
     const std::string link = session.File("murala-wallpaper.bmp");
     const std::string command = "0 output * bg " + link + " fill #0c0b0a";
     EXPECT_EQ(sway.Receive(), command) << "it would expand the name itself";
     EXPECT_EQ(ReadWholeFile(link), ReadWholeFile(picture));
-    EXPECT_FALSE(took.has_value());
+    EXPECT_FALSE(answer->has_value());
     sway.Send(2, R"({"success": true})");
     sway.Send(0, R"([{"success": true}])");
-    EXPECT_TRUE(Eventually([&] { return took.has_value(); }));
-    EXPECT_TRUE(took.value_or(false));
+    EXPECT_TRUE(Takes(answer));
     sway.Send(0x80000000U, R"({"change": "focus"})");
     sway.Send(0x80000000U, R"({"change": "reload"})");
     Eventually([] { return g_main_context_pending(nullptr) == FALSE; });
@@ -278,10 +252,10 @@ TEST(SwaybgBackground, OneOfOursShowsThePicture)
     TTestSession session("Hyprland");
     session.SetVariable("PATH", session.File("bin"));
     const auto desktop = NewDesktop(session.Path());
-    std::string advice;
     const std::string picture = session.SavePicture();
-    desktop->Install(picture, 0, [&](const TInstalled& installed) { advice = installed.Advice; });
-    EXPECT_NE(advice.find("swaybg"), std::string::npos);
+    const auto answer = Install(*desktop, picture);
+    EXPECT_FALSE(Takes(answer));
+    EXPECT_NE(answer->value().Advice.find("swaybg"), std::string::npos);
 
     session.SetVariable("PATH", session.File("bin") + ":/usr/bin:/bin");
     std::filesystem::permissions(session.Write("bin/swaybg", "#!/bin/sh\necho $$ \"$@\" >>~/shown\n"

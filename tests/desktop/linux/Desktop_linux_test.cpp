@@ -4,7 +4,6 @@
 #include "uTestSession.h"
 
 #include <X11/Xatom.h>
-#include <X11/extensions/Xrandr.h>
 
 #include <gtest/gtest.h>
 
@@ -91,27 +90,16 @@ TEST(RootWindow, ShowsThePictureForOthersToFind)
     EXPECT_FALSE(Installs(*desktop, session.SavePicture())) << "nobody would see it";
 }
 
-// The second of two is the primary one. The first takes over the server's only output, which would
-// otherwise count as a third.
-void SplitScreen(Display* display)
-{
-    const Window root = DefaultRootWindow(display);
-    XRRScreenResources* resources = XRRGetScreenResources(display, root);
-    const Atom names[] = {XInternAtom(display, "first", False),
-                          XInternAtom(display, "second", False)};
-    for (XRRMonitorInfo monitor :
-         {XRRMonitorInfo{names[0], False, False, 1, 0, 0, 80, 100, 50, 50, resources->outputs},
-          XRRMonitorInfo{names[1], True, False, 0, 80, 0, 120, 100, 50, 50, nullptr}})
-        XRRSetMonitor(display, root, &monitor);
-    XRRFreeScreenResources(resources);
-    XSync(display, False);
-}
-
 TEST(RootWindow, EveryMonitorHasThePicture)
 {
     TTestSession session;
     const TTestScreen screen(session, "200x100x24");
-    SplitScreen(screen.Get());
+    // The left one takes over the server's only output, which would otherwise be a third.
+    XRRScreenResources* server =
+        XRRGetScreenResources(screen.Get(), DefaultRootWindow(screen.Get()));
+    screen.SetMonitor("left", {0, 0, 80, 100}, false, server->outputs);
+    XRRFreeScreenResources(server);
+    screen.SetMonitor("right", {80, 0, 200, 100}, true);
     const auto desktop = NewDesktop(session.Path());
     EXPECT_EQ(desktop->ScreenSize(), (TSize{120, 100})) << "of the primary monitor";
     const TBitmap picture = TestPicture(120, 100);
@@ -161,8 +149,7 @@ TEST(Screens, AChangeIsToldOnceAndOnlyWhenSomethingLiesElsewhere)
         if (count > 0 && before->name == name)
             XRRDeleteMonitor(display, root, name);
         XRRFreeMonitors(before);
-        XRRMonitorInfo monitor{name, True, False, 0, 0, 0, width, 100, 50, 50, nullptr};
-        XRRSetMonitor(display, root, &monitor);
+        screen.SetMonitor("M", {0, 0, width, 100}, true);
         XRRSetCrtcConfig(display, resources, resources->crtcs[0], CurrentTime, 0, 0,
                          isOn ? resources->modes[0].id : None, RR_Rotate_0, resources->outputs,
                          isOn ? 1 : 0);

@@ -8,6 +8,8 @@
 #include <gio/gdesktopappinfo.h>
 #include <gtest/gtest.h>
 
+#include <regex>
+
 #include <sys/wait.h>
 
 using namespace murala;
@@ -109,15 +111,12 @@ TEST(FileMenu, EveryFormNamesItsTypesAndNoneOpensThem)
     const std::string script = data + "nautilus/scripts/Add to Murala";
     const std::string caja = session.File(".config/caja/scripts/Add to Murala");
     for (const std::string& file : {serviceMenu, sendTo, action, nemo})
-        EXPECT_NE(ReadWholeFile(file).find("imetypes=image/bmp;image/jpeg;") == std::string::npos
-                      ? ReadWholeFile(file).find("MimeType")
-                      : 0,
-                  std::string::npos)
+        EXPECT_TRUE(std::regex_search(ReadWholeFile(file),
+                                      std::regex("[Mm]ime[Tt]ypes?=image/bmp;image/jpeg;")))
             << file;
     EXPECT_TRUE(IsValidEntry(sendTo));
     EXPECT_TRUE(IsValidEntry(serviceMenu));
     EXPECT_EQ(access(serviceMenu.c_str(), X_OK), 0);
-    EXPECT_FALSE(FileExists(data + "applications"));
     EXPECT_FALSE(std::filesystem::exists(data + "applications"))
         << "an application for the types could become what opens them";
     EXPECT_FALSE(FileExists(session.File(".config/mimeapps.list")));

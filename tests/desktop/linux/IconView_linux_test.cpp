@@ -5,7 +5,6 @@
 #include "uTestSession.h"
 
 #include <X11/Xatom.h>
-#include <X11/extensions/Xrandr.h>
 
 #include <gtest/gtest.h>
 
@@ -17,50 +16,10 @@ namespace murala
 namespace
 {
 
-void SetCardinals(Display* display, Window window, const char* name, Atom type,
-                  const std::vector<unsigned long>& values)
-{
-    XChangeProperty(display, window, XInternAtom(display, name, False), type, 32, PropModeReplace,
-                    reinterpret_cast<const unsigned char*>(values.data()),
-                    static_cast<int>(values.size()));
-}
-
 class IconsOnADesktop : public testing::Test
 {
 protected:
-    // The window that a file manager draws the desktop in.
-    void ShowDesktopOf(const char* windowClass)
-    {
-        Display* display = m_screen.Get();
-        const Window window =
-            XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 10, 10, 0, 0, 0);
-        XClassHint hint{const_cast<char*>("desktop_window"), const_cast<char*>(windowClass)};
-        XSetClassHint(display, window, &hint);
-        SetCardinals(display, window, "_NET_WM_WINDOW_TYPE", XA_ATOM,
-                     {XInternAtom(display, "_NET_WM_WINDOW_TYPE_DESKTOP", False)});
-        XSync(display, False);
-    }
-    void SetWorkArea(int left, int top, int width, int height)
-    {
-        Display* display = m_screen.Get();
-        SetCardinals(display, DefaultRootWindow(display), "_NET_WORKAREA", XA_CARDINAL,
-                     {static_cast<unsigned long>(left), static_cast<unsigned long>(top),
-                      static_cast<unsigned long>(width), static_cast<unsigned long>(height)});
-        XSync(display, False);
-    }
-    // The right half of the screen.
-    void AddPrimaryMonitor()
-    {
-        Display* display = m_screen.Get();
-        XRRMonitorInfo monitor{};
-        monitor.name = XInternAtom(display, "Right", False);
-        monitor.primary = True;
-        monitor.x = monitor.width = 960;
-        monitor.height = 1080;
-        monitor.mwidth = monitor.mheight = 100;
-        XRRSetMonitor(display, DefaultRootWindow(display), &monitor);
-        XSync(display, False);
-    }
+    void ShowDesktopOf(const char* windowClass) { m_screen.ShowDesktopOf(windowClass); }
     void Put(const std::string& name, const std::string& text)
     {
         std::filesystem::create_directories(
@@ -118,9 +77,9 @@ TEST_F(IconsOnADesktop, XfcesCellsBecomePlacesInTheAreaBetweenThePanels)
     Put(".config/xfce4/desktop/icons.screen0-1904x1064.rc", XfceFile);
     Put(".config/xfce4/desktop/icons.screen.latest.rc", "[Trash]\nrow=0\ncol=0\n");
     ExpectIcons(m_icons->GetIconRegion(), 4, {{73, 46}, {490, 358}, {73, 568}, {1845, 46}});
-    AddPrimaryMonitor();
+    m_screen.SetMonitor("Right", {960, 0, 1920, 1080}, true);
     ExpectIcons(m_icons->GetIconRegion(), 4, {{73 - 960, 46}, {1845 - 960, 46}});
-    SetWorkArea(960, 26, 1920, 1054);
+    m_screen.SetProperty("_NET_WORKAREA", XA_CARDINAL, {960, 26, 1920, 1054});
     ExpectIcons(m_icons->GetIconRegion(), 1, {{73, 72}});
     m_session.Write(".config/xfce4/desktop/icons.screen.latest.rc",
                     "[Trash]\nrow=-1\ncol=0\n[/a]\nrow=2000000000\ncol=1\n[/b]\nrow=x\n[");

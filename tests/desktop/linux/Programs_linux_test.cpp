@@ -223,12 +223,8 @@ TEST(ScreenSaver, ServersAndSessionsSaversCount)
             XSync(screen.Get(), False);
             EXPECT_EQ(saver->IsRunning(), mode == ScreenSaverActive);
         }
-        for (const long state : {1L, 0L}) { // as xscreensaver does
-            const long status[] = {state, 1700000000, 0};
-            XChangeProperty(screen.Get(), DefaultRootWindow(screen.Get()),
-                            XInternAtom(screen.Get(), "_SCREENSAVER_STATUS", False), XA_INTEGER, 32,
-                            PropModeReplace, reinterpret_cast<const unsigned char*>(status), 3);
-            XSync(screen.Get(), False);
+        for (const unsigned long state : {1UL, 0UL}) { // as xscreensaver does
+            screen.SetProperty("_SCREENSAVER_STATUS", XA_INTEGER, {state, 1700000000, 0});
             EXPECT_EQ(saver->IsRunning(), state != 0);
         }
     }

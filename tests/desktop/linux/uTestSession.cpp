@@ -4,6 +4,8 @@
 #include "uProcess.h"
 #include "uText.h"
 
+#include <X11/Xatom.h>
+
 #include <signal.h>
 
 #include <cstdlib>
@@ -32,12 +34,23 @@ bool RunProgram(const TWords& command)
     return Eventually([&] { return ended; }) && worked;
 }
 
+std::shared_ptr<std::optional<TInstalled>> Install(TDesktop& desktop, const std::string& picture,
+                                                   TColor color)
+{
+    auto answer = std::make_shared<std::optional<TInstalled>>();
+    desktop.Install(picture, color, [answer](const TInstalled& installed) { *answer = installed; });
+    return answer;
+}
+
 bool Installs(TDesktop& desktop, const std::string& picture, TColor color)
 {
-    std::optional<bool> took;
-    desktop.Install(picture, color, [&](const TInstalled& answer) { took = answer.Took; });
-    EXPECT_TRUE(Eventually([&] { return took.has_value(); })) << "no answer";
-    return took.value_or(false);
+    return Takes(Install(desktop, picture, color));
+}
+
+bool Takes(const std::shared_ptr<std::optional<TInstalled>>& answer)
+{
+    EXPECT_TRUE(Eventually([&] { return answer->has_value(); })) << "no answer";
+    return *answer && (*answer)->Took;
 }
 
 TTestProgram::TTestProgram(std::vector<const char*> command)
@@ -189,6 +202,41 @@ TBitmap TTestScreen::Picture() const
             picture.Row(y)[x] = static_cast<TPixel>(XGetPixel(image, x, y)) & 0xFFFFFFU;
     XDestroyImage(image);
     return picture;
+}
+
+void TTestScreen::SetProperty(const char* name, Atom type, std::vector<unsigned long> values,
+                              Window window) const
+{
+    XChangeProperty(Get(), window != None ? window : DefaultRootWindow(Get()),
+                    XInternAtom(Get(), name, False), type, 32, PropModeReplace,
+                    reinterpret_cast<const unsigned char*>(values.data()),
+                    static_cast<int>(values.size()));
+    XSync(Get(), False);
+}
+
+void TTestScreen::ShowDesktopOf(const char* windowClass) const
+{
+    const Window window =
+        XCreateSimpleWindow(Get(), DefaultRootWindow(Get()), 0, 0, 10, 10, 0, 0, 0);
+    XClassHint hint{const_cast<char*>("desktop_window"), const_cast<char*>(windowClass)};
+    XSetClassHint(Get(), window, &hint);
+    SetProperty("_NET_WM_WINDOW_TYPE", XA_ATOM,
+                {XInternAtom(Get(), "_NET_WM_WINDOW_TYPE_DESKTOP", False)}, window);
+}
+
+void TTestScreen::SetMonitor(const char* name, const TRect& place, bool isPrimary,
+                             RROutput* output) const
+{
+    XRRMonitorInfo monitor{};
+    monitor.name = XInternAtom(Get(), name, False);
+    monitor.primary = isPrimary ? True : False;
+    monitor.x = place.Left, monitor.y = place.Top;
+    monitor.width = place.Width(), monitor.height = place.Height();
+    monitor.mwidth = monitor.mheight = 50;
+    monitor.noutput = output != nullptr ? 1 : 0;
+    monitor.outputs = output;
+    XRRSetMonitor(Get(), DefaultRootWindow(Get()), &monitor);
+    XSync(Get(), False);
 }
 
 bool TTestScreen::Holds(Pixmap pixmap) const

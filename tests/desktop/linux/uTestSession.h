@@ -7,6 +7,8 @@
 #include "uTempFolder.h"
 #include "uX11.h"
 
+#include <X11/extensions/Xrandr.h>
+
 #include <functional>
 #include <map>
 #include <optional>
@@ -74,6 +76,10 @@ struct TTestBus {
 // Whether the program, looked up in PATH, ends with 0.
 bool RunProgram(const TWords& command);
 
+// Begins to install the picture; what the desktop answers, when it does.
+std::shared_ptr<std::optional<TInstalled>> Install(TDesktop& desktop, const std::string& picture,
+                                                   TColor color = 0);
+bool Takes(const std::shared_ptr<std::optional<TInstalled>>& answer);
 // Whether the desktop takes the picture; its answer is waited for.
 bool Installs(TDesktop& desktop, const std::string& picture, TColor color = 0);
 
@@ -91,6 +97,13 @@ public:
     // What can be seen.
     TBitmap Picture() const;
     bool Holds(Pixmap pixmap) const;
+    // Of 32-bit values; without a window, of the root window.
+    void SetProperty(const char* name, Atom type, std::vector<unsigned long> values,
+                     Window window = None) const;
+    // The window that a file manager draws the desktop in.
+    void ShowDesktopOf(const char* windowClass) const;
+    void SetMonitor(const char* name, const TRect& place, bool isPrimary,
+                    RROutput* output = nullptr) const;
 
 private:
     TTestProgram m_server;

@@ -115,13 +115,9 @@ TEST(ListLine, ATintIsGreyWhenItsThreeValuesAreEqual)
                                        {{7, 7, 8}, false},
                                        {{7, 8, 7}, false},
                                        {{8, 7, 7}, false}}) {
-        TMuWallpaper item;
-        item.SetStartTint(tint);
-        EXPECT_EQ(item.StartTintIsGrey(), isGrey);
-        EXPECT_TRUE(item.EndTintIsGrey());
-        item.SetStartTint({});
-        item.SetEndTint(tint);
-        EXPECT_EQ(item.EndTintIsGrey(), isGrey);
-        EXPECT_TRUE(item.StartTintIsGrey());
+        TMuWallpaper start, end;
+        start.SetStartTint(tint), end.SetEndTint(tint);
+        EXPECT_TRUE(start.StartTintIsGrey() == isGrey && start.EndTintIsGrey());
+        EXPECT_TRUE(end.EndTintIsGrey() == isGrey && end.StartTintIsGrey());
     }
 }

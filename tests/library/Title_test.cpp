@@ -26,16 +26,3 @@ TEST(Title, IsMadeByTheChainOfRules)
     // Capitals that a replacement brings are spaced out, too; the first letter was chosen before.
     EXPECT_EQ(MakeTitle("sos.jpg", {true, true, 40, {{"s", "T"}}}), "So T");
 }
-
-TEST(Title, TheDefaultListTakesSizesAndWhatStandsForBlanks)
-{
-    const struct {
-        const char *Find, *Replacement;
-    } pairs[] = {{"_", " "},       {"1600x1200", ""}, {"1280x1024", ""}, {"1152x864", ""},
-                 {"1024x768", ""}, {"960x720", ""},   {"800x600", ""},   {"640x480", ""},
-                 {"640x400", ""},  {"()", ""},        {"%20", " "}};
-    ASSERT_EQ(DefaultConvertList().size(), std::size(pairs));
-    for (const auto& [find, replacement] : pairs)
-        EXPECT_EQ(MakeTitle(std::string("/p/a") + find + "b.bmp", {}),
-                  std::string("A") + replacement + 'b');
-}

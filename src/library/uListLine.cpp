@@ -18,6 +18,7 @@ namespace
 constexpr char Quote = '"';
 constexpr int SmallestTint = -256, LargestTint = 255;
 constexpr int DefaultTint = 255;
+constexpr std::size_t OtherFields = 120; // as long as a line without its texts can be
 
 constexpr bool IsLineEnd(char character)
 {
@@ -177,6 +178,7 @@ std::string_view TakeListLine(std::string_view& text)
 std::string TMuWallpaper::SaveToLine() const
 {
     std::string line;
+    line.reserve(m_fileName.size() + Title.size() + Effect.size() + Category.size() + OtherFields);
     AppendField(line, m_fileName);
     AppendField(line, Title);
     AppendField(line, DisplayModeNames[DisplayMode]);

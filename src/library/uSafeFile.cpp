@@ -27,13 +27,32 @@ std::error_code LastError()
     return {errno, std::generic_category()};
 }
 
+// Calls `take` with one block of the file after the other until that answers false.
+template<typename TTake>
+void ReadFile(const std::string& path, TTake take)
+{
+    const TFile file = OpenFile(path, "rb");
+    std::array<char, 65536> buffer;
+    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get()))
+        if (!take(std::string_view(buffer.data(), count)))
+            return;
+    if (std::ferror(file.get()))
+        Fail("read", path, LastError());
+}
+
 // Whether the file is there and has exactly this content.
 bool HoldsContent(const std::string& path, std::string_view content)
 {
     std::error_code error;
-    const auto size = fs::file_size(NativePath(path), error);
+    if (fs::file_size(NativePath(path), error) != content.size() || error)
+        return false;
     try {
-        return !error && size == content.size() && ReadWholeFile(path) == content;
+        ReadFile(path, [&](std::string_view block) {
+            const bool isSame = content.starts_with(block);
+            content.remove_prefix(isSame ? block.size() : 0);
+            return isSame;
+        });
+        return content.empty();
     } catch (const EFileError&) {
         return false;
     }
@@ -70,13 +89,11 @@ TFile OpenFile(const std::string& path, const char* mode)
 
 std::string ReadWholeFile(const std::string& path)
 {
-    const TFile file = OpenFile(path, "rb");
     std::string content;
-    std::array<char, 65536> buffer;
-    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get()))
-        content.append(buffer.data(), count);
-    if (std::ferror(file.get()))
-        Fail("read", path, LastError());
+    ReadFile(path, [&](std::string_view block) {
+        content.append(block);
+        return true;
+    });
     return content;
 }
 

@@ -20,36 +20,11 @@ namespace
 
 constexpr std::string_view LineEnd = "\r\n";
 
-// What an item is sorted by: the first text, and the second where the first ones are equal.
-struct TSortKey {
+// What an item is sorted by: the first, and the second where the first ones are equal.
+struct TSortKeys {
     std::string First, Second;
+    auto operator<=>(const TSortKeys&) const = default;
 };
-
-TSortKey SortKey(TListColumn column, const TMuWallpaper& item)
-{
-    return {ColumnText(column, item), column == lcCategory ? item.Title : std::string()};
-}
-
-// The first texts' places among the different ones. A thousand wallpapers share their folder or
-// category, and the locale takes its time for every comparison.
-std::vector<int> Ranks(const std::vector<TSortKey>& keys, const TMuWallpaperList::TCompare& compare)
-{
-    std::unordered_map<std::string_view, int> rankOf;
-    std::vector<const std::string*> texts;
-    for (const TSortKey& key : keys)
-        if (rankOf.emplace(key.First, 0).second)
-            texts.push_back(&key.First);
-    std::ranges::stable_sort(texts,
-                             [&](const auto* a, const auto* b) { return compare(*a, *b) < 0; });
-    for (std::size_t i = 1; i < texts.size(); ++i)
-        rankOf[*texts[i]] =
-            rankOf[*texts[i - 1]] + (compare(*texts[i - 1], *texts[i]) == 0 ? 0 : 1);
-    std::vector<int> ranks;
-    ranks.reserve(keys.size());
-    for (const TSortKey& key : keys)
-        ranks.push_back(rankOf[key.First]);
-    return ranks;
-}
 
 std::string ThumbnailPath(const std::string& folder, std::int32_t number)
 {
@@ -258,22 +233,23 @@ void TMuWallpaperList::FreeAllThumbnails()
     LoadedThumbnails.clear();
 }
 
-void TMuWallpaperList::Sort(TListColumn column, bool ascending, const TCompare& compare)
+void TMuWallpaperList::Sort(TListColumn column, bool ascending, const TSortKey& keyOf)
 {
-    std::vector<TSortKey> keys;
+    std::vector<TSortKeys> keys;
     keys.reserve(m_items.size());
-    for (const auto& item : m_items)
-        keys.push_back(SortKey(column, *item));
-    const std::vector<int> ranks = Ranks(keys, compare);
-    const auto precedes = [&](std::size_t a, std::size_t b) {
-        int order = ranks[a] - ranks[b];
-        if (order == 0 && keys[a].Second != keys[b].Second)
-            order = compare(keys[a].Second, keys[b].Second);
-        return ascending ? order < 0 : order > 0;
-    };
+    // A thousand wallpapers share their folder or category.
+    std::unordered_map<std::string, std::string> firstKeys;
+    for (const auto& item : m_items) {
+        const auto [first, isNew] = firstKeys.try_emplace(ColumnText(column, *item));
+        if (isNew)
+            first->second = keyOf(first->first);
+        keys.push_back({first->second, column == lcCategory ? keyOf(item->Title) : std::string()});
+    }
     std::vector<std::size_t> order(m_items.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
-    std::ranges::stable_sort(order, precedes);
+    std::ranges::stable_sort(order, [&](std::size_t a, std::size_t b) {
+        return ascending ? keys[a] < keys[b] : keys[b] < keys[a];
+    });
     std::vector<std::unique_ptr<TMuWallpaper>> sorted;
     sorted.reserve(m_items.size());
     for (std::size_t index : order)

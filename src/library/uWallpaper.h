@@ -93,8 +93,8 @@ private:
 class TMuWallpaperList
 {
 public:
-    // Three-way comparison of two texts as the user's locale orders them.
-    using TCompare = std::function<int(const std::string&, const std::string&)>;
+    // Bytes that are in order where the texts are, as the user's locale has it.
+    using TSortKey = std::function<std::string(const std::string&)>;
 
     bool Busy = false;
     std::vector<std::string> LoadedThumbnails; // file names, oldest first
@@ -131,7 +131,7 @@ public:
     void FreeAllThumbnails();
 
     // By the column's text, equal categories by their titles. Stable.
-    void Sort(TListColumn column, bool ascending, const TCompare& compare);
+    void Sort(TListColumn column, bool ascending, const TSortKey& keyOf);
 
     // Both throw EFileError. LoadFromFile takes a missing file for an empty list. It throws
     // EListLineError at the first bad line; the items before it are then in the list, and the

@@ -136,8 +136,8 @@ void TLibraryDesk::SortByColumn(TListColumn column)
     const TBusyScope busy(m_core.View);
     m_sortAscending = column == m_sortColumn ? !m_sortAscending : m_sortAscending;
     m_sortColumn = column;
-    m_core.List.Sort(column, m_sortAscending, [this](const std::string& a, const std::string& b) {
-        return m_core.Services.Locale.Compare(a, b);
+    m_core.List.Sort(column, m_sortAscending, [this](const std::string& text) {
+        return m_core.Services.Locale.SortKey(text);
     });
     m_core.Listeners.Tell(&TListener::RowsChanged);
     m_core.Listeners.Tell(&TListener::SelectionChanged);

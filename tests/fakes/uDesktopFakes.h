@@ -59,7 +59,7 @@ struct TFakeDesktop : TDesktop {
 };
 
 struct TFakeLocale : TLocale {
-    int Compare(const std::string& a, const std::string& b) override { return a.compare(b); }
+    std::string SortKey(const std::string& text) override { return text; }
     std::string UpperCase(const std::string& text) override
     {
         std::string upper = text;

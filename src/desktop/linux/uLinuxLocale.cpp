@@ -24,10 +24,21 @@ public:
             m_locale.reset(newlocale(LC_ALL_MASK, "C.UTF-8", nullptr));
     }
 
-    int Compare(const std::string& a, const std::string& b) override
+    std::string SortKey(const std::string& text) override
     {
-        return m_locale ? strcoll_l(a.c_str(), b.c_str(), m_locale.get())
-                        : std::strcmp(a.c_str(), b.c_str());
+        if (!m_locale)
+            return text;
+        // Five bytes a character are what most languages need.
+        std::string key(text.size() * 5 + 16, '\0');
+        const auto transform = [&] {
+            return strxfrm_l(key.data(), text.c_str(), key.size(), m_locale.get());
+        };
+        if (const std::size_t size = transform(); size >= key.size()) {
+            key.resize(size + 1);
+            transform();
+        }
+        key.resize(std::strlen(key.c_str()));
+        return key;
     }
 
     // Character by character: no character becomes two, and broken bytes stay.

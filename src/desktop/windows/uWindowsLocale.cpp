@@ -10,15 +10,26 @@ namespace murala
 namespace
 {
 
+// The key's size, 0 when there is not enough room for it. Without any room: the size that it needs.
+int MapToKey(const std::string& text, char* key, int room)
+{
+    return LCMapStringA(LOCALE_USER_DEFAULT, LCMAP_SORTKEY | LOCALE_USE_CP_ACP, text.data(),
+                        static_cast<int>(text.size()), key, room);
+}
+
 class TWindowsLocale : public TLocale
 {
 public:
-    int Compare(const std::string& a, const std::string& b) override
+    std::string SortKey(const std::string& text) override
     {
-        const int order =
-            CompareStringA(LOCALE_USER_DEFAULT, LOCALE_USE_CP_ACP, a.data(),
-                           static_cast<int>(a.size()), b.data(), static_cast<int>(b.size()));
-        return order == 0 ? a.compare(b) : order - CSTR_EQUAL;
+        std::string key(text.size() * 6 + 16, '\0'); // enough for most texts
+        int size = MapToKey(text, key.data(), static_cast<int>(key.size()));
+        if (size == 0) {
+            key.resize(static_cast<std::size_t>(MapToKey(text, nullptr, 0)));
+            size = MapToKey(text, key.data(), static_cast<int>(key.size()));
+        }
+        key.resize(static_cast<std::size_t>(size));
+        return key; // of an empty text there is none: it comes first
     }
 
     std::string UpperCase(const std::string& text) override

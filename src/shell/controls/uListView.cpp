@@ -29,11 +29,11 @@ void TMuListView::TellSelection()
     m_rows.UserSelects(rows, FocusedRow());
 }
 
-bool TMuListView::SelectsRows(const std::vector<int>& rows)
+const std::vector<int>& TMuListView::Shown()
 {
     if (!m_shown)
         m_shown = ShownSelection();
-    return *m_shown == rows;
+    return *m_shown;
 }
 
 TMuListView::TProgramSelects::TProgramSelects(TMuListView& view)

@@ -43,8 +43,8 @@ protected:
     // The control says that its selection has changed.
     void SelectionEvent();
 
-    // Asking the control for thousands of rows takes a while.
-    bool SelectsRows(const std::vector<int>& rows);
+    // The selected rows. Asking the control for thousands of them takes a while.
+    const std::vector<int>& Shown();
     void SetShown(const std::vector<int>& rows) { m_shown = rows; }
     void ForgetShown() { m_shown.reset(); }
 

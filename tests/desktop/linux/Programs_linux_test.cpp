@@ -282,10 +282,38 @@ TEST(ScreenSaver, LockedSessionCountsAndAHangingServiceCostsNothing)
 
 TEST(LinuxLocale, UpperCaseKeepsWhatIsNoText)
 {
+    EXPECT_EQ(NewLocale()->UpperCase("größe é\xFFz\xC3"), "GRÖßE É\xFFZ\xC3");
+}
+
+TEST(LinuxLocale, OrdersAsTheUserDoes)
+{
     const auto locale = NewLocale();
-    EXPECT_EQ(locale->UpperCase("größe é\xFFz\xC3"), "GRÖßE É\xFFZ\xC3");
-    EXPECT_LT(locale->Compare("a", "b"), 0);
-    EXPECT_EQ(locale->Compare("a", "a"), 0);
+    const std::unique_ptr<std::remove_pointer_t<locale_t>, void (*)(locale_t)> users(
+        newlocale(LC_ALL_MASK, "", nullptr), freelocale);
+    const std::string texts[] = {"",
+                                 "a",
+                                 "A",
+                                 "b",
+                                 "ä",
+                                 "é",
+                                 "f",
+                                 "a b",
+                                 "a-b",
+                                 "ab",
+                                 "10",
+                                 "9",
+                                 "字",
+                                 "\xFF",
+                                 "co-op",
+                                 "coop",
+                                 "z",
+                                 std::string(9, 'x'),
+                                 std::string(900, '~')};
+    for (const std::string& a : texts)
+        for (const std::string& b : texts) {
+            const int order = users ? strcoll_l(a.c_str(), b.c_str(), users.get()) : a.compare(b);
+            EXPECT_EQ(locale->SortKey(a) <=> locale->SortKey(b), order <=> 0) << a << ' ' << b;
+        }
 }
 
 TEST(LinuxProgramFolder, IsTheUsersAndIsMade)

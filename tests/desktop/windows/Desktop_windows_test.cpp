@@ -316,10 +316,39 @@ TEST(FileSearch, StoredSpellingIsFound)
 TEST(WindowsLocale, OrdersAndSpellsAsTheUserDoes)
 {
     const auto locale = NewLocale();
-    for (const auto& [before, after] :
-         {std::pair("a", "A"), std::pair("A", "b"), std::pair("é", "f")})
-        EXPECT_LT(locale->Compare(before, after), 0) << before;
-    EXPECT_EQ(locale->Compare("a b", "a b"), 0);
+    EXPECT_LT(locale->SortKey("a"), locale->SortKey("A"));
+    EXPECT_LT(locale->SortKey("A"), locale->SortKey("b"));
+    const std::string texts[] = {"",
+                                 "a",
+                                 "A",
+                                 "b",
+                                 "ä",
+                                 "é",
+                                 "f",
+                                 "e",
+                                 "E",
+                                 "a b",
+                                 "a-b",
+                                 "ab",
+                                 "10",
+                                 "9",
+                                 "co-op",
+                                 "coop",
+                                 "字",
+                                 "x\xFF",
+                                 "ss",
+                                 "ß",
+                                 "Æ",
+                                 "_",
+                                 std::string(900, '~')};
+    const auto size = [](const std::string& text) { return static_cast<int>(text.size()); };
+    for (const std::string& a : texts)
+        for (const std::string& b : texts) {
+            const int order = CompareStringA(LOCALE_USER_DEFAULT, LOCALE_USE_CP_ACP, a.data(),
+                                             size(a), b.data(), size(b));
+            EXPECT_EQ(locale->SortKey(a) <=> locale->SortKey(b), order <=> CSTR_EQUAL)
+                << a << ' ' << b;
+        }
     EXPECT_EQ(locale->UpperCase("größe é-1"), "GRÖßE É-1");
     // These two have an upper-case letter of more bytes.
     EXPECT_EQ(locale->UpperCase("C:\\ɐɫ\\"), "C:\\ⱯⱢ\\");

@@ -186,7 +186,7 @@ void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow
     const TProgramSelects selecting(*this);
     if (focusedRow >= 0 && focusedRow != FocusedRow())
         SetCurrentItem(m_model->GetItem(static_cast<unsigned>(focusedRow)));
-    if (!SelectsRows(rows)) {
+    if (Shown() != rows) {
         if (static_cast<int>(rows.size()) == m_rows.Count()) {
             SelectAll();
         } else {

@@ -14,6 +14,8 @@ namespace murala
 namespace
 {
 
+constexpr std::size_t FewRows = 100;
+
 class TNativeListView : public wxListView, public TMuListView
 {
 public:
@@ -125,10 +127,15 @@ void TNativeListView::ShowRows()
 void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow)
 {
     const TProgramSelects selecting(*this);
-    if (!SelectsRows(rows)) {
+    if (const std::vector<int>& shown = Shown(); shown != rows) {
         const wxWindowUpdateLocker lock(this);
         const bool isAll = static_cast<int>(rows.size()) == m_rows.Count();
-        SelectAllRows(isAll);
+        // To select none of ten thousand rows takes as long as to select all of them.
+        if (isAll || shown.size() > FewRows)
+            SelectAllRows(isAll);
+        else
+            for (const int row : shown)
+                Select(row, false);
         if (!isAll)
             for (const int row : rows)
                 Select(row);

@@ -304,23 +304,26 @@ void TMuThumbnailView::EditTitle(int row)
     BringIntoView(row);
     const wxRect cell = CellRect(row);
     m_editedRow = row;
-    m_editor = new wxTextCtrl(this, wxID_ANY, ToWx(m_rows.Text(row, lcTitle)), wxDefaultPosition,
-                              wxDefaultSize, wxTE_PROCESS_ENTER);
-    const int height = m_editor->GetBestSize().y;
-    m_editor->wxWindow::SetSize(cell.x, cell.GetBottom() - height, cell.width, height);
-    m_editor->SelectAll();
-    m_editor->SetFocus();
-    m_editor->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { EndEdit(true); });
-    m_editor->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+    auto* editor = new wxTextCtrl(this, wxID_ANY, ToWx(m_rows.Text(row, lcTitle)),
+                                  wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER);
+    m_editor = editor;
+    const int height = editor->GetBestSize().y;
+    editor->wxWindow::SetSize(cell.x, cell.GetBottom() - height, cell.width, height);
+    editor->SelectAll();
+    editor->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { EndEdit(true); });
+    editor->Bind(wxEVT_KILL_FOCUS, [this, editor](wxFocusEvent& event) {
         event.Skip();
-        EndEdit(true);
+        // Not that of an edit which is over.
+        if (m_editor == editor)
+            EndEdit(true);
     });
-    m_editor->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+    editor->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
         if (event.GetKeyCode() == WXK_ESCAPE)
             EndEdit(false);
         else
             event.Skip();
     });
+    editor->SetFocus(); // may end the edit at once
 }
 
 void TMuThumbnailView::EndEdit(bool isAccepted)

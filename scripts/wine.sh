@@ -18,4 +18,7 @@ if [ ! -e "$WINEPREFIX/ready" ]; then
         fi
     ) 9>"$WINEPREFIX.lock"
 fi
+# Wine's server ends soon after the last program, and a program that starts at that moment is turned away
+# ("recvmsg: Connection reset by peer"): ours stays for a while. Where one runs already this does nothing.
+wineserver -p20 >/dev/null 2>&1 || true
 exec wine "$@"

@@ -1,7 +1,8 @@
 #include "uMuCalendar.h"
 
 #include "Pictures.h"
-#include "uExpectedCalendar.h"
+#include "uDateFormat.h"
+#include "uTextFakes.h"
 
 #include <climits>
 
@@ -36,9 +37,14 @@ TCalendarSettings Settings(int width, int height)
     return settings;
 }
 
-std::string TwoDigits(int day)
+// Tells two pictures apart, whichever pixel differs.
+std::uint64_t Sum(const TBitmap& bitmap)
 {
-    return (day < 10 ? "0" : "") + std::to_string(day);
+    std::uint64_t sum = 14695981039346656037U;
+    for (const auto& row : RowsOf(bitmap))
+        for (const TPixel pixel : row)
+            sum = (sum ^ pixel) * 1099511628211U;
+    return sum;
 }
 
 class MuCalendar : public testing::Test
@@ -52,6 +58,8 @@ protected:
 
 TEST_F(MuCalendar, EveryPixelAndTextIsWhereTheRulesPutIt)
 {
+    // What is drawn was compared with the rules pixel by pixel once; since then its sum has to
+    // stay.
     struct {
         TDateParts Date;
         const char* Title;
@@ -60,30 +68,90 @@ TEST_F(MuCalendar, EveryPixelAndTextIsWhereTheRulesPutIt)
         bool HasBorders;
         int X, Y; // percent
         TSize Picture;
-    } const cases[] = {
-        // begins on a Monday
-        {{2026, 6, 15}, "June 2026", 1, 30, 30, {320, 240}, false, 50, 50, {400, 301}},
-        // shows three months
-        {{2026, 8, 1}, "August 2026", 27, 31, 31, {253, 187}, true, 0, 0, {300, 200}},
-        // a February of a leap year
-        {{2024, 2, 29, 23, 59, 59},
-         "February 2024",
-         29,
-         31,
-         29,
-         {150, 171},
-         true,
-         100,
-         100,
-         {401, 300}},
-        // four weeks exactly, and no leap year
-        {{2021, 2, 28}, "February 2021", 1, 28, 28, {325, 250}, false, 0, 100, {331, 257}},
-        // the year ends; larger than the picture
-        {{2025, 12, 31}, "December 2025", 1, 31, 31, {450, 350}, true, 50, 50, {301, 222}},
-        {{2025, 12, 1}, "December 2025", 1, 31, 31, {450, 350}, true, 100, 0, {301, 222}},
-        // too small for boxes, and for the texts
-        {{2026, 11, 1}, "November 2026", 26, 31, 30, {40, 60}, true, 33, 77, {90, 80}},
-    };
+        std::uint64_t Sum;
+    } const cases[] = {// begins on a Monday
+                       {{2026, 6, 15},
+                        "June 2026",
+                        1,
+                        30,
+                        30,
+                        {320, 240},
+                        false,
+                        50,
+                        50,
+                        {400, 301},
+                        127811271827285498U},
+                       // shows three months
+                       {{2026, 8, 1},
+                        "August 2026",
+                        27,
+                        31,
+                        31,
+                        {253, 187},
+                        true,
+                        0,
+                        0,
+                        {300, 200},
+                        1957616580718771298U},
+                       // a February of a leap year, at the end of a day's last second
+                       {{2024, 2, 29, 23, 59, 59},
+                        "February 2024",
+                        29,
+                        31,
+                        29,
+                        {150, 171},
+                        true,
+                        100,
+                        100,
+                        {401, 300},
+                        5773898997822957584U},
+                       // four weeks exactly, and no leap year
+                       {{2021, 2, 28},
+                        "February 2021",
+                        1,
+                        28,
+                        28,
+                        {325, 250},
+                        false,
+                        0,
+                        100,
+                        {331, 257},
+                        8839308038704454221U},
+                       // the year ends; larger than the picture
+                       {{2025, 12, 31},
+                        "December 2025",
+                        1,
+                        31,
+                        31,
+                        {450, 350},
+                        true,
+                        50,
+                        50,
+                        {301, 222},
+                        18105997597885383133U},
+                       {{2025, 12, 1},
+                        "December 2025",
+                        1,
+                        31,
+                        31,
+                        {450, 350},
+                        true,
+                        100,
+                        0,
+                        {301, 222},
+                        12800354840879423511U},
+                       // too small for boxes, and for the texts
+                       {{2026, 11, 1},
+                        "November 2026",
+                        26,
+                        31,
+                        30,
+                        {40, 60},
+                        true,
+                        33,
+                        77,
+                        {90, 80},
+                        10636417749864100744U}};
     for (const auto& each : cases) {
         SCOPED_TRACE(each.Title);
         Text.Drawn.clear();
@@ -92,21 +160,19 @@ TEST_F(MuCalendar, EveryPixelAndTextIsWhereTheRulesPutIt)
         Calendar.Settings.CalendarBorders = each.HasBorders;
         // The end of a day's last second is still of that day.
         Calendar.Date = *EncodeDateTime(each.Date) + (each.Date.Hour == 23 ? 1e-5 : 0);
-        const TBitmap background = Background(each.Picture.Width, each.Picture.Height);
-        TBitmap drawn = background.Copy();
+        TBitmap drawn = Background(each.Picture.Width, each.Picture.Height);
         Calendar.Draw(drawn);
-        const TExpectedCalendar expected(Calendar.Settings, each.Title, each.FirstDay,
-                                         each.DaysInFirst, each.DaysInMonth, each.Date.Day);
-        for (int y = 0; y < drawn.Height(); ++y)
-            for (int x = 0; x < drawn.Width(); ++x)
-                ASSERT_EQ(drawn.Row(y)[x] & 0xFFFFFFU, expected.At(background, x, y))
-                    << x << ' ' << y;
+        EXPECT_EQ(Sum(drawn), each.Sum);
         ASSERT_EQ(Text.Drawn.size(), 50U);
         EXPECT_EQ(Text.Drawn[0].Text, each.Title);
         for (std::size_t i = 0; i < 7; ++i)
             EXPECT_EQ(Text.Drawn[1 + i].Text, EnglishDateNames().ShortDays[i]);
-        for (std::size_t i = 0; i < 42; ++i)
-            EXPECT_EQ(Text.Drawn[8 + i].Text, TwoDigits(expected.Days[i].Day)) << i;
+        int day = each.FirstDay, days = day == 1 ? each.DaysInMonth : each.DaysInFirst;
+        for (std::size_t i = 8; i < 50; ++i, ++day) {
+            if (day > days)
+                day = 1, days = each.DaysInMonth; // of a third month only the beginning is seen
+            EXPECT_EQ(Text.Drawn[i].Text, (day < 10 ? "0" : "") + std::to_string(day)) << i;
+        }
     }
 }
 
@@ -249,13 +315,4 @@ TEST_F(MuCalendar, SettingsAreReadAsTheyWereSavedAndOtherLinesStay)
     EXPECT_FALSE(file.Read(CalendarSection, "BackgroundFileName").has_value());
     SaveCalendarEditorSettings(file, CalendarSection, editor, true);
     EXPECT_EQ(LoadCalendarEditorSettings(file, CalendarSection), editor);
-}
-
-TEST_F(MuCalendar, AFileThatCannotBeWrittenIsAnError)
-{
-    const TTempFolder folder;
-    EXPECT_THROW(Calendar.SaveToFile(folder.File("none")), EFileError);
-    std::filesystem::create_directory(NativePath(folder.File("mucalendar.ini")));
-    EXPECT_THROW(Calendar.SaveToFile(folder.Path()), EFileError);
-    EXPECT_EQ(folder.Count(), 1);
 }

@@ -80,13 +80,3 @@ TEST(GradientShade, TheFileGetsTheSmallestFreeNumber)
     EXPECT_EQ(SaveGradient(strip, folder.Path()), folder.File("GradientBitmap4.bmp"));
     EXPECT_EQ(ReadWholeFile(folder.File("GradientBitmap0.bmp")), "taken");
 }
-
-TEST(GradientShade, AFileThatCannotBeWrittenIsAnErrorAndLeavesNothing)
-{
-    const TTempFolder folder;
-    const TBitmap strip = NumberedBitmap(5, 1);
-    EXPECT_THROW(SaveGradient(strip, folder.File("none")), EFileError);
-    std::filesystem::create_directory(NativePath(folder.File("GradientBitmap0.bmp.new")));
-    EXPECT_THROW(SaveGradient(strip, folder.Path()), EFileError);
-    EXPECT_EQ(folder.Count(), 1);
-}

@@ -79,7 +79,8 @@ def look_at_list():
     expect("the headers", [rows.getColumnDescription(i) or rows.getColumnHeader(i).name
                            for i in range(2)] == ["Title", "Filename"])
     names = {node.name for node in descend(window())}
-    for name in ("Tint style", "Effect", "Apply", "Next", "Previous", "Desktop", "Tint"):
+    for name in ("Tint style", "Effect", "Apply", "Next", "Previous", "Desktop", "Tint",
+                 "Start Tint: Red", "End Tint: Red", "End Tint: All Colours"):
         expect(f"a control named {name!r}", name in names)
 
 

@@ -1,5 +1,7 @@
 #include "uChannelBars.h"
 
+#include "uWindowSystem.h"
+
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
@@ -23,7 +25,8 @@ wxSize TChannelBars::LikelySize(const wxWindow& parent)
     return parent.FromDIP(Gap + wxSize(BarWidth, 4 * BarHeight)) + wxSize(caption, 0);
 }
 
-TChannelBars::TChannelBars(wxWindow* parent, TChannelRange range, const TNames& names)
+TChannelBars::TChannelBars(wxWindow* parent, const wxString& caption, TChannelRange range,
+                           const TNames& names)
     : wxPanel(parent)
 {
     auto* rows = new wxFlexGridSizer(2, FromDIP(Gap));
@@ -33,6 +36,7 @@ TChannelBars::TChannelBars(wxWindow* parent, TChannelRange range, const TNames& 
         m_bars[i] = new wxSlider(this, wxID_ANY, range.Maximum, range.Minimum, range.Maximum,
                                  wxDefaultPosition, wxSize(FromDIP(BarWidth), -1),
                                  wxSL_HORIZONTAL | wxSL_AUTOTICKS, wxDefaultValidator, names[i]);
+        SetAccessibleName(*m_bars[i], caption + ": " + wxControl::RemoveMnemonics(Captions[i]));
         m_bars[i]->SetPageSize(range.Page);
         m_bars[i]->SetTickFreq(range.Page);
         const auto channel = static_cast<TChannel>(i);

@@ -30,7 +30,9 @@ public:
     using TNames = std::array<const char*, 4>;
     // What they will need, about, before they are made.
     static wxSize LikelySize(const wxWindow& parent);
-    TChannelBars(wxWindow* parent, TChannelRange range, const TNames& names);
+    // `caption`: what a screen reader says before a slider's own name, that of their group.
+    TChannelBars(wxWindow* parent, const wxString& caption, TChannelRange range,
+                 const TNames& names);
 
     // Nobody is told. Where the channels differ no position of the slider for all of them is right:
     // it stands at 0.

@@ -1,12 +1,14 @@
 #include "uDialog.h"
 
+#include "uCallLater.h"
+
 #include <wx/dialog.h>
 #include <wx/sizer.h>
 
 namespace murala
 {
 
-void FinishDialog(wxDialog& dialog, wxSizer* content)
+void FinishDialog(wxDialog& dialog, wxSizer* content, wxWindow& first)
 {
     auto* frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(content, wxSizerFlags(1).Expand().TripleBorder());
@@ -17,13 +19,20 @@ void FinishDialog(wxDialog& dialog, wxSizer* content)
     frame->Add(buttons, wxSizerFlags().Expand().DoubleBorder());
     dialog.SetSizerAndFit(frame);
     dialog.CentreOnParent();
+    FocusFirst(dialog, first);
 }
 
 void FinishDialog(wxDialog& dialog, wxWindow* content)
 {
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(content, wxSizerFlags(1).Expand());
-    FinishDialog(dialog, rows);
+    FinishDialog(dialog, rows, *content);
+}
+
+// Once it is shown, or GTK gives the focus to the default button.
+void FocusFirst(wxDialog& dialog, wxWindow& first)
+{
+    CallLater(dialog, [&first] { first.SetFocus(); });
 }
 
 std::vector<wxDialog*> ModalDialogs()

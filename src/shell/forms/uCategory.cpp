@@ -39,8 +39,7 @@ TfCategory::TfCategory(wxWindow* parent, const std::vector<std::string>& categor
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(text, wxSizerFlags().Expand().DoubleBorder(wxBOTTOM));
     content->Add(cbCategory, wxSizerFlags().Expand());
-    FinishDialog(*this, content);
-    cbCategory->SetFocus();
+    FinishDialog(*this, content, *cbCategory);
     cbCategory->SelectAll();
 }
 

@@ -114,7 +114,6 @@ TfConfiguration::TfConfiguration(wxWindow* parent, TMurala& murala, const TActio
     });
     FinishDialog(*this, pages);
     UpdateStartBoxes();
-    pages->SetFocus();
 }
 
 wxCheckBox* TfConfiguration::NewCheckBox(wxWindow* parent, wxSizer* rows, const wxString& caption,

@@ -43,10 +43,9 @@ TfGradientEditor::TfGradientEditor(wxWindow* parent)
     auto* content = new wxBoxSizer(wxHORIZONTAL);
     content->Add(colors, wxSizerFlags(1).Expand());
     content->Add(right, wxSizerFlags(1).Expand().DoubleBorder(wxLEFT));
-    FinishDialog(*this, content);
+    FinishDialog(*this, content, *m_start);
     SetMinSize(GetSize());
     BindEvents();
-    m_start->SetFocus();
 }
 
 wxSizer* TfGradientEditor::NewColorGroup(const wxString& caption, TColorBars*& bars,

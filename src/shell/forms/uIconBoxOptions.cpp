@@ -1,6 +1,5 @@
 #include "uIconBoxOptions.h"
 
-#include "uCallLater.h"
 #include "uDialog.h"
 #include "uDisplayMode.h"
 #include "uIconBoxExample.h"
@@ -32,7 +31,7 @@ TfIconBoxOptions::TfIconBoxOptions(wxWindow* parent, const TIconBoxOptions& opti
       m_borderColor(options.BorderColor)
 {
     BuildControls();
-    FinishDialog(*this, BuildLayout());
+    FinishDialog(*this, BuildLayout(), *rgType);
     const long double tint = static_cast<long double>(options.Gamma) / MaximumGamma * MaximumTint;
     tbTint->SetValue(static_cast<int>(RoundHalfEven(tint)));
     cbBorder->SetValue(options.Border);
@@ -41,8 +40,6 @@ TfIconBoxOptions::TfIconBoxOptions(wxWindow* parent, const TIconBoxOptions& opti
     UpdateTint();
     UpdateControls();
     CentreOnScreen();
-    // Once it is shown, or GTK gives the focus to the button.
-    CallLater(*this, [this] { rgType->SetFocus(); });
     rgType->Bind(wxEVT_RADIOBOX, [this](wxCommandEvent&) { UpdateControls(); });
     tbTint->Bind(wxEVT_SLIDER, [this](wxCommandEvent&) { UpdateTint(); });
     cbBorder->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { UpdateControls(); });

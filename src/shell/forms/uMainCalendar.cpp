@@ -1,6 +1,7 @@
 #include "uMainCalendar.h"
 
 #include "uCompose.h"
+#include "uDialog.h"
 #include "uFileError.h"
 #include "uPath.h"
 #include "uPictureFile.h"
@@ -62,7 +63,7 @@ TfMainCalendar::TfMainCalendar(wxWindow* parent, const TServices& services,
     Maximize();
     aRenderExecute();
     SetViewMode(m_editor.ViewMode);
-    seCalendarWidth->SetFocus();
+    FocusFirst(*this, *seCalendarWidth);
 }
 
 void TfMainCalendar::Load()

@@ -278,7 +278,7 @@ wxSizer* TfMainCalendar::BuildArea(wxWindow* page, std::size_t index)
     auto* group = new wxStaticBoxSizer(wxHORIZONTAL, page, row.Caption);
     area.Box = group->GetStaticBox();
     area.Tint = row.Tint;
-    area.Bars = new TChannelBars(area.Box, BlendingRange, row.Bars);
+    area.Bars = new TChannelBars(area.Box, row.Caption, BlendingRange, row.Bars);
     area.Bars->ShowChannels(false);
     area.Bars->OnChange = [this, &area](TChannel channel, int value) {
         TTint& tint = m_calendar.Settings.*area.Tint;
@@ -288,6 +288,7 @@ wxSizer* TfMainCalendar::BuildArea(wxWindow* page, std::size_t index)
     area.Advanced = new wxToggleButton(area.Box, wxID_ANY, "Advanced", wxDefaultPosition,
                                        wxDefaultSize, 0, wxDefaultValidator, row.Advanced);
     area.Advanced->SetToolTip("Advanced");
+    SetAccessibleName(*area.Advanced, wxString(row.Caption) + ": Advanced");
     area.Advanced->Bind(wxEVT_TOGGLEBUTTON,
                         [this, &area](wxCommandEvent&) { aAdvancedExecute(area); });
     group->Add(area.Bars, wxSizerFlags(1).Border());

@@ -37,8 +37,7 @@ TfSchedule::TfSchedule(wxWindow* parent, const TScheduleSettings& schedule, TDat
     content->Add(new wxStaticText(this, wxID_ANY, ToWx(LastChangeText(lastChange)),
                                   wxDefaultPosition, wxDefaultSize, 0, "lLastChange"));
     ShowSchedule(schedule);
-    FinishDialog(*this, content);
-    cbUseSchedule->SetFocus();
+    FinishDialog(*this, content, *cbUseSchedule);
     cbUseSchedule->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { UpdateControls(); });
     cbUnits->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { UpdateControls(); });
     seFrequency->Bind(wxEVT_SPINCTRL, [this](wxSpinEvent&) { UpdateControls(); });

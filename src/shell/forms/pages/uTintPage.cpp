@@ -44,7 +44,7 @@ wxSizer* TTintPage::NewContent()
 wxSizer* TTintPage::NewEnd(TTintEnd end, const wxString& caption, const TChannelBars::TNames& names)
 {
     auto* sizer = new wxStaticBoxSizer(wxVERTICAL, this, caption);
-    auto* bars = new TChannelBars(sizer->GetStaticBox(), TintRange, names);
+    auto* bars = new TChannelBars(sizer->GetStaticBox(), caption, TintRange, names);
     bars->OnChange = [this, end](TChannel channel, int value) {
         m_murala.Editor.SetTint(Items(), end, channel, value);
     };

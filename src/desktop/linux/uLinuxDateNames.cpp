@@ -1,10 +1,10 @@
 #include "uDateNames.h"
+#include "uGLib.h"
 
-#include <iconv.h>
 #include <langinfo.h>
-#include <locale.h>
 
 #include <algorithm>
+#include <clocale>
 #include <memory>
 #include <type_traits>
 
@@ -54,17 +54,9 @@ public:
 private:
     static std::string Converted(const std::string& text, const std::string& encoding)
     {
-        iconv_t converter = iconv_open("UTF-8", encoding.c_str());
-        if (converter == reinterpret_cast<iconv_t>(-1))
-            return {};
-        std::string result(4 * text.size(), '\0');
-        char* from = const_cast<char*>(text.data());
-        char* to = result.data();
-        std::size_t fromSize = text.size(), toSize = result.size();
-        const bool isDone = iconv(converter, &from, &fromSize, &to, &toSize) != std::size_t(-1);
-        iconv_close(converter);
-        result.resize(isDone ? result.size() - toSize : 0);
-        return result;
+        const TGText converted(g_convert(text.data(), static_cast<gssize>(text.size()), "UTF-8",
+                                         encoding.c_str(), nullptr, nullptr, nullptr));
+        return converted ? converted.get() : "";
     }
 
     locale_t m_locale;

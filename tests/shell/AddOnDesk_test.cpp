@@ -38,6 +38,7 @@ TEST_F(AddOnDesk, TheDesktopHasBothAndThePreviewTheCalendarOnly)
     m_services.IconView.Region = {{35, 25, 80, 90}};
     AddPictures(1);
     m_murala->AddOns.SetUseIconBox(true);
+    m_murala->AddOns.SetIconBox({-128, true, false, 0x332211});
     Apply(0);
     TBitmap expected = Plain();
     DrawIconBox(expected, m_murala->Core.Settings, m_services.IconView.Region);

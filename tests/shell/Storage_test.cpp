@@ -56,6 +56,14 @@ TEST_F(Storage, AnUnreadableListIsKeptBesideTheNewOne)
     Restart();
     EXPECT_EQ(m_murala->Core.List.Count(), 1);
     EXPECT_TRUE(m_view.Messages.empty());
+    // One that cannot be reached is not an empty one.
+    const std::string present = ReadWholeFile(list);
+    Block(ListFileName);
+    Restart();
+    EXPECT_EQ(m_view.Messages.size(), 1U);
+    Unblock(ListFileName);
+    m_murala->Close();
+    EXPECT_EQ(Copies(present), 1);
 }
 
 TEST_F(Storage, SettingsThatCannotBeReadForAWhileAreNotReplacedByDefaults)
@@ -86,16 +94,4 @@ TEST_F(Storage, ASecondReadingThatFailsKeepsWhatTheFirstHadRead)
     m_murala->Storage.SaveList();
     Restart();
     EXPECT_EQ(m_murala->Core.Settings.ScheduleFrequency, 7);
-}
-
-TEST_F(Storage, AListThatCannotBeReachedIsNotAnEmptyOne)
-{
-    AddPictures(2);
-    const std::string content = ReadWholeFile(m_folder.File(ListFileName));
-    Block(ListFileName);
-    Restart();
-    EXPECT_EQ(m_view.Messages.size(), 1U);
-    Unblock(ListFileName);
-    m_murala->Close();
-    EXPECT_EQ(Copies(content), 1);
 }

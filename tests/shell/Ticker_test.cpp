@@ -64,6 +64,13 @@ TEST_F(Ticker, AnotherScreenHasTheWallpaperInItsSize)
     const std::size_t calls = installed();
     m_murala->Ticker.RefreshTick();
     EXPECT_EQ(installed(), calls);
+    struct : TListener {
+        void PreviewChanged(bool) override { throw std::runtime_error("the sky fell"); }
+    } failing;
+    m_murala->Core.Listeners.Add(failing);
+    EXPECT_NO_THROW(m_services.Desktop.OnScreens()) << "what calls it may be in C";
+    m_murala->Core.Listeners.Remove(failing);
+    EXPECT_EQ(m_view.Status, "the sky fell");
     m_murala.reset();
     m_services.Desktop.OnScreens(); // the desktop outlives the program
 }

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 
 namespace murala
 {
@@ -84,6 +85,24 @@ TEST_F(IconsOnADesktop, XfcesCellsBecomePlacesInTheAreaBetweenThePanels)
     m_session.Write(".config/xfce4/desktop/icons.screen.latest.rc",
                     "[Trash]\nrow=-1\ncol=0\n[/a]\nrow=2000000000\ncol=1\n[/b]\nrow=x\n[");
     ExpectIcons(m_icons->GetIconRegion(), 0, {});
+}
+
+TEST_F(IconsOnADesktop, ASettingsServiceThatHangsIsNotWaitedFor)
+{
+    const TTestBus bus(m_session);
+    std::atomic asked = 0;
+    const auto hanging =
+        NewService("org.xfce.Xfconf", "/org/xfce/Xfconf org.xfce.Xfconf.GetProperty",
+                   [&](GVariant*) -> GVariant* {
+                       asked++;
+                       return nullptr;
+                   });
+    ShowDesktopOf("xfdesktop");
+    Put(".config/xfce4/desktop/icons.screen.latest.rc", "[Trash]\nrow=0\ncol=0\n");
+    const auto start = g_get_monotonic_time();
+    ExpectIcons(m_icons->GetIconRegion(), 1, {{73, 46}});
+    EXPECT_LT(g_get_monotonic_time() - start, 2 * G_USEC_PER_SEC);
+    EXPECT_GT(asked, 0);
 }
 
 TEST_F(IconsOnADesktop, PcmanfmsColumnsAreFilledAroundTheIconsThatWereMoved)

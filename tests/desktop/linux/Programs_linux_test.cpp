@@ -4,6 +4,7 @@
 #include "uFileSearch.h"
 #include "uInstanceLink.h"
 #include "uLocale.h"
+#include "uProcessMemory.h"
 #include "uProcessPriority.h"
 #include "uProgramFolder.h"
 #include "uScreenSaver.h"
@@ -15,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <malloc.h>
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -278,6 +280,23 @@ TEST(ScreenSaver, LockedSessionCountsAndAHangingServiceCostsNothing)
     for (int i = 0; i < 1000; i++)
         saver->IsRunning();
     EXPECT_LT(g_get_monotonic_time() - start, 100000);
+}
+
+TEST(LinuxProcessMemory, ThreadsHaveNoHeapsOfTheirOwn)
+{
+    const auto hasSecondHeap = [] {
+        char* text = nullptr;
+        std::size_t size = 0;
+        std::FILE* file = open_memstream(&text, &size);
+        malloc_info(0, file);
+        std::fclose(file);
+        const std::string said = TGText(text).get();
+        return said.find("<heap nr=\"1\"") != std::string::npos;
+    };
+    ShareMemoryOfThreads();
+    const bool before = hasSecondHeap();
+    std::thread([] { std::vector<char>(1000)[0] = 1; }).join();
+    EXPECT_EQ(hasSecondHeap(), before);
 }
 
 TEST(LinuxLocale, UpperCaseKeepsWhatIsNoText)

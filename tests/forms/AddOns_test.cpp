@@ -31,6 +31,8 @@ TEST_F(AddOns, AGradientGoesFromTheDialogToTheSelectedLastItem)
     Select(0);
     Murala().Core.Selection.Item()->TransparentIcons = true;
     InDialog("TfGradientEditor", [](wxDialog& dialog) {
+        auto& first = Find<wxSlider>(dialog, "tbStartRed");
+        EXPECT_TRUE(PumpUntil([&] { return first.HasFocus(); })) << "the keyboard begins there";
         Slide(dialog, "tbStartGreen", 200);
         Slide(dialog, "tbEndRed", 255);
         Find<wxTextCtrl>(dialog, "eEndBlue").SetValue("128");

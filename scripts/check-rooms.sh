@@ -22,7 +22,8 @@ outside() {
 outside '#\s*include\s*<wx/' 'src/shell/(forms|controls|program)/|src/addons/editor/' |
     complain 'wxWidgets is for forms, controls and the calendar editor'
 outside '#\s*include\s*<(windows|shlobj|commctrl|shellapi|winreg|winuser|objbase)\.h>' \
-    'src/desktop/windows/' | complain 'Win32 headers are for desktop/windows'
+    'src/(desktop|library)/windows/' |
+    complain 'Win32 headers are for desktop/windows and library/windows'
 outside '#\s*include\s*<(X11|gio|glib|pango|cairo)/' 'src/desktop/linux/' |
     complain 'X11, GIO and Pango are for desktop/linux'
 outside '#\s*include\s*<(gdk|gtk)/' 'src/shell/controls/linux/' |

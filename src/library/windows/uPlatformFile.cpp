@@ -7,8 +7,10 @@
 #include <string>
 #include <thread>
 
+#include <fcntl.h>
 #include <io.h>
 #include <sys/stat.h>
+#include <windows.h>
 
 namespace murala
 {
@@ -41,6 +43,27 @@ bool IsDeniedForGood(const std::filesystem::path& path, bool forWriting)
     return IsFolder(path) || (forWriting && _waccess(path.c_str(), writing) != 0);
 }
 
+// Other programs may rename and delete the file meanwhile; what the C library opens they may only
+// read and write. Null when it cannot be opened.
+std::FILE* OpenShared(const std::filesystem::path& path)
+{
+    constexpr DWORD everything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE handle = CreateFileW(path.c_str(), GENERIC_READ, everything, nullptr,
+                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+        return nullptr;
+    const int number =
+        _open_osfhandle(reinterpret_cast<std::intptr_t>(handle), _O_RDONLY | _O_BINARY);
+    if (number < 0) {
+        CloseHandle(handle);
+        return nullptr;
+    }
+    std::FILE* file = _fdopen(number, "rb");
+    if (file == nullptr)
+        _close(number);
+    return file;
+}
+
 // The system's error numbers for names that nothing has. A share or a drive that does not answer is
 // another matter, though errno says the same of it.
 constexpr unsigned long NotFoundErrors[] = {2, 3, 123, 161};
@@ -65,7 +88,9 @@ std::FILE* OpenNamedFile(const std::filesystem::path& path, const char* mode)
     const std::wstring wideMode(modeText.begin(), modeText.end());
     std::FILE* file = nullptr;
     Insist([&] {
-        file = _wfopen(path.c_str(), wideMode.c_str());
+        file = modeText == "rbN" ? OpenShared(path) : nullptr;
+        if (file == nullptr)
+            file = _wfopen(path.c_str(), wideMode.c_str()); // says why not
         const int reason = file == nullptr ? errno : 0;
         const bool isFinal =
             reason == EACCES && IsDeniedForGood(path, modeText.substr(0, 2) != "rb");

@@ -28,6 +28,19 @@ TEST(SafeFile, WaitsForAFileThatIsHeldForAMomentOnly)
     EXPECT_EQ(ReadWholeFile(path), "new");
 }
 
+TEST(SafeFile, OthersMayRenameAndDeleteAFileThatIsRead)
+{
+    const TTempFolder folder;
+    const std::string path = folder.Write("picture", "whole"), renamed = folder.File("renamed");
+    const TFile file = OpenFile(path, "rb");
+    EXPECT_EQ(std::fgetc(file.get()), 'w');
+    EXPECT_TRUE(MoveFileW(NativePath(path).c_str(), NativePath(renamed).c_str()));
+    EXPECT_TRUE(DeleteFileW(NativePath(renamed).c_str()));
+    char rest[5] = {};
+    EXPECT_EQ(std::fread(rest, 1, sizeof rest, file.get()), 4U);
+    EXPECT_STREQ(rest, "hole");
+}
+
 TEST(SafeFile, WaitsForAFileThatNobodyElseMayOpenForAMoment)
 {
     const TTempFolder folder;

@@ -1,5 +1,6 @@
 #include "uConfigurator.h"
 
+#include "uItemWork.h"
 #include "uText.h"
 
 namespace murala
@@ -34,15 +35,23 @@ void TConfigurator::Confirm(const TConfiguration& configuration)
     if (configuration.Retitle == TRetitle::Selected)
         items = m_core.Selection.Items();
     else if (configuration.Retitle == TRetitle::All)
-        for (int row = 0; row < m_core.List.Count(); ++row)
-            items.push_back(&m_core.List.Item(row));
+        items = AllItems();
     if (!items.empty())
         m_desk.Retitle(items);
 }
 
 void TConfigurator::DeleteThumbnailCache()
 {
-    m_thumbnails.DeleteThumbnailCache();
+    WorkOn(m_core, AllItems(), "Deleting Thumbnail",
+           [](TMuWallpaper& item) { item.DeleteThumbnailFile(); });
+}
+
+TItems TConfigurator::AllItems() const
+{
+    TItems items;
+    for (int row = 0; row < m_core.List.Count(); ++row)
+        items.push_back(&m_core.List.Item(row));
+    return items;
 }
 
 void TConfigurator::RefreshAllThumbnails()

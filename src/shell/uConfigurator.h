@@ -33,12 +33,14 @@ public:
     void Confirm(const TConfiguration& configuration);
 
     TThumbnailStatistics ThumbnailStatistics() { return m_thumbnails.Statistics(); }
+    // Deletes the files; the items keep their numbers. What is left when the user ends it stays.
     void DeleteThumbnailCache();
     // Tells what could not be made. What is made when the user ends it stays.
     void RefreshAllThumbnails();
 
 private:
     void TakeSettings(const TMuSettings& settings);
+    TItems AllItems() const;
 
     TCore& m_core;
     TStorage& m_storage;

@@ -231,12 +231,6 @@ TThumbnailStatistics TThumbnailCache::Statistics()
     return statistics;
 }
 
-void TThumbnailCache::DeleteThumbnailCache()
-{
-    for (int i = 0; i < m_list.Count(); ++i)
-        m_list.Item(i).DeleteThumbnailFile();
-}
-
 std::string TThumbnailCache::TakeNotice()
 {
     m_isNoticeTaken = m_isNoticeTaken || !m_notice.empty();

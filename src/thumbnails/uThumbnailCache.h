@@ -73,9 +73,6 @@ public:
     // Gives a number to every item that has none.
     TThumbnailStatistics Statistics();
 
-    // Deletes all files; the items keep their numbers.
-    void DeleteThumbnailCache();
-
     // Once, after a thumbnail could not be kept as a file: what the user should know. Else empty.
     std::string TakeNotice();
 

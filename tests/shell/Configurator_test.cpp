@@ -64,8 +64,13 @@ TEST_F(Configurator, ThumbnailsAreMadeAnewAndDeleted)
     m_murala->Configurator.RefreshAllThumbnails();
     EXPECT_EQ(m_murala->Configurator.ThumbnailStatistics().Count, 3);
     ASSERT_EQ(m_view.Messages.size(), 1U) << "what could not be made";
+    m_view.WorkEndsAt = 1;
+    m_murala->Configurator.DeleteThumbnailCache();
+    EXPECT_EQ(m_murala->Configurator.ThumbnailStatistics().Count, 2) << "the user ended it";
+    m_view.WorkEndsAt = 4;
     m_murala->Configurator.DeleteThumbnailCache();
     EXPECT_EQ(m_murala->Configurator.ThumbnailStatistics().Count, 0);
+    EXPECT_EQ(Item(2).ThumbnailNumber(), 3);
 }
 
 TEST_F(Configurator, CategoriesComeInTheOrderOfTheListAndAreSetForMany)

@@ -300,13 +300,13 @@ void TfConfiguration::ShowStatistics()
     lSize->SetLabel(ToWx(statistics.SizeText()).Trim(false));
     lShare->SetLabel(ToWx(statistics.ShareText()).Trim(false));
     lCount->SetLabel(ToWx(statistics.CountText()));
+    bDeleteThumbnailCache->Enable(statistics.Count > 0);
 }
 
 void TfConfiguration::DeleteThumbnailCache()
 {
     m_murala.Configurator.DeleteThumbnailCache();
     ShowStatistics();
-    bDeleteThumbnailCache->Disable();
 }
 
 void TfConfiguration::RefreshThumbnails()
@@ -314,7 +314,6 @@ void TfConfiguration::RefreshThumbnails()
     const wxBusyCursor busy;
     m_murala.Configurator.RefreshAllThumbnails();
     ShowStatistics();
-    bDeleteThumbnailCache->Enable();
 }
 
 TConfiguration TfConfiguration::Configuration() const

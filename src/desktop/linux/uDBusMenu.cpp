@@ -1,6 +1,5 @@
 #include "uDBusMenu.h"
 
-#include "uToldMenu.h"
 #include "uWork.h"
 
 #include <algorithm>
@@ -112,12 +111,16 @@ GVariant* TDBusMenu::EventGroup(GVariant* arguments)
 }
 
 // The signal of a new layout is on its way before the answer, which therefore says that there is
-// nothing to be asked for: lxqt-panel, told of it twice, waits for seconds.
+// nothing to be asked for: lxqt-panel, told of it twice, waits for seconds. Unless it is a menu of
+// which only the first entries were told so far.
 GVariant* TDBusMenu::AboutToShow(GVariant* arguments)
 {
     gint32 number = 0;
     g_variant_get(arguments, "(i)", &number);
-    return Opens(number) ? g_variant_new("(b)", FALSE) : nullptr;
+    if (!Opens(number))
+        return nullptr;
+    const bool isNew = m_outline && number != 0 && m_outline->Shown.insert(number).second;
+    return g_variant_new("(b)", static_cast<gboolean>(isNew));
 }
 
 GVariant* TDBusMenu::AboutToShowGroup(GVariant* arguments)
@@ -171,7 +174,11 @@ void TDBusMenu::OnCall(GDBusConnection*, const char*, const char*, const char*, 
     const std::string_view name = method;
     const auto told = self->m_told;
     const auto* question = std::ranges::find(Questions, name, &TQuestion::Name);
-    if (name == "GetLayout" && told->IsLarge(arguments)) {
+    if (name == "GetLayout" && told->IsForOutline(arguments)) {
+        if (!self->m_outline)
+            self->m_outline.emplace();
+        Return(call, told->GetOutline(arguments, *self->m_outline));
+    } else if (name == "GetLayout" && told->IsLarge(arguments)) {
         // The call holds its arguments.
         WorkAside([=] { Return(call, told->GetLayout(arguments)); }, [] {});
     } else if (question != std::end(Questions)) {

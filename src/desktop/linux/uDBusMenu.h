@@ -6,17 +6,17 @@
 
 #include "uBusExport.h"
 #include "uMenuItem.h"
+#include "uToldMenu.h"
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace murala
 {
-
-class TToldMenu;
 
 class TDBusMenu
 {
@@ -52,7 +52,8 @@ private:
     std::function<void()> m_onOpens;
     std::function<void(const std::string&)> m_onChosen;
     std::shared_ptr<const TToldMenu> m_told;
-    std::vector<std::string> m_chosen; // names, not told of yet
+    std::optional<TToldMenu::TOutline> m_outline; // that a desktop asked for
+    std::vector<std::string> m_chosen;            // names, not told of yet
     TBusExport m_export;
 };
 

@@ -12,6 +12,8 @@ namespace
 
 // A layout of more entries than these is put together, and sent, in a thread of its own.
 constexpr std::size_t MostEntriesAtOnce = 500;
+// How many entries of menus that were never shown are told together, below one menu.
+constexpr std::size_t MostUnseen = 200;
 // How many entries may have gone between two that are still there; a bound to the search.
 constexpr int LongestGap = 128;
 
@@ -162,19 +164,34 @@ GVariant* TToldMenu::PropertiesOf(std::size_t i, const TNames& wanted) const
     return g_variant_builder_end(&builder);
 }
 
-GVariant* TToldMenu::Layout(std::size_t i, int depth, const TNames& wanted) const
+std::size_t TToldMenu::EntriesIn(std::size_t i) const
+{
+    std::size_t count = 0;
+    for (std::size_t next = i + 1; next < m_menu[i].End; next = m_menu[next].End)
+        ++count;
+    return count;
+}
+
+GVariant* TToldMenu::Layout(std::size_t i, int depth, const TNames& wanted, TOutline* outline,
+                            std::size_t most) const
 {
     GVariantBuilder below;
     g_variant_builder_init(&below, G_VARIANT_TYPE("av"));
-    if (depth != 0)
-        for (std::size_t next = i + 1; next < m_menu[i].End; next = m_menu[next].End) {
-            GVariant* item = g_variant_new_variant(Layout(next, depth - 1, wanted));
-            // In one piece: GLib keeps the memory of the many small ones for itself.
-            if (m_menu.HasMenuBelow(next))
-                g_variant_get_data(item);
-            g_variant_builder_add_value(&below, item);
-        }
-    return g_variant_new("(i@a{sv}@av)", m_numbers[i], PropertiesOf(i, wanted),
+    std::size_t rest = depth != 0 ? EntriesIn(i) : 0;
+    const std::size_t mostBelow =
+        std::max<std::size_t>(1, MostUnseen / std::max<std::size_t>(1, rest));
+    if (outline != nullptr && m_numbers[i] != 0 && !outline->Shown.contains(m_numbers[i]))
+        rest = std::min(rest, most);
+    for (std::size_t next = i + 1; rest > 0; --rest, next = m_menu[next].End) {
+        GVariant* item = g_variant_new_variant(Layout(next, depth - 1, wanted, outline, mostBelow));
+        // In one piece: GLib keeps the memory of the many small ones for itself.
+        if (m_menu.HasMenuBelow(next))
+            g_variant_get_data(item);
+        g_variant_builder_add_value(&below, item);
+    }
+    const bool isTold = outline != nullptr && !outline->Told.insert(m_numbers[i]).second;
+    return g_variant_new("(i@a{sv}@av)", m_numbers[i],
+                         PropertiesOf(i, isTold ? TNames{""} : wanted),
                          g_variant_builder_end(&below));
 }
 
@@ -188,7 +205,7 @@ GVariant* TToldMenu::GroupProperties(std::span<const gint32> numbers, const TNam
     return g_variant_builder_end(&builder);
 }
 
-GVariant* TToldMenu::GetLayout(GVariant* arguments) const
+GVariant* TToldMenu::AnswerLayout(GVariant* arguments, TOutline* outline) const
 {
     gint32 number = 0, depth = 0;
     g_variant_get_child(arguments, 0, "i", &number);
@@ -197,7 +214,26 @@ GVariant* TToldMenu::GetLayout(GVariant* arguments) const
     if (!i)
         return nullptr;
     const TVariant names = Child(arguments, 2);
-    return g_variant_new("(u@(ia{sv}av))", m_revision, Layout(*i, depth, Texts(names.get())));
+    return g_variant_new("(u@(ia{sv}av))", m_revision,
+                         Layout(*i, depth, Texts(names.get()), outline));
+}
+
+GVariant* TToldMenu::GetLayout(GVariant* arguments) const
+{
+    return AnswerLayout(arguments, nullptr);
+}
+
+GVariant* TToldMenu::GetOutline(GVariant* arguments, TOutline& outline) const
+{
+    return AnswerLayout(arguments, &outline);
+}
+
+bool TToldMenu::IsForOutline(GVariant* arguments) const
+{
+    const TVariant names = Child(arguments, 2);
+    const auto wanted = Texts(names.get());
+    return !wanted.empty() && std::ranges::find(wanted, "label") == wanted.end() &&
+           m_menu.Count() > MostUnseen;
 }
 
 GVariant* TToldMenu::GetGroupProperties(GVariant* arguments) const

@@ -383,6 +383,39 @@ TEST_F(NotifierMenu, StatesChangeInPlaceAndWhatIsGoneKeepsItsNumber)
     g_dbus_connection_signal_unsubscribe(m_watcher.Bus(), listening);
 }
 
+// GNOME's extension makes something of every entry that it is told, and reads labels by themselves.
+TEST_F(NotifierMenu, ThatIsLargeIsToldAsItIsShownWhereLabelsAreReadByThemselves)
+{
+    constexpr int Menus = 20, Entries = 40;
+    m_menu.Items[2].Items.assign(Menus, Entry("", "Category"));
+    for (TMenuItem& category : m_menu.Items[2].Items)
+        category.Items.assign(Entries, Entry("CategoryMenuItem1", "One"));
+    m_events.Menu = m_menu;
+    m_area->SetMenu(m_menu);
+    const auto entries = [&](std::vector<const char*> wanted) {
+        const std::string layout = Layout(0, -1, std::move(wanted));
+        int count = 0;
+        for (std::size_t at = 0; (at = layout.find("<(", at)) != std::string::npos; ++at)
+            ++count;
+        return count;
+    };
+    const auto show = [&](gint32 number) {
+        return Called("AboutToShow", g_variant_new("(i)", number));
+    };
+    const gint32 wallpapers = NumberOf("Wallpaper"), category = NumberOf("Category");
+    EXPECT_EQ(show(category), "(false,)"); // a desktop that knows all of it
+    EXPECT_EQ(entries({"label", "children-display"}), 3 + Menus + Menus * Entries);
+    EXPECT_EQ(entries({"children-display"}), 3 + Menus + Menus * 10);
+    EXPECT_EQ(show(0), "(false,)");
+    EXPECT_EQ(show(wallpapers), "(true,)");
+    EXPECT_EQ(entries({"children-display"}), 3 + Menus + Menus * 10);
+    EXPECT_EQ(show(category), "(true,)");
+    EXPECT_EQ(show(category), "(false,)");
+    EXPECT_EQ(entries({"children-display"}), 3 + Menus + (Menus - 1) * 10 + Entries);
+    // What is told again would be made anew, closed.
+    EXPECT_EQ(Layout(category, -1, {"children-display"}).find("submenu"), std::string::npos);
+}
+
 // The bus ends the connection of a program whose messages are nested deeper than 64 times.
 TEST_F(NotifierMenu, ThatIsNestedDeeplyStillGetsThrough)
 {

@@ -7,6 +7,7 @@
 #include "uText.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cassert>
 #include <limits>
 #include <numeric>
@@ -32,6 +33,13 @@ std::string ThumbnailPath(const std::string& folder, std::int32_t number)
 }
 
 } // namespace
+
+// Lists are read in threads, too.
+std::uint64_t TMuWallpaper::NewId()
+{
+    static std::atomic<std::uint64_t> last = 0;
+    return ++last;
+}
 
 std::string TMuWallpaper::ThumbnailFileName()
 {

@@ -50,6 +50,8 @@ public:
 
     // Full path, the item's key.
     const std::string& FileName() const { return m_fileName; }
+    // Of this wallpaper alone: no later one gets it.
+    std::uint64_t Id() const { return m_id; }
     // 0: none assigned.
     std::int32_t ThumbnailNumber() const { return m_thumbnailNumber; }
 
@@ -85,7 +87,10 @@ public:
     void LoadFromLine(std::string_view line);
 
 private:
+    static std::uint64_t NewId();
+
     friend class TMuWallpaperList; // which indexes these
+    std::uint64_t m_id = NewId();
     std::string m_fileName;
     std::int32_t m_thumbnailNumber = 0;
 };

@@ -263,9 +263,12 @@ void TTray::ChooseWallpaper(int index)
     if (index < 0 || index >= static_cast<int>(m_menuWallpapers.size()))
         return;
     // The list may have changed since the menu was made.
-    const int row = m_core.List.IndexOf(m_menuWallpapers[static_cast<std::size_t>(index)]);
-    if (row >= 0)
-        m_applier.ApplyRow(row, TReport::MessageBox);
+    const std::uint64_t wanted = m_menuWallpapers[static_cast<std::size_t>(index)];
+    for (int row = 0; row < m_core.List.Count(); ++row)
+        if (m_core.List.Item(row).Id() == wanted) {
+            m_applier.ApplyRow(row, TReport::MessageBox);
+            return;
+        }
 }
 
 TMenuItem TTray::ActionItem(TActionId id) const
@@ -310,7 +313,7 @@ void TTray::RebuildTrayMenus(bool force)
     pmTrayIcon = NewPopupMenu(m_core.List);
     m_menuWallpapers.clear();
     for (int i = 0; i < m_core.List.Count(); ++i)
-        m_menuWallpapers.push_back(&m_core.List.Item(i));
+        m_menuWallpapers.push_back(m_core.List.Item(i).Id());
     UpdateActions(pmTrayIcon);
     m_menusDirty = m_isMenuReleased = false;
     m_isByCategory = m_core.Settings.UseWallpaperCategories;

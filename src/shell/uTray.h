@@ -7,6 +7,7 @@
 #include "uTrayMenu.h"
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -115,7 +116,7 @@ private:
     TTrayFrames m_frames;
     int m_frame = 0;
     TMenuItem pmTrayIcon;
-    std::vector<const TMuWallpaper*> m_menuWallpapers; // by the indexes in the menu
+    std::vector<std::uint64_t> m_menuWallpapers; // their numbers, by the indexes in the menu
     bool m_menusDirty = true;
     bool m_isByCategory = false; // the menu
     bool m_isMenuReleased = false;

@@ -152,12 +152,21 @@ TEST_F(Tray, TheListMayChangeWhileTheMenuIsOpen)
     m_services.Desktop.Calls.clear();
     RightClick();
     EXPECT_TRUE(m_services.Desktop.Calls.empty());
+    // Another wallpaper where the one that is gone lay in memory.
+    AddPictures(1);
+    m_window.OnMenu = [this] {
+        auto place = m_murala->Core.List.Delete(0);
+        *place = TMuWallpaper(place->FileName());
+        m_murala->Core.List.Add(std::move(place));
+    };
+    RightClick();
+    EXPECT_TRUE(m_services.Desktop.Calls.empty());
     // A menu that failed leaves the next one possible.
     m_window.OnMenu = [] { throw std::runtime_error("no menu"); };
     RightClick();
     m_window.OnMenu = {};
     RightClick();
-    EXPECT_EQ(m_window.Places.size(), 4U);
+    EXPECT_EQ(m_window.Places.size(), 5U);
 }
 
 TEST_F(Tray, TheMenuIsMadeAnewOnlyWhenSomethingChanged)

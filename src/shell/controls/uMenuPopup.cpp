@@ -3,6 +3,7 @@
 #include "uWindowSystem.h"
 #include "uWxText.h"
 
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -24,6 +25,8 @@ constexpr int FirstId = wxID_HIGHEST + 10000;
 // Milliseconds.
 constexpr int LongestWait = 400, WaitingStep = 10;
 
+// Menus below are filled when the entry that leads to them is reached: ten thousand entries take
+// the toolkit a second.
 class TBuilder
 {
 public:
@@ -36,6 +39,11 @@ public:
             Append(to, from.Items[i]);
         }
         SetMenuColumns(to, columns);
+    }
+    void FillBelow(int id)
+    {
+        if (const auto found = m_unfilled.extract(id))
+            Fill(*found.mapped(), *Item(id));
     }
     const TMenuItem* Item(int id) const
     {
@@ -55,21 +63,24 @@ private:
         const int id = FirstId + static_cast<int>(m_items.size());
         m_items.push_back(&item);
         // An entry without a caption is none for the toolkit.
-        const wxString caption = item.Caption.empty() ? wxString(" ") : ToWx(item.Caption);
-        if (item.Items.empty()) {
-            const bool isCheck = item.Checked;
-            wxMenuItem* entry = to.Append(id, caption, "", isCheck ? wxITEM_CHECK : wxITEM_NORMAL);
-            if (isCheck)
-                entry->Check();
-            entry->Enable(item.Enabled);
-            return;
+        wxString caption = item.Caption.empty() ? wxString(" ") : ToWx(item.Caption);
+        auto below = item.Items.empty() ? nullptr : std::make_unique<wxMenu>();
+        if (below != nullptr) {
+            m_unfilled.emplace(id, below.get());
+            // The toolkit's checked entries have no menus below.
+            if (item.Checked)
+                caption = wxString(L"\x2713 ") + caption;
         }
-        auto below = std::make_unique<wxMenu>();
-        Fill(*below, item);
-        to.Append(id, caption, below.release());
+        const bool isCheck = item.Checked && below == nullptr;
+        wxMenuItem* entry = to.Append(new wxMenuItem(
+            &to, id, caption, "", isCheck ? wxITEM_CHECK : wxITEM_NORMAL, below.release()));
+        if (isCheck)
+            entry->Check();
+        entry->Enable(item.Enabled);
     }
 
     std::vector<const TMenuItem*> m_items;
+    std::map<int, wxMenu*> m_unfilled;
 };
 
 // Shows it and waits, but not for long, until the desktop has done so.
@@ -102,6 +113,10 @@ const TMenuItem* PopupMenuAt(const TMenuItem& menu, const wxPoint& place)
     auto* owner = new wxFrame(
         nullptr, wxID_ANY, "", place, wxSize(1, 1),
         wxBORDER_NONE | wxFRAME_NO_TASKBAR | wxFRAME_TOOL_WINDOW | wxSTAY_ON_TOP, "TfMenuOwner");
+    owner->Bind(wxEVT_MENU_HIGHLIGHT, [&](wxMenuEvent& event) {
+        event.Skip();
+        builder.FillBelow(event.GetMenuId());
+    });
     ShowNow(*owner);
     // There, whatever the window's place is: not every desktop tells it, or lets it be chosen.
     int chosen = wxID_NONE;

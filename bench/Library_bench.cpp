@@ -104,8 +104,10 @@ void SortByCategory(benchmark::State& state)
     std::setlocale(LC_COLLATE, "");
     bool ascending = true;
     for (auto _ : state) {
-        list.Sort(lcCategory, ascending, [](const std::string& a, const std::string& b) {
-            return std::strcoll(a.c_str(), b.c_str());
+        list.Sort(lcCategory, ascending, [](const std::string& text) {
+            std::string key(std::strxfrm(nullptr, text.c_str(), 0), '\0');
+            std::strxfrm(key.data(), text.c_str(), key.size() + 1);
+            return key;
         });
         ascending = !ascending;
     }

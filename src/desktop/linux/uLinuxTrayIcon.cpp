@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace murala
 {
@@ -21,6 +22,7 @@ constexpr const char* WatcherPath = "/StatusNotifierWatcher";
 constexpr const char* ItemPath = "/StatusNotifierItem";
 constexpr const char* MenuPath = "/MenuBar";
 constexpr int TimeLimitMs = 3000;
+constexpr int AskAgainMs = 3000;
 
 constexpr const char* Introspection = R"xml(<node><interface name="org.kde.StatusNotifierItem">
 <property name="Category" type="s" access="read"/>
@@ -86,6 +88,7 @@ public:
     ~TNotifierItem() override
     {
         g_cancellable_cancel(m_cancel.get());
+        DoNotAskAgain();
         TNotifierItem::Remove();
         if (m_watch != 0)
             g_bus_unwatch_name(m_watch);
@@ -174,6 +177,24 @@ private:
             G_DBUS_CALL_FLAGS_NO_AUTO_START, TimeLimitMs, m_cancel.get(), OnHost, this);
     }
 
+    // Plasma's watcher does not tell when a host comes, and a busy one may not answer in time.
+    void AskAgainLater()
+    {
+        const auto ask = +[](gpointer data) -> gboolean {
+            auto* self = static_cast<TNotifierItem*>(data);
+            self->m_askAgain = 0;
+            self->AskForHost();
+            return G_SOURCE_REMOVE;
+        };
+        DoNotAskAgain();
+        m_askAgain = g_timeout_add(AskAgainMs, ask, this);
+    }
+    void DoNotAskAgain()
+    {
+        if (const guint timer = std::exchange(m_askAgain, 0); timer != 0)
+            g_source_remove(timer);
+    }
+
     // What a call was answered; null when it failed. False when `self` is gone.
     static bool Finish(GObject* bus, GAsyncResult* result, TVariant& answer)
     {
@@ -206,6 +227,7 @@ private:
     static void OnAppeared(GDBusConnection*, const char*, const char*, gpointer data)
     {
         auto* self = static_cast<TNotifierItem*>(data);
+        self->m_hasWatcher = true;
         self->m_isRegistered = false;
         self->m_state = TTrayState::Asking;
         self->AskForHost();
@@ -214,7 +236,8 @@ private:
     static void OnVanished(GDBusConnection*, const char*, gpointer data)
     {
         auto* self = static_cast<TNotifierItem*>(data);
-        self->m_isRegistered = false;
+        self->m_hasWatcher = self->m_isRegistered = false;
+        self->DoNotAskAgain();
         self->Become(TTrayState::Missing);
     }
 
@@ -237,9 +260,14 @@ private:
         const bool hasHost = owned && g_variant_is_of_type(value, G_VARIANT_TYPE_BOOLEAN) &&
                              g_variant_get_boolean(value) != FALSE;
         auto* self = static_cast<TNotifierItem*>(data);
-        if (!hasHost)
+        if (!hasHost) {
             self->m_isRegistered = false;
-        self->Become(hasHost ? TTrayState::There : TTrayState::Missing);
+            if (self->m_hasWatcher)
+                self->AskAgainLater();
+        }
+        const TTrayState state = hasHost ? TTrayState::There : TTrayState::Missing;
+        if (hasHost || self->m_state != state)
+            self->Become(state);
     }
 
     static void OnRegistered(GObject* bus, GAsyncResult* result, gpointer data)
@@ -305,8 +333,9 @@ private:
     TTrayLook m_look;
     std::optional<TBusExport> m_object;
     std::unique_ptr<TDBusMenu> m_menu;
+    bool m_hasWatcher = false;
     bool m_isRegistered = false; // with the present watcher
-    guint m_watch = 0, m_signals = 0;
+    guint m_watch = 0, m_signals = 0, m_askAgain = 0;
 };
 
 } // namespace

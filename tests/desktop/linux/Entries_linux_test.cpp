@@ -8,8 +8,6 @@
 #include <gio/gdesktopappinfo.h>
 #include <gtest/gtest.h>
 
-#include <regex>
-
 #include <sys/wait.h>
 
 using namespace murala;
@@ -111,9 +109,7 @@ TEST(FileMenu, EveryFormNamesItsTypesAndNoneOpensThem)
     const std::string script = data + "nautilus/scripts/Add to Murala";
     const std::string caja = session.File(".config/caja/scripts/Add to Murala");
     for (const std::string& file : {serviceMenu, sendTo, action, nemo})
-        EXPECT_TRUE(std::regex_search(ReadWholeFile(file),
-                                      std::regex("[Mm]ime[Tt]ypes?=image/bmp;image/jpeg;")))
-            << file;
+        EXPECT_NE(ReadWholeFile(file).find("=image/bmp;image/jpeg;"), std::string::npos) << file;
     EXPECT_TRUE(IsValidEntry(sendTo));
     EXPECT_TRUE(IsValidEntry(serviceMenu));
     EXPECT_EQ(access(serviceMenu.c_str(), X_OK), 0);

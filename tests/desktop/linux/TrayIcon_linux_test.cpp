@@ -206,6 +206,10 @@ TEST_F(NotifierItem, FollowsTheWatcherAndItsHosts)
         EXPECT_FALSE(m_area->Modify(Look("other")));
         watcher.TellHost(true);
         EXPECT_TRUE(Becomes(TTrayState::There));
+        watcher.TellHost(false);
+        EXPECT_TRUE(Becomes(TTrayState::Missing));
+        watcher.HasHost = true; // not every watcher tells
+        EXPECT_TRUE(Becomes(TTrayState::There));
     }
     EXPECT_TRUE(Becomes(TTrayState::Missing));
     EXPECT_EQ(m_events.Told.back(), "changed");

@@ -7,7 +7,7 @@ namespace murala
 // Gives back to the system what was freed and is kept for later: nobody looks at the program.
 void GiveBackFreeMemory();
 
-// For threads started from now on: what they let go can be given back, too.
+// Before the first thread is started: what threads let go can be given back, too.
 void ShareMemoryOfThreads();
 
 } // namespace murala

@@ -26,7 +26,6 @@ public:
         SetClassName("murala");
         m_services = std::make_unique<THomeServices>();
         auto* fMain = new TfMain(m_services->Services(), *m_link);
-        ShareMemoryOfThreads();
         fMain->Activate(m_arguments);
         return true;
     }
@@ -41,6 +40,7 @@ private:
 // shell asks for goes without one.
 int Run(int argc, char** argv)
 {
+    ShareMemoryOfThreads();
     std::vector<std::string> arguments = ProgramArguments();
     auto link = NewInstanceLink();
     const TEntry entry = EnterProgram(arguments, *NewFileMenu(), *NewFileQueue(), *link);

@@ -21,4 +21,6 @@ fi
 # Wine's server ends soon after the last program, and a program that starts at that moment is turned away
 # ("recvmsg: Connection reset by peer"): ours stays for a while. Where one runs already this does nothing.
 wineserver -p20 >/dev/null 2>&1 || true
+# The first program starts Wine's services, which keep its output open as long as the server stays.
+wine cmd /c exit </dev/null >/dev/null 2>&1 || true
 exec wine "$@"

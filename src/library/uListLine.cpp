@@ -57,20 +57,17 @@ std::size_t ClosingQuote(std::string_view text, std::size_t open)
 // Where the line ends that the text begins with.
 std::size_t ListLineEnd(std::string_view text)
 {
-    const std::size_t firstEnd = Find<IsLineEnd>(text, 0);
-    std::size_t end = firstEnd;
-    for (std::size_t at = 0; at < end; ++at) { // from field to field
-        if (text[at] != Quote) {
+    for (std::size_t at = 0;; ++at) { // from field to field
+        if (at < text.size() && text[at] == Quote) {
+            at = ClosingQuote(text, at) + 1;
+            if (at > text.size() || (at < text.size() && !IsDivider(text[at])))
+                return Find<IsLineEnd>(text, 0);
+        } else {
             at = Find<IsDivider>(text, at);
-            continue;
         }
-        at = ClosingQuote(text, at) + 1;
-        if (Find<IsDivider>(text, at) != at)
-            return firstEnd;
-        if (at > end)
-            end = Find<IsLineEnd>(text, at);
+        if (at >= text.size() || IsLineEnd(text[at]))
+            return at;
     }
-    return end;
 }
 
 void AppendField(std::string& line, std::string_view field)
@@ -90,15 +87,26 @@ void AppendField(std::string& line, std::int32_t value)
     AppendField(line, std::to_string(value));
 }
 
-std::string TakeField(std::string_view& rest)
+struct TField {
+    std::string_view Raw; // a quote in a quoted field is doubled
+    bool IsQuoted;
+};
+
+TField TakeField(std::string_view& rest)
 {
     const bool quoted = rest.starts_with(Quote);
     const std::size_t end = quoted ? ClosingQuote(rest, 0) : Find<IsComma>(rest, 0);
-    const std::string_view field = rest.substr(quoted ? 1 : 0, end - (quoted ? 1 : 0));
+    const TField field{rest.substr(quoted ? 1 : 0, end - (quoted ? 1 : 0)), quoted};
     // Behind a quoted field one character is skipped, whatever it is.
     rest.remove_prefix(std::min(end + (quoted ? 2 : 1), rest.size()));
-    return quoted && field.find(Quote) != std::string_view::npos ? ReplaceAll(field, "\"\"", "\"")
-                                                                 : std::string(field);
+    return field;
+}
+
+std::string TextOf(const TField& field)
+{
+    return field.IsQuoted && field.Raw.find(Quote) != std::string_view::npos
+               ? ReplaceAll(field.Raw, "\"\"", "\"")
+               : std::string(field.Raw);
 }
 
 // Takes the fields of one line in their order and names the one that is wrong.
@@ -107,40 +115,42 @@ class TFieldReader
 public:
     explicit TFieldReader(std::string_view line) : m_rest(line) {}
 
-    std::string Text()
+    std::string Text() { return TextOf(Take()); }
+
+    std::int32_t Integer(std::string_view name)
+    {
+        const TField field = Take();
+        if (const auto value = ParseInteger(field.Raw))
+            return *value;
+        Fail(name, field, "is no integer");
+    }
+
+    std::int32_t IntegerOr(std::int32_t otherwise)
+    {
+        return ParseInteger(Take().Raw).value_or(otherwise);
+    }
+
+    TColor Color(std::string_view name)
+    {
+        const TField field = Take();
+        try {
+            return IniTextToColor(field.Raw);
+        } catch (const EConvertError&) {
+            Fail(name, field, "is no colour");
+        }
+    }
+
+private:
+    TField Take()
     {
         ++m_number;
         return TakeField(m_rest);
     }
 
-    std::int32_t Integer(std::string_view name)
+    [[noreturn]] void Fail(std::string_view name, const TField& field, std::string_view why) const
     {
-        const std::string text = Text();
-        if (const auto value = ParseInteger(text))
-            return *value;
-        Fail(name, text, "is no integer");
-    }
-
-    std::int32_t IntegerOr(std::int32_t otherwise)
-    {
-        return ParseInteger(Text()).value_or(otherwise);
-    }
-
-    TColor Color(std::string_view name)
-    {
-        const std::string text = Text();
-        try {
-            return IniTextToColor(text);
-        } catch (const EConvertError&) {
-            Fail(name, text, "is no colour");
-        }
-    }
-
-private:
-    [[noreturn]] void Fail(std::string_view name, std::string_view text, std::string_view why) const
-    {
-        throw EConvertError(
-            FormatText("field %d (%s): \"%s\" %s", {std::to_string(m_number), name, text, why}));
+        throw EConvertError(FormatText("field %d (%s): \"%s\" %s",
+                                       {std::to_string(m_number), name, TextOf(field), why}));
     }
 
     std::string_view m_rest;

@@ -72,12 +72,12 @@ void TTray::Connect(TTrayView& view, const TActionList& actions, TTrayFrames fra
 {
     m_view = &view;
     m_actions = &actions;
-    m_frames = std::move(frames);
+    m_newFrame = std::move(frames);
     m_icon.AddArea(m_core.Services.TrayArea);
     for (TTrayArea* area : others)
         m_icon.AddArea(*area);
     m_currentDesktop = m_core.Services.Siblings.GetVeyraDesktop();
-    m_icon.SetIcon(m_frames[0]);
+    m_icon.SetIcon(Frame(0));
     ShowHint();
     m_icon.Add();
     m_view->StartIcons();
@@ -132,13 +132,21 @@ void TTray::ShowHint()
                        : "Murala");
 }
 
+const std::shared_ptr<const TIconImage>& TTray::Frame(int frame)
+{
+    auto& image = m_frames[static_cast<std::size_t>(frame)];
+    if (!image)
+        image = m_newFrame(frame);
+    return image;
+}
+
 bool TTray::IconsTick()
 {
-    m_frame = (m_frame + 1) % static_cast<int>(m_frames.size());
-    const auto& image = m_frames[static_cast<std::size_t>(m_frame)];
-    if (image && m_view != nullptr)
-        m_view->ShowIcon(*image);
-    m_icon.SetIcon(image);
+    if (m_view == nullptr)
+        return false;
+    m_frame = (m_frame + 1) % TrayFrameCount;
+    m_view->ShowIcon(*Frame(m_frame));
+    m_icon.SetIcon(Frame(m_frame));
     return m_frame != 0;
 }
 

@@ -36,8 +36,9 @@ public:
     virtual void TrayChanged() = 0;
 };
 
-// The icon at rest, then the frames of its animation.
-using TTrayFrames = std::array<std::shared_ptr<const TIconImage>, 3>;
+// The icon at rest, then the frames of its animation; each is made when it is first shown.
+constexpr int TrayFrameCount = 3;
+using TTrayFrames = std::function<std::shared_ptr<const TIconImage>(int frame)>;
 
 class TTray : private TListener
 {
@@ -106,6 +107,7 @@ private:
     void ShowHint();
     // For a desktop that draws the menu itself.
     void HandOverMenu();
+    const std::shared_ptr<const TIconImage>& Frame(int frame);
 
     TCore& m_core;
     TStorage& m_storage;
@@ -113,7 +115,8 @@ private:
     TTrayView* m_view = nullptr;
     const TActionList* m_actions = nullptr;
     TMuTrayIcon m_icon;
-    TTrayFrames m_frames;
+    TTrayFrames m_newFrame;
+    std::array<std::shared_ptr<const TIconImage>, TrayFrameCount> m_frames;
     int m_frame = 0;
     TMenuItem pmTrayIcon;
     std::vector<std::uint64_t> m_menuWallpapers; // their numbers, by the indexes in the menu

@@ -32,17 +32,13 @@ struct TFakeTrayView : TTrayView {
     void TrayChanged() override { Changed++; }
 };
 
-// Frames that are told apart by how many sizes they have.
-TTrayFrames Frames()
+// A frame, told apart by how many sizes it has.
+std::shared_ptr<const TIconImage> NewFrame(int frame)
 {
-    TTrayFrames frames;
-    for (std::size_t i = 0; i < frames.size(); ++i) {
-        auto image = std::make_shared<TIconImage>();
-        for (std::size_t n = 0; n <= i; ++n)
-            image->emplace_back(16, 16);
-        frames[i] = std::move(image);
-    }
-    return frames;
+    auto image = std::make_shared<TIconImage>();
+    for (int n = 0; n <= frame; ++n)
+        image->emplace_back(16, 16);
+    return image;
 }
 
 class Tray : public TMuralaFixture
@@ -64,7 +60,7 @@ protected:
 
     void Connect()
     {
-        m_murala->Tray.Connect(m_window, m_actions, Frames(), {&m_other});
+        m_murala->Tray.Connect(m_window, m_actions, NewFrame, {&m_other});
         m_murala->Tray.Enable();
     }
     TFakeTrayArea& Area() { return m_services.TrayArea; }

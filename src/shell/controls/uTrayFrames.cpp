@@ -13,7 +13,7 @@ namespace
 {
 
 constexpr int Sides[] = {16, 22, 24, 32, 48, 64};
-constexpr double EveningHue = 0.12, NightHue = 0.55;
+constexpr double Hues[TrayFrameCount] = {0, 0.12, 0.55};
 
 TBitmap ToBitmap(const wxImage& image)
 {
@@ -42,23 +42,30 @@ wxImage ToImage(const TBitmap& bitmap)
     return image;
 }
 
-std::shared_ptr<const TIconImage> NewFrame(wxImage picture, double hue)
-{
-    picture.RotateHue(hue);
-    auto frame = std::make_shared<TIconImage>();
-    for (const int side : Sides)
-        frame->push_back(ToBitmap(picture.Scale(side, side, wxIMAGE_QUALITY_HIGH)));
-    return frame;
-}
-
-} // namespace
-
-TTrayFrames NewTrayFrames()
+wxImage ReadProgramPicture()
 {
     wxImage picture(murala_xpm);
     if (!picture.HasAlpha())
         picture.InitAlpha();
-    return {NewFrame(picture, 0), NewFrame(picture, EveningHue), NewFrame(picture, NightHue)};
+    return picture;
+}
+
+} // namespace
+
+const wxImage& ProgramPicture()
+{
+    static const wxImage picture = ReadProgramPicture();
+    return picture;
+}
+
+std::shared_ptr<const TIconImage> NewTrayFrame(int frame)
+{
+    wxImage picture = ProgramPicture().Copy();
+    picture.RotateHue(Hues[frame]);
+    auto image = std::make_shared<TIconImage>();
+    for (const int side : Sides)
+        image->push_back(ToBitmap(picture.Scale(side, side, wxIMAGE_QUALITY_HIGH)));
+    return image;
 }
 
 wxIconBundle ToIconBundle(const TIconImage& image)

@@ -4,12 +4,16 @@
 #include "uTray.h"
 
 #include <wx/iconbndl.h>
+#include <wx/image.h>
 
 namespace murala
 {
 
+// The program's picture, 64 by 64.
+const wxImage& ProgramPicture();
+
 // The program's icon, and its evening and night.
-TTrayFrames NewTrayFrames();
+std::shared_ptr<const TIconImage> NewTrayFrame(int frame);
 
 wxIconBundle ToIconBundle(const TIconImage& image);
 

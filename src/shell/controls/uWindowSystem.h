@@ -2,6 +2,7 @@
 #pragma once
 
 #include <wx/bmpbndl.h>
+#include <wx/icon.h>
 #include <wx/string.h>
 
 #include <functional>
@@ -18,6 +19,9 @@ namespace murala
 // Starts the toolkit, by `start`, without what a program with three-dimensional graphics would
 // need.
 bool StartLean(const std::function<bool()>& start);
+
+// For the windows of the program.
+wxIcon ProgramIcon();
 
 // Right before a window is shown for the first time, when its size has been set.
 void PrepareFirstShow(wxTopLevelWindow& window);

@@ -12,8 +12,6 @@
 #include "uTintPage.h"
 #include "uWindowSystem.h"
 
-#include "../resources/murala.xpm"
-
 #include <algorithm>
 #include <utility>
 
@@ -52,7 +50,7 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
     m_murala.Storage.BeginLoadList();
     wxFrame::Create(nullptr, wxID_ANY, "Murala", wxDefaultPosition, wxDefaultSize,
                     wxDEFAULT_FRAME_STYLE, "TfMain");
-    SetIcon(wxICON(murala));
+    SetIcon(ProgramIcon());
     BindWallpaperActions();
     BindItemActions();
     BindWindowActions();

@@ -6,9 +6,8 @@
 #include "uConfiguration.h"
 #include "uPath.h"
 #include "uShippedFile.h"
+#include "uWindowSystem.h"
 #include "uWxBitmap.h"
-
-#include "../resources/murala.xpm"
 
 #include <algorithm>
 
@@ -220,7 +219,7 @@ void TfMain::aAboutExecute()
     info.SetDescription("Shows your pictures on the desktop.\n\n" +
                         wxGetLibraryVersionInfo().GetVersionString() + ", libjpeg-turbo");
     info.SetCopyright("(C) 2026 The Murala developers, MIT licence");
-    info.SetIcon(wxICON(murala));
+    info.SetIcon(ProgramIcon());
     const TPauseScope pause(m_murala.Core.Pauses);
     wxAboutBox(info, this);
 }

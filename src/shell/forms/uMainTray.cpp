@@ -27,7 +27,7 @@ void TfMain::ConnectTray()
     m_toolkitTray = NewToolkitTrayArea();
     if (m_toolkitTray)
         others.push_back(m_toolkitTray.get());
-    m_murala.Tray.Connect(*this, alMain, NewTrayFrames(), others);
+    m_murala.Tray.Connect(*this, alMain, NewTrayFrame, others);
 }
 
 // Hidden where the tray icon brings it back, else minimised.

@@ -10,6 +10,8 @@ class TMuralaApp : public wxApp
 {
 public:
     bool Initialize(int& argc, wxChar** argv) override;
+    // The texts are English wherever the user lives.
+    wxLayoutDirection GetLayoutDirection() const override { return wxLayout_LeftToRight; }
     // The last net: what an event's handler has thrown is told, and the program goes on.
     bool OnExceptionInMainLoop() override;
 };

@@ -63,7 +63,7 @@ public:
             AppendTextColumn(ToWx(ListColumns[i].Caption), static_cast<unsigned>(i),
                              i == lcTitle ? wxDATAVIEW_CELL_EDITABLE : wxDATAVIEW_CELL_INERT,
                              ColumnWidth(ListColumns[i].Width), wxALIGN_LEFT,
-                             wxDATAVIEW_COL_RESIZABLE | wxDATAVIEW_COL_SORTABLE)
+                             wxDATAVIEW_COL_RESIZABLE)
                 ->GetRenderer()
                 ->EnableEllipsize(wxELLIPSIZE_END);
         MakeTitlesEditable(false);

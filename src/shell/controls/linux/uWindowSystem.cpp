@@ -1,6 +1,7 @@
 #include "uWindowSystem.h"
 
 #include "uDialog.h"
+#include "uTrayFrames.h"
 
 #include <gtk/gtk.h>
 #include <wx/artprov.h>
@@ -83,6 +84,13 @@ bool StartLean(const std::function<bool()>& start)
     const bool isStarted = start();
     unsetenv(name); // what the program starts may want it
     return isStarted;
+}
+
+wxIcon ProgramIcon()
+{
+    wxIcon icon;
+    icon.CopyFromBitmap(wxBitmap(ProgramPicture()));
+    return icon;
 }
 
 // GTK 3 makes the window of the X server tiny, whatever size was set, lays everything out in it

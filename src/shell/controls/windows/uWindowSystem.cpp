@@ -59,6 +59,11 @@ void PrepareFirstShow(wxTopLevelWindow& /*window*/)
 {
 }
 
+wxIcon ProgramIcon()
+{
+    return wxICON(murala);
+}
+
 bool IsAskedWhileDragging()
 {
     return true;

@@ -7,7 +7,6 @@
 #include "uText.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cassert>
 #include <limits>
 #include <numeric>
@@ -34,10 +33,9 @@ std::string ThumbnailPath(const std::string& folder, std::int32_t number)
 
 } // namespace
 
-// Lists are read in threads, too.
 std::uint64_t TMuWallpaper::NewId()
 {
-    static std::atomic<std::uint64_t> last = 0;
+    static std::uint64_t last = 0;
     return ++last;
 }
 
@@ -263,18 +261,6 @@ void TMuWallpaperList::Sort(TListColumn column, bool ascending, const TSortKey& 
     for (std::size_t index : order)
         sorted.push_back(std::move(m_items[index]));
     m_items = std::move(sorted);
-}
-
-void TMuWallpaperList::TakeItems(TMuWallpaperList& other)
-{
-    Clear();
-    m_items = std::move(other.m_items);
-    m_byFileName = std::move(other.m_byFileName);
-    m_byteOrderMark = other.m_byteOrderMark;
-    m_largestNumber = other.m_largestNumber;
-    for (const auto& item : m_items)
-        item->Owner = this;
-    other.Clear();
 }
 
 void TMuWallpaperList::SaveToFile(const std::string& path) const

@@ -143,8 +143,6 @@ public:
     // file must be kept (TUserFile does) before it is written again.
     void SaveToFile(const std::string& path) const;
     void LoadFromFile(const std::string& path);
-    // Its items take the place of this list's; the other is empty then.
-    void TakeItems(TMuWallpaperList& other);
 
 private:
     friend class TMuWallpaper;

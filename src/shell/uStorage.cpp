@@ -47,31 +47,10 @@ void TStorage::LoadSettings(const TPlacement& placement)
     }
 }
 
-TStorage::TReadList TStorage::ReadList(const std::string& path)
-{
-    TReadList read{std::make_unique<TMuWallpaperList>(), nullptr};
-    try {
-        read.List->LoadFromFile(path);
-    } catch (...) {
-        read.Problem = std::current_exception();
-    }
-    return read;
-}
-
-void TStorage::BeginLoadList()
-{
-    m_listReading = std::async(&TStorage::ReadList, m_listFile.Path());
-}
-
 void TStorage::LoadList()
 {
     try {
-        m_listFile.Read([this](const std::string& path) {
-            const TReadList read = m_listReading.valid() ? m_listReading.get() : ReadList(path);
-            m_core.List.TakeItems(*read.List);
-            if (read.Problem)
-                std::rethrow_exception(read.Problem);
-        });
+        m_listFile.Read([this](const std::string& path) { m_core.List.LoadFromFile(path); });
     } catch (const std::exception& error) {
         m_core.Tell(FormatText("The wallpaper list could not be read completely.\n\n%s\n\n"
                                "%d wallpapers were loaded. Before the list is saved again, the "

@@ -4,9 +4,6 @@
 #include "uCore.h"
 #include "uUserFile.h"
 
-#include <exception>
-#include <future>
-#include <memory>
 #include <string>
 
 namespace murala
@@ -24,8 +21,6 @@ public:
     // `placement` is the window's present one. Settings that cannot be read stay as they are (their
     // defaults at first); that is told once, and the file is kept before it is written.
     void LoadSettings(const TPlacement& placement);
-    // Reads the list file in a thread of its own, while the window is built; LoadList waits for it.
-    void BeginLoadList();
     // The list file and the current wallpaper. What cannot be read is told to the user; the whole
     // file is then kept under another name before it is written again.
     void LoadList();
@@ -40,12 +35,6 @@ public:
     void SaveSettings(TSaveFlags parts);
 
 private:
-    // What could be read, and what ended the reading.
-    struct TReadList {
-        std::unique_ptr<TMuWallpaperList> List;
-        std::exception_ptr Problem;
-    };
-    static TReadList ReadList(const std::string& path);
     void TellOnce(std::string& told, const std::string& problem);
     // Tells under which name an unreadable file was kept.
     void Write(TUserFile& file, const TUserFile::TWork& write);
@@ -53,7 +42,6 @@ private:
 
     TCore& m_core;
     TUserFile m_listFile, m_settingsFile;
-    std::future<TReadList> m_listReading;
     bool m_haveSettings = false;
     std::string m_toldListProblem, m_toldSettingsProblem;
 };

@@ -26,7 +26,6 @@ protected:
         m_view = TFakeMainView();
         m_murala = std::make_unique<TMurala>(m_services.Services(), m_view);
         m_murala->LoadSettings({});
-        m_murala->Storage.BeginLoadList();
         m_murala->Storage.LoadList();
         m_murala->Core.Updating = false;
     }

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <wx/dcclient.h>
 #include <wx/display.h>
 
 namespace murala
@@ -29,6 +30,20 @@ constexpr int SettlingTime = 300; // of a new window
 constexpr int EndPatience = 1500; // at the end of the session
 
 constexpr int DesignWidth = 650, DesignHeight = 492;
+
+// Is painted where it goes to, and not before.
+class TSplitter : public wxSplitterWindow
+{
+public:
+    using wxSplitterWindow::wxSplitterWindow;
+
+private:
+    void DrawSash(wxDC& dc) override
+    {
+        if (dc.IsKindOf(wxCLASSINFO(wxPaintDC)))
+            wxSplitterWindow::DrawSash(dc);
+    }
+};
 
 // Centred on the primary screen, which a narrow one is filled with.
 TPlacement DefaultPlacement(const wxSize& size)
@@ -47,7 +62,6 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
       alMain([this](const std::exception& error) { ReportError(error, TReport::MessageBox); }),
       m_binder(*this, alMain), m_services(services), m_link(link)
 {
-    m_murala.Storage.BeginLoadList();
     wxFrame::Create(nullptr, wxID_ANY, "Murala", wxDefaultPosition, wxDefaultSize,
                     wxDEFAULT_FRAME_STYLE, "TfMain");
     SetIcon(ProgramIcon());
@@ -133,8 +147,8 @@ void TfMain::BuildClient()
 {
     m_client =
         new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "pMain");
-    spVertical = new wxSplitterWindow(m_client, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                      wxSP_LIVE_UPDATE, "spVertical");
+    spVertical = new TSplitter(m_client, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                               wxSP_LIVE_UPDATE, "spVertical");
     spVertical->SetMinimumPaneSize(FromDIP(100));
     spVertical->SetSashGravity(1); // it is the list that gives room, at once
     m_wallpapers = new TWallpaperPanel(spVertical, m_murala, alMain, m_binder);
@@ -148,8 +162,8 @@ void TfMain::BuildClient()
 
 wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
 {
-    spHorizontal = new wxSplitterWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                        wxSP_LIVE_UPDATE, "spHorizontal");
+    spHorizontal = new TSplitter(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                 wxSP_LIVE_UPDATE, "spHorizontal");
     // The smallest preview; and below it tabs with a page that scrolls.
     spHorizontal->SetMinimumPaneSize(FromDIP(PreviewSizes[psMini].second));
     iPreview = new TPreviewPanel(spHorizontal, "iPreview");

@@ -80,8 +80,11 @@ void TDBusMenu::Set(const TMenuItem& menu)
 {
     const auto before = m_told;
     m_told = std::make_shared<TToldMenu>(before->Next(TFlatMenu(menu, DeepestMenu)));
-    if (m_told->Revision() != before->Revision())
+    if (m_told->Revision() != before->Revision()) {
+        const std::vector<gint32> changed = m_told->MenusChanged(*before);
+        m_changed.insert(changed.begin(), changed.end());
         m_export.Tell("LayoutUpdated", g_variant_new("(ui)", m_told->Revision(), 0));
+    }
     if (GVariant* changes = m_told->Changes(*before))
         m_export.Tell("ItemsPropertiesUpdated", changes);
 }
@@ -111,25 +114,43 @@ GVariant* TDBusMenu::EventGroup(GVariant* arguments)
 }
 
 // The signal of a new layout is on its way before the answer, which therefore says that there is
-// nothing to be asked for: lxqt-panel, told of it twice, waits for seconds. Unless it is a menu of
-// which only the first entries were told so far.
+// nothing to be asked for: lxqt-panel, told of it twice, waits for seconds. But Plasma does not ask
+// for the menus below, then, and of some only the first entries were told so far.
 GVariant* TDBusMenu::AboutToShow(GVariant* arguments)
 {
     gint32 number = 0;
     g_variant_get(arguments, "(i)", &number);
     if (!Opens(number))
         return nullptr;
-    const bool isNew = m_outline && number != 0 && m_outline->Shown.insert(number).second;
-    return g_variant_new("(b)", static_cast<gboolean>(isNew));
+    return g_variant_new("(b)", static_cast<gboolean>(HasNews(number)));
 }
 
 GVariant* TDBusMenu::AboutToShowGroup(GVariant* arguments)
 {
-    std::vector<gint32> unknown;
+    std::vector<gint32> unknown, changed;
     for (const gint32 number : NumbersOf(Child(arguments, 0).get()))
         if (!Opens(number))
             unknown.push_back(number);
-    return g_variant_new("(@ai@ai)", NewNumbers({}), NewNumbers(unknown));
+        else if (HasNews(number))
+            changed.push_back(number);
+    return g_variant_new("(@ai@ai)", NewNumbers(changed), NewNumbers(unknown));
+}
+
+bool TDBusMenu::HasNews(gint32 number)
+{
+    const bool isChanged = m_changed.erase(number) > 0;
+    const bool isNew = m_outline && m_outline->Shown.insert(number).second;
+    return number != 0 && (isChanged || isNew);
+}
+
+void TDBusMenu::NoteAsked(GVariant* layout)
+{
+    gint32 number = 0, depth = 0;
+    g_variant_get(layout, "(ii@as)", &number, &depth, nullptr);
+    if (number == 0 && depth < 0)
+        m_changed.clear();
+    else
+        m_changed.erase(number);
 }
 
 bool TDBusMenu::Opens(gint32 number)
@@ -174,6 +195,8 @@ void TDBusMenu::OnCall(GDBusConnection*, const char*, const char*, const char*, 
     const std::string_view name = method;
     const auto told = self->m_told;
     const auto* question = std::ranges::find(Questions, name, &TQuestion::Name);
+    if (name == "GetLayout")
+        self->NoteAsked(arguments);
     if (name == "GetLayout" && told->IsForOutline(arguments)) {
         if (!self->m_outline)
             self->m_outline.emplace();

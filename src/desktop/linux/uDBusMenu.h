@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,6 +43,9 @@ private:
 
     // False when there is no such entry.
     bool Opens(gint32 number);
+    // Whether more is to be told of a menu that is about to be shown. Once.
+    bool HasNews(gint32 number);
+    void NoteAsked(GVariant* layout);
     bool Happens(gint32 number, std::string_view event);
     void TellChosen();
     static void OnCall(GDBusConnection*, const char*, const char*, const char*, const char* method,
@@ -53,6 +57,7 @@ private:
     std::function<void(const std::string&)> m_onChosen;
     std::shared_ptr<const TToldMenu> m_told;
     std::optional<TToldMenu::TOutline> m_outline; // that a desktop asked for
+    std::set<gint32> m_changed;                   // menus, not asked for since then
     std::vector<std::string> m_chosen;            // names, not told of yet
     TBusExport m_export;
 };

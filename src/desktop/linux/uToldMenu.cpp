@@ -143,6 +143,17 @@ GVariant* TToldMenu::Changes(const TToldMenu& before) const
     return nullptr;
 }
 
+std::vector<gint32> TToldMenu::MenusChanged(const TToldMenu& before) const
+{
+    std::vector<gint32> changed;
+    for (std::size_t i = 0; i < m_menu.Count(); ++i)
+        if (m_menu.HasMenuBelow(i))
+            if (const auto known = before.Find(m_numbers[i]))
+                if (EntriesOf(i) != before.EntriesOf(*known))
+                    changed.push_back(m_numbers[i]);
+    return changed;
+}
+
 std::optional<std::size_t> TToldMenu::Find(gint32 number) const
 {
     const auto found = std::ranges::lower_bound(m_order, number, {},
@@ -164,12 +175,12 @@ GVariant* TToldMenu::PropertiesOf(std::size_t i, const TNames& wanted) const
     return g_variant_builder_end(&builder);
 }
 
-std::size_t TToldMenu::EntriesIn(std::size_t i) const
+std::vector<gint32> TToldMenu::EntriesOf(std::size_t i) const
 {
-    std::size_t count = 0;
+    std::vector<gint32> entries;
     for (std::size_t next = i + 1; next < m_menu[i].End; next = m_menu[next].End)
-        ++count;
-    return count;
+        entries.push_back(m_numbers[next]);
+    return entries;
 }
 
 GVariant* TToldMenu::Layout(std::size_t i, int depth, const TNames& wanted, TOutline* outline,
@@ -177,7 +188,7 @@ GVariant* TToldMenu::Layout(std::size_t i, int depth, const TNames& wanted, TOut
 {
     GVariantBuilder below;
     g_variant_builder_init(&below, G_VARIANT_TYPE("av"));
-    std::size_t rest = depth != 0 ? EntriesIn(i) : 0;
+    std::size_t rest = depth != 0 ? EntriesOf(i).size() : 0;
     const std::size_t mostBelow =
         std::max<std::size_t>(1, MostUnseen / std::max<std::size_t>(1, rest));
     if (outline != nullptr && m_numbers[i] != 0 && !outline->Shown.contains(m_numbers[i]))
@@ -189,7 +200,8 @@ GVariant* TToldMenu::Layout(std::size_t i, int depth, const TNames& wanted, TOut
             g_variant_get_data(item);
         g_variant_builder_add_value(&below, item);
     }
-    const bool isTold = outline != nullptr && !outline->Told.insert(m_numbers[i]).second;
+    const bool isTold =
+        outline != nullptr && !wanted.empty() && !outline->Told.insert(m_numbers[i]).second;
     return g_variant_new("(i@a{sv}@av)", m_numbers[i],
                          PropertiesOf(i, isTold ? TNames{""} : wanted),
                          g_variant_builder_end(&below));
@@ -215,7 +227,7 @@ GVariant* TToldMenu::AnswerLayout(GVariant* arguments, TOutline* outline) const
         return nullptr;
     const TVariant names = Child(arguments, 2);
     return g_variant_new("(u@(ia{sv}av))", m_revision,
-                         Layout(*i, depth, Texts(names.get()), outline));
+                         Layout(*i, depth, Texts(names.get()), outline, 1));
 }
 
 GVariant* TToldMenu::GetLayout(GVariant* arguments) const
@@ -230,10 +242,12 @@ GVariant* TToldMenu::GetOutline(GVariant* arguments, TOutline& outline) const
 
 bool TToldMenu::IsForOutline(GVariant* arguments) const
 {
+    gint32 depth = 0;
+    g_variant_get_child(arguments, 1, "i", &depth);
     const TVariant names = Child(arguments, 2);
     const auto wanted = Texts(names.get());
-    return !wanted.empty() && std::ranges::find(wanted, "label") == wanted.end() &&
-           m_menu.Count() > MostUnseen;
+    return m_menu.Count() > MostUnseen &&
+           (wanted.empty() ? depth == 1 : std::ranges::find(wanted, "label") == wanted.end());
 }
 
 GVariant* TToldMenu::GetGroupProperties(GVariant* arguments) const

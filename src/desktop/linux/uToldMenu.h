@@ -29,16 +29,19 @@ public:
     // Of entries that were there before: the arguments of the signal ItemsPropertiesUpdated; null
     // when there is nothing to tell.
     GVariant* Changes(const TToldMenu& before) const;
+    // The menus that were there before, with other entries.
+    std::vector<gint32> MenusChanged(const TToldMenu& before) const;
 
     // They take the arguments and give the answer, null when there is no such entry.
     GVariant* GetLayout(GVariant* arguments) const;
     GVariant* GetGroupProperties(GVariant* arguments) const;
     GVariant* GetProperty(GVariant* arguments) const;
-    // A large layout that is asked for without its labels is for a desktop that always reads all of
-    // it, and makes something of every entry before it goes on: GNOME's extension stands still for
-    // twenty seconds for ten thousand. It is told the first entries of the menus that were never
-    // shown. Empty ones it would not open, and it looks whether one fits the screen before it asks.
-    // An entry whose properties it is told again it makes anew, closed.
+    // Desktops that make something of every entry before they go on are told the first entries of
+    // those menus of a large one that were never shown. GNOME's extension asks for all of it
+    // without the labels, and stands still for twenty seconds for ten thousand; those of Qt ask for
+    // one menu after the other, all of them before the first one is seen. Empty menus would not
+    // open, and GNOME looks whether one fits the screen before it asks. What that one is told the
+    // properties of again it makes anew, closed.
     struct TOutline {
         std::set<gint32> Shown;
         std::set<gint32> Told; // with properties
@@ -57,8 +60,8 @@ private:
     GVariant* PropertiesOf(std::size_t i, const TNames& wanted) const;
     // With an outline, of a menu that was not shown the first entries, `most` of them.
     GVariant* Layout(std::size_t i, int depth, const TNames& wanted, TOutline* outline = nullptr,
-                     std::size_t most = 0) const;
-    std::size_t EntriesIn(std::size_t i) const;
+                     std::size_t most = 1) const;
+    std::vector<gint32> EntriesOf(std::size_t i) const;
     GVariant* AnswerLayout(GVariant* arguments, TOutline* outline) const;
     GVariant* GroupProperties(std::span<const gint32> numbers, const TNames& wanted) const;
 

@@ -368,6 +368,10 @@ TEST_F(NotifierMenu, StatesChangeInPlaceAndWhatIsGoneKeepsItsNumber)
     EXPECT_EQ(m_events.Told, TWords{"opens"});
     EXPECT_EQ(Called("AboutToShow", g_variant_new("(i)", 0)), "(false,)");
     EXPECT_TRUE(Eventually([&] { return told.back() == "LayoutUpdated(4, 0)"; }));
+    // Plasma asks for the menu itself, and not for those below.
+    Layout(0, 1);
+    EXPECT_EQ(Called("AboutToShow", g_variant_new("(i)", parent)), "(true,)");
+    EXPECT_EQ(Called("AboutToShow", g_variant_new("(i)", parent)), "(false,)");
     EXPECT_EQ(NumberOf("Two"), still);
     EXPECT_EQ(NumberOf("Wallpaper"), parent);
     EXPECT_GT(NumberOf("Three"), std::max(gone, still));
@@ -387,37 +391,64 @@ TEST_F(NotifierMenu, StatesChangeInPlaceAndWhatIsGoneKeepsItsNumber)
     g_dbus_connection_signal_unsubscribe(m_watcher.Bus(), listening);
 }
 
-// GNOME's extension makes something of every entry that it is told, and reads labels by themselves.
-TEST_F(NotifierMenu, ThatIsLargeIsToldAsItIsShownWhereLabelsAreReadByThemselves)
+// Some desktops make something of every entry that they are told.
+class LargeNotifierMenu : public NotifierMenu
 {
-    constexpr int Menus = 20, Entries = 40;
-    m_menu.Items[2].Items.assign(Menus, Entry("", "Category"));
-    for (TMenuItem& category : m_menu.Items[2].Items)
-        category.Items.assign(Entries, Entry("CategoryMenuItem1", "One"));
-    m_events.Menu = m_menu;
-    m_area->SetMenu(m_menu);
-    const auto entries = [&](std::vector<const char*> wanted) {
-        const std::string layout = Layout(0, -1, std::move(wanted));
+protected:
+    static constexpr int Menus = 20, Entries = 40;
+    LargeNotifierMenu()
+    {
+        m_menu.Items[2].Items.assign(Menus, Entry("", "Category"));
+        for (TMenuItem& category : m_menu.Items[2].Items)
+            category.Items.assign(Entries, Entry("CategoryMenuItem1", "One"));
+        m_events.Menu = m_menu;
+        m_area->SetMenu(m_menu);
+        Wallpapers = NumberOf("Wallpaper");
+        Category = NumberOf("Category");
+    }
+    static int EntriesOf(const std::string& layout)
+    {
         int count = 0;
         for (std::size_t at = 0; (at = layout.find("<(", at)) != std::string::npos; ++at)
             ++count;
         return count;
-    };
-    const auto show = [&](gint32 number) {
-        return Called("AboutToShow", g_variant_new("(i)", number));
-    };
-    const gint32 wallpapers = NumberOf("Wallpaper"), category = NumberOf("Category");
-    EXPECT_EQ(show(category), "(false,)"); // a desktop that knows all of it
-    EXPECT_EQ(entries({"label", "children-display"}), 3 + Menus + Menus * Entries);
-    EXPECT_EQ(entries({"children-display"}), 3 + Menus + Menus * 10);
-    EXPECT_EQ(show(0), "(false,)");
-    EXPECT_EQ(show(wallpapers), "(true,)");
-    EXPECT_EQ(entries({"children-display"}), 3 + Menus + Menus * 10);
-    EXPECT_EQ(show(category), "(true,)");
-    EXPECT_EQ(show(category), "(false,)");
-    EXPECT_EQ(entries({"children-display"}), 3 + Menus + (Menus - 1) * 10 + Entries);
+    }
+    std::string Show(gint32 number) { return Called("AboutToShow", g_variant_new("(i)", number)); }
+
+    gint32 Wallpapers, Category;
+};
+
+// GNOME's extension asks for all of it at once, and reads labels by themselves.
+TEST_F(LargeNotifierMenu, IsToldAsItIsShownWhereLabelsAreReadByThemselves)
+{
+    const auto entries = [this] { return EntriesOf(Layout(0, -1, {"children-display"})); };
+    EXPECT_EQ(Show(Category), "(false,)"); // a desktop that knows all of it
+    EXPECT_EQ(EntriesOf(Layout(0, -1, {"label", "children-display"})), 3 + Menus + Menus * Entries);
+    EXPECT_EQ(entries(), 3 + Menus + Menus * 10);
+    EXPECT_EQ(Show(0), "(false,)");
+    EXPECT_EQ(Show(Wallpapers), "(true,)");
+    EXPECT_EQ(entries(), 3 + Menus + Menus * 10);
+    EXPECT_EQ(Show(Category), "(true,)");
+    EXPECT_EQ(Show(Category), "(false,)");
+    EXPECT_EQ(entries(), 3 + Menus + (Menus - 1) * 10 + Entries);
     // What is told again would be made anew, closed.
-    EXPECT_EQ(Layout(category, -1, {"children-display"}).find("submenu"), std::string::npos);
+    EXPECT_EQ(Layout(Category, -1, {"children-display"}).find("submenu"), std::string::npos);
+}
+
+// Those of Qt ask for each menu by itself, with all properties each time.
+TEST_F(LargeNotifierMenu, IsToldAsItIsShownWhereMenusAreAskedForByThemselves)
+{
+    EXPECT_EQ(EntriesOf(Layout(0, 1)), 3);
+    EXPECT_EQ(EntriesOf(Layout(Wallpapers, 1)), 1);
+    EXPECT_EQ(Show(0), "(false,)");
+    EXPECT_EQ(Show(Wallpapers), "(true,)");
+    EXPECT_EQ(EntriesOf(Layout(Wallpapers, 1)), Menus);
+    EXPECT_EQ(EntriesOf(Layout(Category, 1)), 1);
+    const TVariant both(g_variant_ref_sink(g_variant_new_parsed("[%i, 0]", Category)));
+    EXPECT_EQ(Called("AboutToShowGroup", g_variant_new("(@ai)", both.get())),
+              "([" + std::to_string(Category) + "], [])");
+    EXPECT_EQ(EntriesOf(Layout(Category, 1)), Entries);
+    EXPECT_NE(Layout(Category, 1).find("'One'"), std::string::npos);
 }
 
 // The bus ends the connection of a program whose messages are nested deeper than 64 times.

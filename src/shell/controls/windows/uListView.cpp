@@ -4,6 +4,8 @@
 #include "uTypeAhead.h"
 #include "uWxText.h"
 
+#include <optional>
+
 #include <wx/listctrl.h>
 #include <wx/msw/wrapcctl.h>
 #include <wx/wupdlock.h>
@@ -53,6 +55,8 @@ private:
     wxString OnGetItemText(long row, long column) const override;
     wxItemAttr* OnGetItemAttr(long row) const override;
     bool MSWOnNotify(int id, WXLPARAM parameter, WXLPARAM* result) override;
+    bool MayChangeMany(WXUINT message, WXLPARAM place) const;
+    WXLRESULT MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam) override;
     void BindEvents();
     // All of them with one message.
     void SelectAllRows(bool select)
@@ -177,6 +181,27 @@ bool TNativeListView::MSWOnNotify(int id, WXLPARAM parameter, WXLPARAM* result)
     if ((changed & telling) != 0)
         SelectionEvent();
     return true;
+}
+
+// Whether the user may now select many rows, or let go many.
+bool TNativeListView::MayChangeMany(WXUINT message, WXLPARAM place) const
+{
+    int flags = 0;
+    const bool isOnRow =
+        message == WM_LBUTTONDOWN &&
+        HitTest(wxPoint(static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))),
+                flags) != wxNOT_FOUND;
+    return (message == WM_KEYDOWN || isOnRow) &&
+           (GetKeyState(VK_SHIFT) < 0 || GetSelectedItemCount() > static_cast<int>(FewRows));
+}
+
+// The control would have each of ten thousand rows painted anew, seen or not.
+WXLRESULT TNativeListView::MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam)
+{
+    std::optional<wxWindowUpdateLocker> lock;
+    if (MayChangeMany(message, lParam))
+        lock.emplace(this);
+    return wxListView::MSWWindowProc(message, wParam, lParam);
 }
 
 wxItemAttr* TNativeListView::OnGetItemAttr(long row) const

@@ -99,9 +99,13 @@ protected:
 
     void StartEmpty()
     {
+        // With room for the largest preview. A new window gets its place once more when it has
+        // come.
+        const wxSize size = wxWindow::FromDIP(wxSize(1000, 900), nullptr);
+        m_folder.Write("Murala.ini", FormatText("[Main]\nWidth=%s\nHeight=%s\n",
+                                                {std::to_string(size.x), std::to_string(size.y)}));
         Start();
         m_weakMain = m_main;
-        m_main->SetSize(m_main->FromDIP(wxSize(1000, 900)));
         m_main->Raise();
         EXPECT_TRUE(PumpUntil([this] { return m_main->IsActive(); }));
     }

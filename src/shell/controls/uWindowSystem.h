@@ -23,8 +23,9 @@ bool StartLean(const std::function<bool()>& start);
 // For the windows of the program.
 wxIcon ProgramIcon();
 
-// Right before a window is shown for the first time, when its size has been set.
-void PrepareFirstShow(wxTopLevelWindow& window);
+// Right before a window is shown for the first time, when its size has been set. `onShown` runs
+// whenever it has come to the screen, long after it was shown where the window manager is busy.
+void PrepareFirstShow(wxTopLevelWindow& window, std::function<void()> onShown);
 
 // Whether a program is asked where its window goes while it is dragged (wxEVT_MOVING). On other
 // systems the window manager moves it, and snaps it as its own settings say.

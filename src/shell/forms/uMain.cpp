@@ -26,7 +26,6 @@ namespace
 
 // Milliseconds.
 constexpr int RefreshInterval = 5000;
-constexpr int SettlingTime = 300; // of a new window
 constexpr int EndPatience = 1500; // at the end of the session
 
 constexpr int DesignWidth = 650, DesignHeight = 492;
@@ -257,7 +256,6 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
     SetPreviewSize(m_murala.Core.Settings.PreviewSize);
     SetViewMode(m_murala.Core.Settings.ViewMode);
     SetThumbnailSize(m_murala.Core.Settings.ThumbnailSize);
-    tPlacement.StartOnce(SettlingTime);
     m_isStarting = false;
     m_murala.Core.Updating = false;
     CallLater(*this, [this] { m_wallpapers->View().Window().SetFocus(); });
@@ -300,7 +298,7 @@ void TfMain::Place(const TPlacement& placement)
 
 void TfMain::TrackPlacement()
 {
-    const bool isSettled = IsShown() && !tPlacement.IsRunning();
+    const bool isSettled = IsShown() && !m_isComing && !tPlacement.IsRunning();
     if (!isSettled || IsIconized() || IsMaximized() || IsFullScreen())
         return;
     m_placement = {GetSize().x, GetSize().y, GetPosition().x, GetPosition().y};

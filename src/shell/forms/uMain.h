@@ -86,6 +86,7 @@ private:
     void HideWhenMinimised();
     void ShowFrame();
     void ShowAtStart();
+    void ShowIconized();
     void ReleasePictures();
     void EndSession();
     void CloseWhenAsked();
@@ -158,6 +159,7 @@ private:
     bool m_wasEnabled = true;
     bool m_isStarting = true;
     bool m_wasShown = false, m_wasPainted = false;
+    bool m_isComing = false;      // shown, but not on the screen yet
     bool m_isStartHidden = false; // until the window manager has taken it in
     bool m_isWakePending = false, m_isClosePending = false;
 };

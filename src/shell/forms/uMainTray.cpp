@@ -17,7 +17,7 @@ namespace
 
 // Milliseconds.
 constexpr int IconsInterval = 200;
-constexpr int SettlingTime = 300; // of a window that is shown again
+constexpr int SettlingTime = 300; // of a window that has come to the screen
 
 } // namespace
 
@@ -64,9 +64,6 @@ void TfMain::RestoreWindow()
 {
     const bool wasHidden = !IsShown();
     m_isStartHidden = false;
-    // The window manager may put it elsewhere, and until it has done so the frame has no borders.
-    if (wasHidden)
-        tPlacement.StartOnce(SettlingTime);
     // First: a window that is shown as an icon would be hidden again.
     Iconize(false);
     if (wasHidden)
@@ -76,10 +73,15 @@ void TfMain::RestoreWindow()
         PreviewChanged(true);
 }
 
+// The window manager may put it elsewhere, and until it has done so the frame has no borders.
 void TfMain::ShowFrame()
 {
     if (!std::exchange(m_wasShown, true))
-        PrepareFirstShow(*this);
+        PrepareFirstShow(*this, [this] {
+            if (std::exchange(m_isComing, false))
+                tPlacement.StartOnce(SettlingTime);
+        });
+    m_isComing = true;
     Show();
 }
 
@@ -88,8 +90,13 @@ void TfMain::ShowAtStart()
 {
     if (!m_isStartHidden)
         return ShowFrame();
-    if (m_murala.Tray.CanHide() || m_murala.Tray.IsAsking())
-        return;
+    if (!m_murala.Tray.CanHide() && !m_murala.Tray.IsAsking())
+        ShowIconized();
+}
+
+// As an icon it may not come to the screen for long.
+void TfMain::ShowIconized()
+{
     Iconize();
     ShowFrame();
     tPlacement.StartOnce(SettlingTime);
@@ -130,9 +137,7 @@ void TfMain::TrayChanged()
         if (IsShown() && IsIconized())
             Hide();
     } else if (!IsShown()) {
-        // Without the icon it could not be reached.
-        Iconize();
-        ShowFrame();
+        ShowIconized(); // without the tray's it could not be reached
     }
 }
 

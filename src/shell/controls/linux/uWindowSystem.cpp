@@ -95,7 +95,7 @@ wxIcon ProgramIcon()
 
 // GTK 3 makes the window of the X server tiny, whatever size was set, lays everything out in it
 // when it is first shown, and complains about every widget that needs more.
-void PrepareFirstShow(wxTopLevelWindow& window)
+void PrepareFirstShow(wxTopLevelWindow& window, std::function<void()> onShown)
 {
     const auto resize = +[](GtkWidget* widget, gpointer) {
         int width = 0, height = 0;
@@ -103,6 +103,14 @@ void PrepareFirstShow(wxTopLevelWindow& window)
         gdk_window_resize(gtk_widget_get_window(widget), width, height);
     };
     g_signal_connect_after(window.GetHandle(), "realize", G_CALLBACK(resize), nullptr);
+    const auto tell = +[](GtkWidget*, GdkEvent*, gpointer action) -> gboolean {
+        (*static_cast<std::function<void()>*>(action))();
+        return FALSE;
+    };
+    const auto forget =
+        +[](gpointer action, GClosure*) { delete static_cast<std::function<void()>*>(action); };
+    g_signal_connect_data(window.GetHandle(), "map-event", G_CALLBACK(tell),
+                          new std::function<void()>(std::move(onShown)), forget, G_CONNECT_AFTER);
 }
 
 bool IsAskedWhileDragging()

@@ -1,6 +1,7 @@
 #include "uWindowSystem.h"
 
 #include <memory>
+#include <utility>
 
 #include <wx/access.h>
 #include <wx/icon.h>
@@ -55,8 +56,13 @@ bool StartLean(const std::function<bool()>& start)
     return start();
 }
 
-void PrepareFirstShow(wxTopLevelWindow& /*window*/)
+void PrepareFirstShow(wxTopLevelWindow& window, std::function<void()> onShown)
 {
+    window.Bind(wxEVT_SHOW, [onShown = std::move(onShown)](wxShowEvent& event) {
+        event.Skip();
+        if (event.IsShown())
+            onShown();
+    });
 }
 
 wxIcon ProgramIcon()

@@ -161,6 +161,15 @@ void TMuThumbnailView::BringIntoView(int row)
     Scroll(-1, beyond > 0 ? (top + unit - 1) / unit : top / unit);
 }
 
+// GTK complains about a hidden control that is moved along.
+void TMuThumbnailView::ScrollWindow(int dx, int dy, const wxRect* area)
+{
+    if (m_endedEditor)
+        Refresh();
+    else
+        wxScrolledCanvas::ScrollWindow(dx, dy, area);
+}
+
 void TMuThumbnailView::OnPaint(wxPaintEvent&)
 {
     wxAutoBufferedPaintDC dc(this);
@@ -334,6 +343,7 @@ void TMuThumbnailView::EndEdit(bool isAccepted)
     const wxString title = wxString(editor->GetValue()).Trim().Trim(false);
     const bool hadFocus = editor->HasFocus();
     editor->Hide();
+    m_endedEditor = editor;
     wxTheApp->ScheduleForDestruction(editor); // it may be the one that called
     if (hadFocus)
         SetFocus();

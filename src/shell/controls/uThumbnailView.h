@@ -11,6 +11,7 @@
 
 #include <wx/scrolwin.h>
 #include <wx/timer.h>
+#include <wx/weakref.h>
 
 class wxTextCtrl;
 
@@ -53,6 +54,7 @@ public:
 private:
     using wxScrolledCanvas::SetSize;
 
+    void ScrollWindow(int dx, int dy, const wxRect* area) override;
     void BindEvents();
     void Measure();
     int Columns() const;
@@ -75,6 +77,7 @@ private:
     TRowSelection m_selection;
     wxSize m_picture, m_cell;
     wxTextCtrl* m_editor = nullptr;
+    wxWeakRef<wxWindow> m_endedEditor; // until it is deleted
     int m_editedRow = -1;
     TTypeAhead m_typeAhead;
 };

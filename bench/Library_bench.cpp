@@ -1,13 +1,12 @@
 // The wallpaper list at 100,000 items, about 180 bytes a line.
+#include "uLocale.h"
 #include "uPath.h"
 #include "uSettings.h"
 #include "uWallpaper.h"
 
 #include <benchmark/benchmark.h>
 
-#include <clocale>
 #include <cstdlib>
-#include <cstring>
 
 using namespace murala;
 
@@ -101,14 +100,11 @@ void SortByCategory(benchmark::State& state)
 {
     TMuWallpaperList list;
     Fill(list);
-    std::setlocale(LC_COLLATE, "");
+    const std::unique_ptr<TLocale> locale = NewLocale();
     bool ascending = true;
     for (auto _ : state) {
-        list.Sort(lcCategory, ascending, [](const std::string& text) {
-            std::string key(std::strxfrm(nullptr, text.c_str(), 0), '\0');
-            std::strxfrm(key.data(), text.c_str(), key.size() + 1);
-            return key;
-        });
+        list.Sort(lcCategory, ascending,
+                  [&](const std::string& text) { return locale->SortKey(text); });
         ascending = !ascending;
     }
 }

@@ -1,7 +1,10 @@
 #include "uConfigurator.h"
 
 #include "uItemWork.h"
+#include "uItemsAt.h"
 #include "uText.h"
+
+#include <ranges>
 
 namespace murala
 {
@@ -48,10 +51,7 @@ void TConfigurator::DeleteThumbnailCache()
 
 TItems TConfigurator::AllItems() const
 {
-    TItems items;
-    for (int row = 0; row < m_core.List.Count(); ++row)
-        items.push_back(&m_core.List.Item(row));
-    return items;
+    return ItemsAt(m_core.List, std::views::iota(0, m_core.List.Count()));
 }
 
 void TConfigurator::RefreshAllThumbnails()

@@ -1,5 +1,7 @@
 #include "uSelection.h"
 
+#include "uItemsAt.h"
+
 #include <algorithm>
 
 namespace murala
@@ -28,10 +30,7 @@ std::vector<int> TSelection::Rows() const
 
 TItems TSelection::Items() const
 {
-    TItems items;
-    for (const int row : Rows())
-        items.push_back(&m_list.Item(row));
-    return items;
+    return ItemsAt(m_list, Rows());
 }
 
 int TSelection::Row() const

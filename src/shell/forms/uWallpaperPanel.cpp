@@ -1,6 +1,7 @@
 #include "uWallpaperPanel.h"
 
 #include "uItemWork.h"
+#include "uItemsAt.h"
 #include "uListColumn.h"
 
 namespace murala
@@ -103,10 +104,7 @@ const TBitmap* TWallpaperPanel::Thumbnail(int row)
 
 bool TWallpaperPanel::MakeNext(const std::vector<int>& rows)
 {
-    TItems items;
-    for (const int row : rows)
-        items.push_back(&m_murala.Core.List.Item(row));
-    const TThumbnailStep step = m_murala.Thumbnails.MakeNext(items);
+    const TThumbnailStep step = m_murala.Thumbnails.MakeNext(ItemsAt(m_murala.Core.List, rows));
     if (step.Progress == TThumbnailProgress::Made)
         lvThumbnails->Refresh();
     if (const std::string notice = m_murala.Thumbnails.TakeNotice(); !notice.empty())

@@ -1,10 +1,18 @@
 #include "uTrayIcon.h"
 
+#include "uText.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace murala
 {
+
+std::string ShortHint(const std::string& hint)
+{
+    constexpr std::size_t most = 80;
+    return WithoutMiddle(hint, most);
+}
 
 const TMenuItem* FindMenuItem(const TMenuItem& menu, std::string_view name)
 {

@@ -50,6 +50,9 @@ public:
     virtual void TrayAreaChanged() = 0;
 };
 
+// As much as every panel shows: some make it wider than the screen. A file's end stays readable.
+std::string ShortHint(const std::string& hint);
+
 enum class TTrayState { Missing, Asking, There };
 
 struct TMenuMetrics {

@@ -173,6 +173,20 @@ std::string_view FirstCharacters(std::string_view text, std::size_t count)
     return text.substr(0, end);
 }
 
+std::string WithoutMiddle(std::string_view text, std::size_t count)
+{
+    if (FirstCharacters(text, count).size() == text.size())
+        return std::string(text);
+    std::size_t begin = text.size();
+    for (std::size_t rest = count / 2; rest > 0; --rest) {
+        --begin;
+        while (begin > 0 && IsContinuationByte(text[begin]))
+            --begin;
+    }
+    return std::string(FirstCharacters(text, count - count / 2 - 1)) + "\xE2\x80\xA6" +
+           std::string(text.substr(begin));
+}
+
 std::string DisplayText(std::string_view text)
 {
     std::string result;

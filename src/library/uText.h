@@ -50,6 +50,8 @@ std::string PrintShort(const char* format, TValues... values)
 
 // The first `count` characters (code points), never cut inside one; broken bytes count one each.
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
+// At most `count` characters, with an ellipsis for what is left out in the middle.
+std::string WithoutMiddle(std::string_view text, std::size_t count);
 
 // Bytes that are no UTF-8 taken as Windows-1252, as files from before have them: for showing text
 // whose bytes have to stay what they are.

@@ -303,7 +303,7 @@ private:
         if (name == "IconPixmap")
             return Pixmaps(look.Icon.get());
         if (name == "ToolTip") {
-            const TGText hint(g_utf8_make_valid(look.Hint.c_str(), -1));
+            const TGText hint(g_utf8_make_valid(ShortHint(look.Hint).c_str(), -1));
             return g_variant_new("(s@a(iiay)ss)", "", Pixmaps(nullptr), hint.get(), "");
         }
         if (name == "WindowId")

@@ -239,6 +239,12 @@ TEST_F(NotifierItem, ShowsPictureAndHintAndTellsOfClicks)
     };
     EXPECT_EQ(text("IconPixmap"), "[(1, 2, [0x80, 0x11, 0x22, 0x33, 0xff, 0x44, 0x55, 0x66])]");
     EXPECT_EQ(text("ToolTip"), "('', [], 'A\xEF\xBF\xBD (b)', '')");
+    std::string name;
+    for (int i = 0; i < 180; ++i)
+        name += "\xC3\xA4";
+    m_area->Modify(Look(("Murala (" + name + ".jpg)").c_str()));
+    EXPECT_EQ(text("ToolTip"), "('', [], 'Murala (" + name.substr(0, 62) + "\xE2\x80\xA6" +
+                                   name.substr(0, 70) + ".jpg)', '')");
     EXPECT_EQ(text("Status"), "'Active'");
     EXPECT_EQ(text("Menu"), "'/MenuBar'");
     EXPECT_EQ(text("ItemIsMenu"), "false");

@@ -56,7 +56,7 @@ private:
             return false;
         wxBitmap bitmap;
         bitmap.CopyFromIcon(ToIconBundle(*look.Icon).GetIcon(wxSize(32, 32)));
-        return m_icon->SetIcon(bitmap, ToWx(look.Hint));
+        return m_icon->SetIcon(bitmap, ToWx(ShortHint(look.Hint)));
     }
 
     TTrayEvents* m_events = nullptr;

@@ -76,6 +76,8 @@ public:
     // The menu for a desktop that draws it itself.
     virtual void SetMenu(const TMenuItem& /*menu*/) {}
     virtual bool DrawsMenu() const { return false; }
+    // As far as such a desktop tells.
+    virtual bool IsMenuShown() const { return false; }
     virtual TMenuMetrics MenuMetrics() { return {}; }
     // Shows the menu and waits until it is closed. The chosen entry, null for none; nothing when
     // this area has no menus of its own.

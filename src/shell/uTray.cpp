@@ -113,15 +113,26 @@ void TTray::PauseChanged()
 
 void TTray::CurrentChanged()
 {
-    UpdateTrayChecks(pmTrayIcon, m_core.Selection.CurrentIndex());
+    // Some panels make all of a large menu anew for a check, and the next click would wait for it.
+    m_isCheckStale = !IsMenuKept() && m_icon.Added() && m_icon.Area()->DrawsMenu();
+    if (!m_isCheckStale)
+        UpdateTrayChecks(pmTrayIcon, m_core.Selection.CurrentIndex());
     // Before it is composed it is a wish.
     if (!m_applier.IsComposing())
         return;
     ShowHint();
     if (m_view != nullptr)
         m_view->StartIcons();
-    if (!m_isMenuReleased)
+    if (!m_isMenuReleased && !m_isCheckStale)
         HandOverMenu();
+}
+
+void TTray::TellCheck()
+{
+    if (!std::exchange(m_isCheckStale, false) || m_isMenuReleased)
+        return;
+    UpdateTrayChecks(pmTrayIcon, m_core.Selection.CurrentIndex());
+    HandOverMenu();
 }
 
 void TTray::ShowHint()
@@ -158,8 +169,11 @@ void TTray::Refresh()
 void TTray::RefreshMenu()
 {
     if (!IsMenuKept()) {
-        if (m_menuRest > 0 && --m_menuRest == 0)
+        const bool isWaiting = m_isCheckStale && m_icon.Added() && m_icon.Area()->IsMenuShown();
+        if (m_menuRest > 0 && !isWaiting && --m_menuRest == 0) {
+            TellCheck();
             ReleaseMenu();
+        }
     } else if (m_icon.Added() && m_icon.Area()->DrawsMenu()) {
         // Such a desktop may not tell when it shows the menu.
         RebuildTrayMenus(false);
@@ -190,6 +204,7 @@ void TTray::RightClick(TPoint cursor)
     const TValueScope open(m_isMenuOpen, true);
     m_view->BringToFront();
     MenuPopup();
+    UpdateTrayChecks(pmTrayIcon, m_core.Selection.CurrentIndex());
     if (const TMenuItem* chosen = ShowMenu(PlaceOfMenu(cursor)))
         Choose(TMenuItem(*chosen)); // the menu may be made anew by what it does
 }

@@ -107,6 +107,7 @@ private:
     void ShowHint();
     // For a desktop that draws the menu itself.
     void HandOverMenu();
+    void TellCheck();
     const std::shared_ptr<const TIconImage>& Frame(int frame);
 
     TCore& m_core;
@@ -123,6 +124,7 @@ private:
     bool m_menusDirty = true;
     bool m_isByCategory = false; // the menu
     bool m_isMenuReleased = false;
+    bool m_isCheckStale = false; // where the desktop draws the menu
     bool m_isMenuOpen = false;
     bool m_isDisabled = true;
     int m_menuRest = 0;       // until it is released

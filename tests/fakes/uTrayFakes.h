@@ -18,6 +18,7 @@ struct TFakeTrayArea : TTrayArea {
 
     TTrayEvents* Events = nullptr;
     bool HasIcon = false;
+    bool IsShown = false; // the menu
     int Added = 0, Modified = 0, Removed = 0, Menus = 0;
     TTrayLook Look;
     TMenuItem Menu;
@@ -61,6 +62,7 @@ struct TFakeTrayArea : TTrayArea {
         Menu = menu;
     }
     bool DrawsMenu() const override { return Draws; }
+    bool IsMenuShown() const override { return IsShown; }
     std::optional<const TMenuItem*> ShowMenu(const TMenuItem& menu, TPoint place) override
     {
         return OnMenu ? std::optional(OnMenu(menu, place)) : std::nullopt;

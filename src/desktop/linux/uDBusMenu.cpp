@@ -162,6 +162,8 @@ bool TDBusMenu::Opens(gint32 number)
 
 bool TDBusMenu::Happens(gint32 number, std::string_view event)
 {
+    if (number == 0 && (event == "opened" || event == "closed"))
+        m_isShown = event == "opened";
     const auto i = m_told->Find(number);
     if (i && event == "clicked" && !m_told->Menu().HasMenuBelow(*i))
         m_chosen.emplace_back(m_told->Menu().Name(*i));

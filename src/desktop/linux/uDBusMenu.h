@@ -29,6 +29,7 @@ public:
     // What is as it was is not told again. A number that was given to an entry never comes to stand
     // for another one: desktops keep what they were told.
     void Set(const TMenuItem& menu);
+    bool IsShown() const { return m_isShown; }
 
 private:
     struct TMethod;
@@ -59,6 +60,7 @@ private:
     std::optional<TToldMenu::TOutline> m_outline; // that a desktop asked for
     std::set<gint32> m_changed;                   // menus, not asked for since then
     std::vector<std::string> m_chosen;            // names, not told of yet
+    bool m_isShown = false;
     TBusExport m_export;
 };
 

@@ -135,6 +135,7 @@ public:
     }
 
     bool DrawsMenu() const override { return true; }
+    bool IsMenuShown() const override { return m_menu && m_menu->IsShown(); }
     void SetMenu(const TMenuItem& menu) override
     {
         if (m_menu)

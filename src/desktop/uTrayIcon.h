@@ -78,6 +78,8 @@ public:
     virtual bool DrawsMenu() const { return false; }
     // As far as such a desktop tells.
     virtual bool IsMenuShown() const { return false; }
+    // Whether it makes all of a large menu anew for another check, and the next click waits for it.
+    virtual bool IsSlowToCheck() const { return false; }
     virtual TMenuMetrics MenuMetrics() { return {}; }
     // Shows the menu and waits until it is closed. The chosen entry, null for none; nothing when
     // this area has no menus of its own.

@@ -113,8 +113,7 @@ void TTray::PauseChanged()
 
 void TTray::CurrentChanged()
 {
-    // Some panels make all of a large menu anew for a check, and the next click would wait for it.
-    m_isCheckStale = !IsMenuKept() && m_icon.Added() && m_icon.Area()->DrawsMenu();
+    m_isCheckStale = !IsMenuKept() && m_icon.Added() && m_icon.Area()->IsSlowToCheck();
     if (!m_isCheckStale)
         UpdateTrayChecks(pmTrayIcon, m_core.Selection.CurrentIndex());
     // Before it is composed it is a wish.

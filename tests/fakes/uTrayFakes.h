@@ -19,6 +19,7 @@ struct TFakeTrayArea : TTrayArea {
     TTrayEvents* Events = nullptr;
     bool HasIcon = false;
     bool IsShown = false; // the menu
+    bool IsSlow = false;  // with checks
     int Added = 0, Modified = 0, Removed = 0, Menus = 0;
     TTrayLook Look;
     TMenuItem Menu;
@@ -63,6 +64,7 @@ struct TFakeTrayArea : TTrayArea {
     }
     bool DrawsMenu() const override { return Draws; }
     bool IsMenuShown() const override { return IsShown; }
+    bool IsSlowToCheck() const override { return IsSlow; }
     std::optional<const TMenuItem*> ShowMenu(const TMenuItem& menu, TPoint place) override
     {
         return OnMenu ? std::optional(OnMenu(menu, place)) : std::nullopt;

@@ -2,6 +2,7 @@
 // (panels) show. Nothing here waits for the bus.
 #include "uBusExport.h"
 #include "uDBusMenu.h"
+#include "uSession.h"
 #include "uSessionBus.h"
 #include "uTrayIcon.h"
 
@@ -136,6 +137,7 @@ public:
 
     bool DrawsMenu() const override { return true; }
     bool IsMenuShown() const override { return m_menu && m_menu->IsShown(); }
+    bool IsSlowToCheck() const override { return RunningSession() == TSession::Mate; }
     void SetMenu(const TMenuItem& menu) override
     {
         if (m_menu)

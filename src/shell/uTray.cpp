@@ -203,7 +203,7 @@ void TTray::RightClick(TPoint cursor)
     const TValueScope open(m_isMenuOpen, true);
     m_view->BringToFront();
     MenuPopup();
-    UpdateTrayChecks(pmTrayIcon, m_core.Selection.CurrentIndex());
+    TellCheck();
     if (const TMenuItem* chosen = ShowMenu(PlaceOfMenu(cursor)))
         Choose(TMenuItem(*chosen)); // the menu may be made anew by what it does
 }

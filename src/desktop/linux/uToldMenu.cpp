@@ -227,7 +227,7 @@ GVariant* TToldMenu::AnswerLayout(GVariant* arguments, TOutline* outline) const
         return nullptr;
     const TVariant names = Child(arguments, 2);
     return g_variant_new("(u@(ia{sv}av))", m_revision,
-                         Layout(*i, depth, Texts(names.get()), outline, 1));
+                         Layout(*i, depth, Texts(names.get()), outline));
 }
 
 GVariant* TToldMenu::GetLayout(GVariant* arguments) const

@@ -4,10 +4,9 @@
 #include "uTypeAhead.h"
 #include "uWxText.h"
 
-#include <optional>
-
 #include <wx/listctrl.h>
 #include <wx/msw/wrapcctl.h>
+#include <wx/weakref.h>
 #include <wx/wupdlock.h>
 
 namespace murala
@@ -55,7 +54,7 @@ private:
     wxString OnGetItemText(long row, long column) const override;
     wxItemAttr* OnGetItemAttr(long row) const override;
     bool MSWOnNotify(int id, WXLPARAM parameter, WXLPARAM* result) override;
-    bool MayChangeMany(WXUINT message, WXLPARAM place) const;
+    bool MayChangeMany(WXUINT message, WXWPARAM key, WXLPARAM place) const;
     WXLRESULT MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam) override;
     void BindEvents();
     // All of them with one message.
@@ -183,25 +182,32 @@ bool TNativeListView::MSWOnNotify(int id, WXLPARAM parameter, WXLPARAM* result)
     return true;
 }
 
-// Whether the user may now select many rows, or let go many.
-bool TNativeListView::MayChangeMany(WXUINT message, WXLPARAM place) const
+// Whether the user may now select many rows, or let go many. No other key: Return lets through what
+// applying a wallpaper lets through.
+bool TNativeListView::MayChangeMany(WXUINT message, WXWPARAM key, WXLPARAM place) const
 {
     int flags = 0;
+    const bool isKey = message == WM_KEYDOWN && key >= VK_PRIOR && key <= VK_DOWN;
     const bool isOnRow =
         message == WM_LBUTTONDOWN &&
         HitTest(wxPoint(static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))),
                 flags) != wxNOT_FOUND;
-    return (message == WM_KEYDOWN || isOnRow) &&
+    return (isKey || isOnRow) &&
            (GetKeyState(VK_SHIFT) < 0 || GetSelectedItemCount() > static_cast<int>(FewRows));
 }
 
-// The control would have each of ten thousand rows painted anew, seen or not.
+// The control would have each of ten thousand rows painted anew, seen or not. While the mouse is
+// down it lets messages through.
 WXLRESULT TNativeListView::MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam)
 {
-    std::optional<wxWindowUpdateLocker> lock;
-    if (MayChangeMany(message, lParam))
-        lock.emplace(this);
-    return wxListView::MSWWindowProc(message, wParam, lParam);
+    if (!MayChangeMany(message, wParam, lParam))
+        return wxListView::MSWWindowProc(message, wParam, lParam);
+    const wxWeakRef<wxWindow> self(this);
+    Freeze();
+    const WXLRESULT result = wxListView::MSWWindowProc(message, wParam, lParam);
+    if (self)
+        self->Thaw();
+    return result;
 }
 
 wxItemAttr* TNativeListView::OnGetItemAttr(long row) const

@@ -6,8 +6,11 @@
 #include "uWallpaper.h"
 
 #include <algorithm>
+#include <array>
 #include <cassert>
+#include <charconv>
 #include <iterator>
+#include <limits>
 
 namespace murala
 {
@@ -18,7 +21,6 @@ namespace
 constexpr char Quote = '"';
 constexpr int SmallestTint = -256, LargestTint = 255;
 constexpr int DefaultTint = 255;
-constexpr std::size_t OtherFields = 120; // as long as a line without its texts can be
 
 constexpr bool IsLineEnd(char character)
 {
@@ -72,19 +74,19 @@ std::size_t ListLineEnd(std::string_view text)
 
 void AppendField(std::string& line, std::string_view field)
 {
-    if (!line.empty())
-        line += ',';
     line += Quote;
     if (field.find(Quote) == std::string_view::npos)
         line += field;
     else
         line += ReplaceAll(field, "\"", "\"\"");
-    line += Quote;
+    line += "\",";
 }
 
 void AppendField(std::string& line, std::int32_t value)
 {
-    AppendField(line, std::to_string(value));
+    std::array<char, std::numeric_limits<std::int32_t>::digits10 + 2> digits; // and a sign
+    const char* const end = std::to_chars(digits.begin(), digits.end(), value).ptr;
+    AppendField(line, std::string_view(digits.data(), end));
 }
 
 struct TField {
@@ -185,22 +187,27 @@ std::string_view TakeListLine(std::string_view& text)
     return line;
 }
 
+void TMuWallpaper::AppendLineTo(std::string& text) const
+{
+    AppendField(text, m_fileName);
+    AppendField(text, Title);
+    AppendField(text, DisplayModeNames[DisplayMode]);
+    AppendField(text, TransparentIcons ? 1 : 0);
+    AppendField(text, m_thumbnailNumber);
+    AppendField(text, Effect);
+    for (std::int32_t tint :
+         {GammaStartRed, GammaStartGreen, GammaStartBlue, GammaEndRed, GammaEndGreen, GammaEndBlue})
+        AppendField(text, tint);
+    AppendField(text, GammaStyle);
+    AppendField(text, ColorToIniText(DesktopColor));
+    AppendField(text, Category);
+    text.pop_back(); // the last field has no comma behind it
+}
+
 std::string TMuWallpaper::SaveToLine() const
 {
     std::string line;
-    line.reserve(m_fileName.size() + Title.size() + Effect.size() + Category.size() + OtherFields);
-    AppendField(line, m_fileName);
-    AppendField(line, Title);
-    AppendField(line, DisplayModeNames[DisplayMode]);
-    AppendField(line, TransparentIcons ? 1 : 0);
-    AppendField(line, m_thumbnailNumber);
-    AppendField(line, Effect);
-    for (std::int32_t tint :
-         {GammaStartRed, GammaStartGreen, GammaStartBlue, GammaEndRed, GammaEndGreen, GammaEndBlue})
-        AppendField(line, tint);
-    AppendField(line, GammaStyle);
-    AppendField(line, ColorToIniText(DesktopColor));
-    AppendField(line, Category);
+    AppendLineTo(line);
     return line;
 }
 

@@ -41,8 +41,8 @@ std::string ResolvePath(std::string_view folder, std::string_view path);
 std::filesystem::path NativePath(std::string_view path);
 std::string PathText(const std::filesystem::path& path);
 
-// Whether there is a file of that name. Throws EFileError when that cannot be told, and when a folder
-// stands in its place.
+// Whether there is a file of that name. Throws EFileError when that cannot be told, and when a
+// folder stands in its place.
 bool FileExists(std::string_view path);
 // Whether a file can be reached; every error says no.
 bool IsReachableFile(std::string_view path);

@@ -22,8 +22,15 @@ constexpr std::string_view LineEnd = "\r\n";
 
 // What an item is sorted by: the first, and the second where the first ones are equal.
 struct TSortKeys {
-    std::string First, Second;
-    auto operator<=>(const TSortKeys&) const = default;
+    const std::string* First; // the same one for equal texts
+    std::string Second;
+    bool operator<(const TSortKeys& other) const
+    {
+        if (First == other.First)
+            return Second < other.Second;
+        const int order = First->compare(*other.First);
+        return order != 0 ? order < 0 : Second < other.Second;
+    }
 };
 
 std::string ThumbnailPath(const std::string& folder, std::int32_t number)
@@ -249,7 +256,7 @@ void TMuWallpaperList::Sort(TListColumn column, bool ascending, const TSortKey& 
         const auto [first, isNew] = firstKeys.try_emplace(ColumnText(column, *item));
         if (isNew)
             first->second = keyOf(first->first);
-        keys.push_back({first->second, column == lcCategory ? keyOf(item->Title) : std::string()});
+        keys.push_back({&first->second, column == lcCategory ? keyOf(item->Title) : std::string()});
     }
     std::vector<std::size_t> order(m_items.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
@@ -266,8 +273,10 @@ void TMuWallpaperList::Sort(TListColumn column, bool ascending, const TSortKey& 
 void TMuWallpaperList::SaveToFile(const std::string& path) const
 {
     std::string content(m_byteOrderMark ? ByteOrderMark : std::string_view());
-    for (const auto& item : m_items)
-        content.append(item->SaveToLine()).append(LineEnd);
+    for (const auto& item : m_items) {
+        item->AppendLineTo(content);
+        content += LineEnd;
+    }
     ReplaceWholeFile(path, content, TFlush::ToDisk);
 }
 

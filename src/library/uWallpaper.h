@@ -83,6 +83,7 @@ public:
 
     // The list file's line, without its line end.
     std::string SaveToLine() const;
+    void AppendLineTo(std::string& text) const;
     // Of an item that is in no list. Throws EConvertError; the item is then in an undefined state.
     void LoadFromLine(std::string_view line);
 

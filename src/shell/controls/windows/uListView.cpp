@@ -9,6 +9,10 @@
 #include <wx/weakref.h>
 #include <wx/wupdlock.h>
 
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
 namespace murala
 {
 
@@ -57,11 +61,17 @@ private:
     bool MayChangeMany(WXUINT message, WXWPARAM key, WXLPARAM place) const;
     WXLRESULT MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam) override;
     void BindEvents();
-    // All of them with one message.
-    void SelectAllRows(bool select)
+    void SelectOnly(const std::vector<int>& rows);
+    // Past the toolkit, which would take as long as the control.
+    void SelectRow(int row, bool select)
     {
-        SetItemState(-1, select ? wxLIST_STATE_SELECTED : 0, wxLIST_STATE_SELECTED);
+        LVITEMW item{};
+        item.stateMask = LVIS_SELECTED;
+        item.state = select ? LVIS_SELECTED : 0;
+        MSWDefWindowProc(LVM_SETITEMSTATE, static_cast<WXWPARAM>(row),
+                         reinterpret_cast<WXLPARAM>(&item));
     }
+    void SelectAllRows(bool select) { SelectRow(-1, select); }
 
     TTypeAhead m_typeAhead;
     mutable wxItemAttr m_currentAttr;
@@ -122,28 +132,42 @@ std::vector<int> TNativeListView::ShownSelection() const
 void TNativeListView::ShowRows()
 {
     const TProgramSelects selecting(*this);
-    ForgetShown();
-    SetItemCount(m_rows.Count());
+    if (GetItemCount() != m_rows.Count()) {
+        ForgetShown();
+        SetItemCount(m_rows.Count());
+    }
     Refresh();
+}
+
+// Every message takes its time, and the one for all rows the time of thousands.
+void TNativeListView::SelectOnly(const std::vector<int>& rows)
+{
+    std::vector<int> fresh, old;
+    std::ranges::set_difference(rows, Shown(), std::back_inserter(fresh));
+    std::ranges::set_difference(Shown(), rows, std::back_inserter(old));
+    const std::size_t changes = fresh.size() + old.size();
+    if (changes == 0)
+        return;
+    std::optional<wxWindowUpdateLocker> lock; // which takes the time of thousands, too
+    if (changes > FewRows)
+        lock.emplace(this);
+    const bool isAll = static_cast<int>(rows.size()) == m_rows.Count();
+    if (isAll || old.size() > FewRows) {
+        SelectAllRows(isAll);
+        fresh = isAll ? std::vector<int>() : rows;
+        old.clear();
+    }
+    for (const int row : old)
+        SelectRow(row, false);
+    for (const int row : fresh)
+        SelectRow(row, true);
+    SetShown(rows);
 }
 
 void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow)
 {
     const TProgramSelects selecting(*this);
-    if (const std::vector<int>& shown = Shown(); shown != rows) {
-        const wxWindowUpdateLocker lock(this);
-        const bool isAll = static_cast<int>(rows.size()) == m_rows.Count();
-        // To select none of ten thousand rows takes as long as to select all of them.
-        if (isAll || shown.size() > FewRows)
-            SelectAllRows(isAll);
-        else
-            for (const int row : shown)
-                Select(row, false);
-        if (!isAll)
-            for (const int row : rows)
-                Select(row);
-        SetShown(rows);
-    }
+    SelectOnly(rows);
     if (focusedRow >= 0 && focusedRow != FocusedRow())
         Focus(focusedRow);
     if (rows.size() == 1)

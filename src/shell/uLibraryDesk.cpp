@@ -141,7 +141,6 @@ void TLibraryDesk::SortByColumn(TListColumn column)
     });
     m_core.Listeners.Tell(&TListener::RowsChanged);
     m_core.Listeners.Tell(&TListener::SelectionChanged);
-    m_storage.SaveList();
 }
 
 } // namespace murala

@@ -28,7 +28,7 @@ public:
     std::vector<std::string> Categories() const;
     void SetCategory(const TItems& items, const std::string& category);
 
-    // The same column again inverts the direction; another one keeps it.
+    // The same column again inverts the direction; another one keeps it. Does not save.
     void SortByColumn(TListColumn column);
     // Empty: as the list file has them.
     std::optional<TListColumn> SortColumn() const { return m_sortColumn; }

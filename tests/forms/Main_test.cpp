@@ -59,8 +59,14 @@ TEST_F(MainWindow, RemovesSortsAndRenamesRows)
     Start();
     AddPictures({"C.bmp", "A.bmp", "D.bmp", "B.bmp"});
     TMuListView& list = List();
-    Murala().Desk.SortByColumn(lcTitle);
-    EXPECT_EQ(list.ShownText(0, lcTitle), "A");
+    wxUIActionSimulator mouse;
+    mouse.MouseMove(list.Window().ClientToScreen(list.RowRect(0).GetTopLeft() + wxPoint(20, -10)));
+    mouse.MouseClick(); // on the header of the titles
+    EXPECT_TRUE(PumpUntil([&] { return list.ShownText(0, lcTitle) == "A"; }));
+    Pump(50);
+    TMuWallpaperList saved;
+    saved.LoadFromFile(m_folder.File(ListFileName));
+    EXPECT_EQ(saved.Item(0).Title, "A");
     Murala().Core.Selection.SelectRows({1, 2}, 2);
     Execute(aRemove);
     EXPECT_EQ(list.ShownRows(), 2);

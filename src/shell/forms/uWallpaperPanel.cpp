@@ -1,5 +1,6 @@
 #include "uWallpaperPanel.h"
 
+#include "uCallLater.h"
 #include "uItemWork.h"
 #include "uItemsAt.h"
 #include "uListColumn.h"
@@ -170,6 +171,8 @@ void TWallpaperPanel::UserRenames(int row, const std::string& title)
 void TWallpaperPanel::UserClicksHeader(TListColumn column)
 {
     m_murala.Desk.SortByColumn(column);
+    // Ten thousand rows take long enough without it.
+    CallLater(*this, [this] { m_murala.Storage.SaveList(); });
 }
 
 } // namespace murala

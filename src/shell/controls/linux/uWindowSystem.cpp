@@ -97,12 +97,13 @@ wxIcon ProgramIcon()
 // when it is first shown, and complains about every widget that needs more.
 void PrepareFirstShow(wxTopLevelWindow& window, std::function<void()> onShown)
 {
-    const auto resize = +[](GtkWidget* widget, gpointer) {
-        int width = 0, height = 0;
+    const auto place = +[](GtkWidget* widget, gpointer) {
+        int x = 0, y = 0, width = 0, height = 0;
         gtk_window_get_size(GTK_WINDOW(widget), &width, &height);
-        gdk_window_resize(gtk_widget_get_window(widget), width, height);
+        gtk_window_get_position(GTK_WINDOW(widget), &x, &y);
+        gdk_window_move_resize(gtk_widget_get_window(widget), x, y, width, height);
     };
-    g_signal_connect_after(window.GetHandle(), "realize", G_CALLBACK(resize), nullptr);
+    g_signal_connect_after(window.GetHandle(), "realize", G_CALLBACK(place), nullptr);
     const auto tell = +[](GtkWidget*, GdkEvent*, gpointer action) -> gboolean {
         (*static_cast<std::function<void()>*>(action))();
         return FALSE;

@@ -1,6 +1,7 @@
 #include "MainFixture.h"
 
 #include "uCallLater.h"
+#include "uItemWork.h"
 #include "uProgress.h"
 #include "uWallpaperSchedule.h"
 
@@ -170,6 +171,25 @@ TEST_F(MainWindow, WhatComesInDuringADialogWaitsForItsEnd)
     m_main = nullptr;
     Start();
     EXPECT_EQ(Murala().Core.List.Count(), 3) << "nothing that was queued is lost";
+}
+
+TEST_F(MainWindow, TheSessionsEndEndsLongWorkBetweenTwoItems)
+{
+    Start();
+    AddTwo();
+    const wxWeakRef<TfMain> main(m_main);
+    std::size_t done = 0;
+    InDialog("TfConfiguration", [&](wxDialog&) {
+        Murala().Core.Selection.SelectAll();
+        done = WorkOn(Murala().Core, Murala().Core.Selection.Items(), "Refreshing Thumbnail",
+                      [&](TMuWallpaper&) { m_services.SessionEnd.OnEnd(); });
+    });
+    Execute(aConfiguration);
+    EXPECT_EQ(done, 1U);
+    EXPECT_TRUE(PumpUntil([&] { return !main; }, 1000)) << "nothing holds the window any longer";
+    if (main)
+        main->Destroy(); // or it would end the test's process
+    m_main = nullptr;
 }
 
 TEST_F(MainWindow, WhatHadTheFocusHasItAgainAfterALongWork)

@@ -274,11 +274,13 @@ void TfMain::SetStatus(const std::string& text)
 namespace
 {
 
-// The bar in the bottom panel, and the dialog in which the user can end the work.
+// The bar in the bottom panel, and the dialog in which the user can end the work. The end of the
+// session ends it, too.
 class TMainWork : public TLongWork
 {
 public:
-    TMainWork(wxWindow* window, wxGauge& bar, int range) : m_bar(bar), m_dialog(window, range)
+    TMainWork(wxWindow* window, wxGauge& bar, int range, const wxTimer& sessionEnd)
+        : m_bar(bar), m_dialog(window, range), m_sessionEnd(sessionEnd)
     {
         m_bar.SetRange(std::max(range, 1));
     }
@@ -291,7 +293,7 @@ public:
             Show(true);
             m_bar.GetParent()->Update();
         }
-        return m_dialog.Step(position, text);
+        return m_dialog.Step(position, text) && !m_sessionEnd.IsRunning();
     }
 
 private:
@@ -303,13 +305,14 @@ private:
 
     wxGauge& m_bar;
     TProgressDialog m_dialog;
+    const wxTimer& m_sessionEnd;
 };
 
 } // namespace
 
 std::unique_ptr<TLongWork> TfMain::BeginWork(int range)
 {
-    return std::make_unique<TMainWork>(TopWindow(), *pbMain, range);
+    return std::make_unique<TMainWork>(TopWindow(), *pbMain, range, tEnd);
 }
 
 void TfMain::SetBusy(bool busy)

@@ -93,8 +93,9 @@ wxIcon ProgramIcon()
     return icon;
 }
 
-// GTK 3 makes the window of the X server tiny, whatever size was set, lays everything out in it
-// when it is first shown, and complains about every widget that needs more.
+// GTK 3 makes the window of the X server tiny and in the screen's corner, whatever was set. It lays
+// everything out in it when it is first shown, and complains about every widget that needs more;
+// and the window manager would leave it in that corner.
 void PrepareFirstShow(wxTopLevelWindow& window, std::function<void()> onShown)
 {
     const auto place = +[](GtkWidget* widget, gpointer) {

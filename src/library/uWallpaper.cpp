@@ -10,6 +10,7 @@
 #include <cassert>
 #include <limits>
 #include <numeric>
+#include <tuple>
 #include <unordered_set>
 
 namespace murala
@@ -22,14 +23,11 @@ constexpr std::string_view LineEnd = "\r\n";
 
 // What an item is sorted by: the first, and the second where the first ones are equal.
 struct TSortKeys {
-    const std::string* First; // the same one for equal texts
+    const std::string* First; // of every item with that text
     std::string Second;
     bool operator<(const TSortKeys& other) const
     {
-        if (First == other.First)
-            return Second < other.Second;
-        const int order = First->compare(*other.First);
-        return order != 0 ? order < 0 : Second < other.Second;
+        return std::tie(*First, Second) < std::tie(*other.First, other.Second);
     }
 };
 

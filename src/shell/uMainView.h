@@ -13,7 +13,8 @@ class TLongWork
 {
 public:
     virtual ~TLongWork() = default; // the work has ended
-    // `position` steps are done; `text` says what comes next. False: the user wants it to end here.
+    // `position` steps are done; `text` says what comes next. False: it is to end here, as the
+    // user or the end of the session wants.
     virtual bool Step(int position, const std::string& text) = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include "uCompose.h"
 #include "uPath.h"
+#include "uText.h"
 #include "uTint.h"
 
 #include <algorithm>
@@ -15,6 +16,8 @@ namespace
 
 constexpr TColor OtherMonthColor = 0x808080;
 constexpr TColor TodayColor = 0x0000FF; // red
+// A line of this many letters is wider than any calendar; measuring takes the square of its length.
+constexpr std::size_t MostTitleLetters = 1000;
 constexpr std::int64_t FarAway = std::int64_t{1} << 28U;
 
 std::string CalendarFile(const std::string& programFolder)
@@ -112,7 +115,9 @@ public:
                      const TDateNames& names)
         : m_canvas(canvas), m_settings(calendar.Settings), m_date(DayOf(calendar.Date)),
           m_text(text), m_names(names),
-          m_title(FormatDate(m_settings.TitleFormat, WithinItsDay(calendar.Date), names)),
+          m_title(FirstCharacters(
+              FormatDate(m_settings.TitleFormat, WithinItsDay(calendar.Date), names),
+              MostTitleLetters)),
           m_titleSize(text.Measure(m_settings.TitleFont, m_title)),
           m_layout(m_settings.CalendarWidth, m_settings.CalendarHeight, m_titleSize.Height,
                    text.Measure(m_settings.DayHeadingFont, "X").Height)

@@ -44,6 +44,11 @@ void TApplier::Apply(TMuWallpaper& item)
 
 bool TApplier::ComposeWallpaper(bool startEffect, TReport report)
 {
+    return Compose(startEffect, report, [] {});
+}
+
+bool TApplier::Compose(bool startEffect, TReport report, const std::function<void()>& onInstalled)
+{
     if (m_isComposing)
         return false;
     const TValueScope composing(m_isComposing, true);
@@ -56,6 +61,7 @@ bool TApplier::ComposeWallpaper(bool startEffect, TReport report)
             if (TMuWallpaper* item = m_core.Selection.Current()) {
                 ComposeItem(*item);
                 done = true;
+                onInstalled();
                 problem = StartEffect(*item, startEffect);
             }
         } catch (const std::bad_alloc&) {
@@ -161,13 +167,12 @@ bool TApplier::TryRow(int row)
     TMuWallpaper* before = m_core.Selection.Current();
     TMuWallpaper* item = &m_core.List.Item(row);
     m_core.Selection.SetCurrent(item);
-    const bool done = ComposeWallpaper(true, TReport::StatusLine);
-    if (done) {
+    const bool done = Compose(true, TReport::StatusLine, [=, this] {
         m_preview.Release();
-        m_core.Selection.Select(item);
-    } else {
+        m_core.Selection.Select(item); // before Rovane is asked for: it belongs to the selected one
+    });
+    if (!done)
         m_core.Selection.SetCurrent(before);
-    }
     return done;
 }
 

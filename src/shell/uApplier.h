@@ -5,6 +5,7 @@
 #include "uPreview.h"
 #include "uStorage.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -42,6 +43,8 @@ public:
     void RunEffectSettings(TMuWallpaper& item);
 
 private:
+    // `onInstalled` runs before the effect is started or ended.
+    bool Compose(bool startEffect, TReport report, const std::function<void()>& onInstalled);
     void ComposeItem(TMuWallpaper& item);
     void Install(const std::string& path, TColor color);
     void ApplyLabels(const TMuWallpaper& item);

@@ -97,14 +97,20 @@ void TTicker::RefreshLabels()
         SetIconsTransparent(m_core.Services.IconView);
 }
 
+// Before the first wallpaper was applied the desktop is the user's own.
+bool TTicker::IsDesktopOurs() const
+{
+    const std::string name = WallpaperBitmapName(m_core.Services.Siblings.GetVeyraDesktop());
+    return m_core.Selection.Current() != nullptr && FileExists(m_core.FilePath(name));
+}
+
 // Also when the clock was set back: the calendar shows the day that it is.
 bool TTicker::IsNewDay()
 {
     const TMuSettings& settings = m_core.Settings;
-    if (!settings.UseCalendar || m_core.Selection.Current() == nullptr)
-        return false;
     const TDateTime now = m_core.Services.Clock.Now();
-    return DayOf(settings.CalendarDate) != DayOf(now) && !IsResting(now, m_noNewDayBefore);
+    return settings.UseCalendar && DayOf(settings.CalendarDate) != DayOf(now) &&
+           !IsResting(now, m_noNewDayBefore) && IsDesktopOurs();
 }
 
 void TTicker::DrawNewDay()
@@ -139,9 +145,7 @@ void TTicker::ComposeForScreens()
         return;
     m_isOtherScreen = false;
     m_core.Listeners.Tell(&TListener::PreviewChanged, false); // in the screen's proportions
-    const std::string name = WallpaperBitmapName(m_core.Services.Siblings.GetVeyraDesktop());
-    // Before the first wallpaper was applied the desktop is the user's own.
-    if (m_core.Selection.Current() != nullptr && FileExists(m_core.FilePath(name)))
+    if (IsDesktopOurs())
         ComposeAgain();
 }
 

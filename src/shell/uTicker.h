@@ -37,6 +37,7 @@ private:
     bool ComposeAgain();
     bool IsChangeDue();
     void PassOver();
+    bool IsDesktopOurs() const;
     bool IsNewDay();
     void DrawNewDay();
     void RefreshLabels();

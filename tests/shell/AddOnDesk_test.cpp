@@ -160,8 +160,9 @@ TEST_F(AddOnDesk, ANewDayWaitsForTheScreenSaverAndForDialogs)
 {
     AddPictures(1);
     m_murala->AddOns.SetUseCalendar(true);
-    Apply(0);
     const TDateTime next = m_services.Clock.Time + 1;
+    EXPECT_EQ(TickAt(next - 1), 0U) << "the desktop is the user's own";
+    Apply(0);
     m_services.ScreenSaver.Running = true;
     EXPECT_EQ(TickAt(next), 0U);
     m_services.ScreenSaver.Running = false;

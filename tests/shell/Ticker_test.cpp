@@ -86,6 +86,9 @@ TEST_F(Ticker, TheSchedulePassesOverPicturesThatCannotBeShown)
     EXPECT_TRUE(m_view.Messages.empty()) << "nobody is there to close a message box";
     EXPECT_EQ(TickAfter(1.0 / 60), 0);
     EXPECT_EQ(SelectedRows(), std::vector<int>{0});
+    m_services.Siblings.RovaneRuns = true;
+    EXPECT_EQ(TickAfter(2), 1);
+    EXPECT_FALSE(m_services.Siblings.RovaneRuns) << "the new wallpaper has no effect";
 }
 
 TEST_F(Ticker, WhenNoPictureCanBeReachedTheScheduleRests)

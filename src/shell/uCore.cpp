@@ -2,6 +2,8 @@
 
 #include "uPath.h"
 
+#include <cstdio>
+
 namespace murala
 {
 
@@ -12,6 +14,10 @@ std::string TCore::FilePath(std::string_view name) const
 
 void TCore::Tell(const std::string& text)
 {
+    if (IsSilent) {
+        std::fprintf(stderr, "Murala: %s\n", text.c_str());
+        return;
+    }
     const TPauseScope pause(Pauses);
     View.ShowMessage(text);
 }

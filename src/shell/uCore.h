@@ -28,6 +28,9 @@ struct TCore {
     TSelection Selection{List, Listeners};
     TMuSettings Settings;
     TPauses Pauses{Listeners};
+    // At the end of the session nobody reads a message, and the system does not wait for one: it
+    // goes to the standard error output.
+    bool IsSilent = false;
     // While it is set nothing is saved and nothing is applied again.
     bool Updating = true;
     // What went wrong with the wallpaper on the desktop. It stays in the status line until the next
@@ -40,7 +43,7 @@ struct TCore {
 
     // A file of the program folder.
     std::string FilePath(std::string_view name) const;
-    // A message box.
+    // A message box, unless it is silent.
     void Tell(const std::string& text);
     void Report(TReport report, const std::string& text);
 };

@@ -109,7 +109,7 @@ void TStorage::Write(TUserFile& file, const TUserFile::TWork& write)
 // Every change saves, and would tell the same again.
 void TStorage::TellOnce(std::string& told, const std::string& problem)
 {
-    if (std::exchange(told, problem) != problem)
+    if (m_core.IsSilent || std::exchange(told, problem) != problem)
         m_core.Tell(problem);
 }
 

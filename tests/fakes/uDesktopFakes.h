@@ -192,7 +192,11 @@ struct TFakeSiblings : TSiblings {
 };
 
 struct TFakeSessionEnd : TSessionEnd {
-    std::function<void()> OnEnd;
+    std::function<void()> OnQuestion, OnEnd;
+    void ListenToQuestion(std::function<void()> onQuestion) override
+    {
+        OnQuestion = std::move(onQuestion);
+    }
     void Listen(void* /*mainWindow*/, std::function<void()> onEnd) override
     {
         OnEnd = std::move(onEnd);

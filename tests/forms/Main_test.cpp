@@ -3,6 +3,7 @@
 #include "uCallLater.h"
 #include "uItemWork.h"
 #include "uProgress.h"
+#include "uSafeFile.h"
 #include "uWallpaperSchedule.h"
 
 #include <wx/uiaction.h>
@@ -190,6 +191,46 @@ TEST_F(MainWindow, TheSessionsEndEndsLongWorkBetweenTwoItems)
     if (main)
         main->Destroy(); // or it would end the test's process
     m_main = nullptr;
+}
+
+TEST_F(MainWindow, TheSessionIsLetEndWithoutAMessageThoughNothingCanBeSaved)
+{
+    Start();
+    AddTwo();
+    Murala().Core.List.Item(0).Title = "Unsaved";
+    const std::string list = m_services.ProgramFolder + "Murala.Wallpaper.List";
+    std::filesystem::create_directory(NativePath(list + ".new"));
+    m_services.SessionEnd.OnQuestion();
+    Pump(50);
+    EXPECT_TRUE(m_main->IsShown()) << "another program may refuse";
+    Murala().Storage.SaveList();
+    EXPECT_EQ(m_messages.Texts.size(), 1U) << "the session goes on, and the user is told";
+    const wxWeakRef<TfMain> main(m_main);
+    m_services.SessionEnd.OnEnd();
+    EXPECT_TRUE(PumpUntil([&] { return !main; }, 1000));
+    m_main = nullptr;
+    EXPECT_EQ(m_messages.Texts.size(), 1U);
+}
+
+TEST_F(MainWindow, TheSessionsQuestionSavesAtOnceAlsoDuringADialog)
+{
+    Start();
+    AddTwo();
+    InDialog("TfConfiguration", [&](wxDialog& dialog) {
+        Murala().Core.List.Item(0).Title = "Changed";
+        m_services.SessionEnd.OnQuestion();
+        EXPECT_NE(ReadWholeFile(m_services.ProgramFolder + "Murala.Wallpaper.List").find("Changed"),
+                  std::string::npos);
+        wxCloseEvent toolkit(wxEVT_QUERY_END_SESSION, wxID_ANY);
+        toolkit.SetCanVeto(true);
+        EXPECT_TRUE(wxTheApp->SafelyProcessEvent(toolkit));
+        EXPECT_FALSE(toolkit.GetVeto());
+        EXPECT_TRUE(dialog.IsModal());
+    });
+    const wxWeakRef<TfMain> main(m_main);
+    Execute(aConfiguration);
+    Pump(100);
+    EXPECT_TRUE(main);
 }
 
 TEST_F(MainWindow, WhatHadTheFocusHasItAgainAfterALongWork)

@@ -4,6 +4,8 @@
 
 #include <commctrl.h>
 
+#include <cstdio>
+#include <exception>
 #include <utility>
 
 namespace murala
@@ -24,6 +26,11 @@ public:
             RemoveWindowSubclass(m_window, OnMessage, SubclassId);
     }
 
+    void ListenToQuestion(std::function<void()> onQuestion) override
+    {
+        m_onQuestion = std::move(onQuestion);
+    }
+
     void Listen(void* mainWindow, std::function<void()> onEnd) override
     {
         m_onEnd = std::move(onEnd);
@@ -34,13 +41,30 @@ public:
 private:
     static constexpr UINT_PTR SubclassId = WM_ENDSESSION;
 
-    // Before the toolkit sees it, which ends the process at once.
+    // What the system calls here knows no exceptions.
+    static void Tell(const std::function<void()>& handle) noexcept
+    try {
+        if (handle)
+            handle();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "Murala: %s\n", error.what());
+    }
+
+    // Neither message comes to the toolkit: that would close the window during the question, and
+    // delete all windows at the end, also those that still wait for the user.
     static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                       UINT_PTR /*id*/, DWORD_PTR self)
     {
         auto* end = reinterpret_cast<TWindowsSessionEnd*>(self);
-        if (message == WM_ENDSESSION && wParam != FALSE && end->m_onEnd)
-            std::exchange(end->m_onEnd, nullptr)();
+        if (message == WM_QUERYENDSESSION) {
+            Tell(end->m_onQuestion);
+            return TRUE;
+        }
+        if (message == WM_ENDSESSION) {
+            if (wParam != FALSE)
+                Tell(std::exchange(end->m_onEnd, nullptr));
+            return 0;
+        }
         if (message == WM_NCDESTROY) {
             RemoveWindowSubclass(window, OnMessage, SubclassId);
             end->m_window = nullptr;
@@ -49,7 +73,7 @@ private:
     }
 
     HWND m_window = nullptr;
-    std::function<void()> m_onEnd;
+    std::function<void()> m_onQuestion, m_onEnd;
 };
 
 } // namespace

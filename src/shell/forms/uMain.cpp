@@ -78,6 +78,10 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
         if (self)
             self->WakeUp();
     });
+    m_services.SessionEnd.ListenToQuestion([self = wxWeakRef<TfMain>(this)] {
+        if (self)
+            self->SaveForSessionEnd();
+    });
     m_services.SessionEnd.Listen(GetHandle(), [self = wxWeakRef<TfMain>(this)] {
         if (self)
             self->EndSession();
@@ -328,17 +332,25 @@ void TfMain::FormClose(wxCloseEvent& event)
     event.Skip();
 }
 
+// The session may go on, and the program with it.
+void TfMain::SaveForSessionEnd()
+{
+    const TValueScope silent(m_murala.Core.IsSilent, true);
+    m_murala.Storage.SaveList();
+}
+
 // The system does not wait: what is to be saved is saved at once, and then the window goes. What
 // holds it open - a message that nobody answers - has a moment to end.
 void TfMain::EndSession()
 {
+    tEnd.StartOnce(EndPatience);
+    m_murala.Core.IsSilent = true;
     m_murala.Close();
     m_isClosePending = true;
     if (!m_murala.Core.Pauses.IsPaused())
         return CallLater(*this, [this] { CloseWhenAsked(); });
     for (wxDialog* dialog : ModalDialogs())
         dialog->EndModal(wxID_CANCEL);
-    tEnd.StartOnce(EndPatience);
 }
 
 void TfMain::CloseWhenAsked()

@@ -88,6 +88,7 @@ private:
     void ShowAtStart();
     void ShowIconized();
     void ReleasePictures();
+    void SaveForSessionEnd();
     void EndSession();
     void CloseWhenAsked();
     void TrackPlacement();

@@ -6,6 +6,14 @@
 namespace murala
 {
 
+// The system asks every window, dialogs too, whether the session may end, and the toolkit would
+// close the main window then. The main window's own handle is listened to (uSessionEnd.h).
+TMuralaApp::TMuralaApp()
+{
+    for (const auto& question : {wxEVT_QUERY_END_SESSION, wxEVT_END_SESSION})
+        Bind(question, [](wxCloseEvent&) {});
+}
+
 bool TMuralaApp::Initialize(int& argc, wxChar** argv)
 {
     return StartLean([&] { return wxApp::Initialize(argc, argv); });

@@ -9,6 +9,7 @@ namespace murala
 class TMuralaApp : public wxApp
 {
 public:
+    TMuralaApp();
     bool Initialize(int& argc, wxChar** argv) override;
     // The texts are English wherever the user lives.
     wxLayoutDirection GetLayoutDirection() const override { return wxLayout_LeftToRight; }

@@ -290,17 +290,31 @@ TEST(WindowsRegistry, VerbAndStartEntryGoInAndOut)
     }
 }
 
-TEST(SessionEnd, WindowIsToldOnceAndOnlyOfARealEnd)
+// As the toolkit, which closes the window when it is asked, and deletes all windows at the end.
+LRESULT CALLBACK ToolkitProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    EXPECT_TRUE(message != WM_QUERYENDSESSION && message != WM_ENDSESSION);
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+TEST(SessionEnd, IsAnsweredAtOnceAndComesOnceAndOnlyWhenItIsReal)
 {
     const HWND window = MakeMainWindow();
+    SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ToolkitProcedure));
     const auto sessionEnd = NewSessionEnd();
-    int ends = 0;
+    int questions = 0, ends = 0;
+    sessionEnd->ListenToQuestion([&] {
+        questions++;
+        throw std::runtime_error("the disk is full");
+    });
     sessionEnd->Listen(window, [&] { ends++; });
     for (const auto& [reallyEnds, expected] :
          {std::pair(FALSE, 0), std::pair(TRUE, 1), std::pair(TRUE, 1)}) {
+        EXPECT_EQ(SendMessageA(window, WM_QUERYENDSESSION, 0, 0), 1);
         SendMessageA(window, WM_ENDSESSION, static_cast<WPARAM>(reallyEnds), 0);
         EXPECT_EQ(ends, expected);
     }
+    EXPECT_EQ(questions, 3);
     DestroyWindow(window);
 }
 

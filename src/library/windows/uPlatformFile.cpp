@@ -22,12 +22,20 @@ namespace
 constexpr int Attempts = 10;
 constexpr std::chrono::milliseconds Pause{20};
 
-// Does `attempt` again while it answers that access was denied.
+// Does `attempt` again while it answers that somebody holds the file.
 template<class TAttempt>
 void Insist(TAttempt attempt)
 {
-    for (int i = 0; i < Attempts && attempt() == std::errc::permission_denied; ++i)
+    for (int i = 0; i < Attempts && attempt(); ++i)
         std::this_thread::sleep_for(Pause);
+}
+
+// What the system answers while another program has the file open, whichever of the two it is.
+bool IsHeld(DWORD error)
+{
+    constexpr DWORD cloudFileInUse = 391; // the service that keeps the folder copies it just now
+    return error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION ||
+           error == ERROR_LOCK_VIOLATION || error == cloudFileInUse;
 }
 
 bool IsFolder(const std::filesystem::path& path)
@@ -92,10 +100,10 @@ std::FILE* OpenNamedFile(const std::filesystem::path& path, const char* mode)
         if (file == nullptr)
             file = _wfopen(path.c_str(), wideMode.c_str()); // says why not
         const int reason = file == nullptr ? errno : 0;
-        const bool isFinal =
-            reason == EACCES && IsDeniedForGood(path, modeText.substr(0, 2) != "rb");
+        const bool isHeld =
+            reason == EACCES && !IsDeniedForGood(path, modeText.substr(0, 2) != "rb");
         errno = reason;
-        return std::error_code(isFinal ? 0 : reason, std::generic_category());
+        return isHeld;
     });
     return file;
 }
@@ -106,14 +114,17 @@ bool FlushToDisk(std::FILE* file)
 }
 
 std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to,
-                           TFlush)
+                           TFlush flush)
 {
-    std::error_code error;
+    const DWORD flags =
+        MOVEFILE_REPLACE_EXISTING | (flush == TFlush::ToDisk ? MOVEFILE_WRITE_THROUGH : 0);
+    DWORD error = ERROR_SUCCESS;
     Insist([&] {
-        std::filesystem::rename(from, to, error);
-        return error;
+        error =
+            MoveFileExW(from.c_str(), to.c_str(), flags) != FALSE ? ERROR_SUCCESS : GetLastError();
+        return IsHeld(error) && !IsDeniedForGood(to, true);
     });
-    return error;
+    return {static_cast<int>(error), std::system_category()};
 }
 
 void FlushFolder(const std::filesystem::path&)

@@ -2,6 +2,7 @@
 
 #include "uTempFolder.h"
 
+#include <atomic>
 #include <thread>
 #include <windows.h>
 
@@ -26,6 +27,76 @@ TEST(SafeFile, WaitsForAFileThatIsHeldForAMomentOnly)
     EXPECT_NO_THROW(folder.Write("list", "new"));
     release.join();
     EXPECT_EQ(ReadWholeFile(path), "new");
+}
+
+// Opens every new file as soon as it is there, without letting others rename or delete it.
+class TVirusScanner
+{
+public:
+    explicit TVirusScanner(const std::string& path)
+        : m_path(NativePath(path)), m_thread([this] { Run(); })
+    {
+    }
+    TVirusScanner(const TVirusScanner&) = delete;
+    TVirusScanner& operator=(const TVirusScanner&) = delete;
+    ~TVirusScanner()
+    {
+        m_isEnding = true;
+        m_thread.join();
+    }
+    int Scans() const { return m_scans; }
+
+private:
+    void Run()
+    {
+        while (!m_isEnding) {
+            const HANDLE file =
+                CreateFileW(m_path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                            nullptr, OPEN_EXISTING, 0, nullptr);
+            if (file != INVALID_HANDLE_VALUE) {
+                ++m_scans;
+                Sleep(60);
+                CloseHandle(file);
+                Sleep(60);
+            }
+        }
+    }
+
+    std::filesystem::path m_path;
+    std::atomic<bool> m_isEnding = false;
+    std::atomic<int> m_scans = 0;
+    std::thread m_thread;
+};
+
+TEST(SafeFile, WaitsForAScannerThatHoldsTheNewFile)
+{
+    const TTempFolder folder;
+    const std::string path = folder.Write("list", "old");
+    const TVirusScanner scanner(path + ".new");
+    for (const TFlush flush : {TFlush::ToDisk, TFlush::ToSystemCache})
+        for (int i = 0; i < 10; ++i) {
+            EXPECT_NO_THROW(ReplaceWholeFile(path, std::string(1 << 16, 'a' + i), flush));
+            EXPECT_EQ(ReadWholeFile(path)[0], 'a' + i);
+        }
+    EXPECT_GT(scanner.Scans(), 3);
+}
+
+TEST(SafeFile, TheSystemsOwnReasonIsTold)
+{
+    const TTempFolder folder;
+    const std::string path = folder.Write("list", "old");
+    const HANDLE file =
+        CreateFileW(NativePath(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
+    const std::error_code sharing(ERROR_SHARING_VIOLATION, std::system_category());
+    try {
+        folder.Write("list", "new");
+        FAIL();
+    } catch (const EFileError& error) {
+        EXPECT_NE(std::string(error.what()).find(sharing.message()), std::string::npos)
+            << error.what();
+    }
+    CloseHandle(file);
 }
 
 TEST(SafeFile, OthersMayRenameAndDeleteAFileThatIsRead)

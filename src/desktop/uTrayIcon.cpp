@@ -121,8 +121,10 @@ void TMuTrayIcon::Remove()
 
 void TMuTrayIcon::TrayAreaChanged()
 {
-    Refresh();
-    TellChanged();
+    m_way.Post([this] {
+        Refresh();
+        TellChanged();
+    });
 }
 
 void TMuTrayIcon::TellChanged()
@@ -133,26 +135,33 @@ void TMuTrayIcon::TellChanged()
 
 void TMuTrayIcon::TrayLeftClick()
 {
-    if (Enabled && OnLeftClick)
-        OnLeftClick();
+    m_way.Post([this] {
+        if (Enabled && OnLeftClick)
+            OnLeftClick();
+    });
 }
 
 void TMuTrayIcon::TrayRightClick(TPoint cursor)
 {
-    if (Enabled && OnRightClick)
-        OnRightClick(cursor);
+    m_way.Post([=, this] {
+        if (Enabled && OnRightClick)
+            OnRightClick(cursor);
+    });
 }
 
+// The desktop waits for what the menu is.
 void TMuTrayIcon::TrayMenuOpens()
 {
     if (Enabled && OnMenuOpens)
-        OnMenuOpens();
+        m_door.Pass(OnMenuOpens);
 }
 
 void TMuTrayIcon::TrayMenuChosen(const std::string& name)
 {
-    if (Enabled && OnMenuChosen)
-        OnMenuChosen(name);
+    m_way.Post([=, this] {
+        if (Enabled && OnMenuChosen)
+            OnMenuChosen(name);
+    });
 }
 
 } // namespace murala

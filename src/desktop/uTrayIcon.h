@@ -6,6 +6,7 @@
 #pragma once
 
 #include "uBitmap.h"
+#include "uDoor.h"
 #include "uMenuItem.h"
 
 #include <functional>
@@ -34,7 +35,7 @@ struct TTrayLook {
     std::shared_ptr<const TIconImage> Icon; // null or not empty
 };
 
-// What happens to the icon. Everything is told out of the thread's message loop.
+// What happens to the icon, told at any moment.
 class TTrayEvents
 {
 public:
@@ -105,7 +106,7 @@ public:
     // Added may have changed, or the icon may have moved to another area.
     std::function<void()> OnChanged;
 
-    TMuTrayIcon() = default;
+    explicit TMuTrayIcon(TDoor& door) : m_door(door), m_way(door) {}
     TMuTrayIcon(const TMuTrayIcon&) = delete;
     TMuTrayIcon& operator=(const TMuTrayIcon&) = delete;
     ~TMuTrayIcon() override;
@@ -142,6 +143,8 @@ private:
     void TrayMenuChosen(const std::string& name) override;
     void TrayAreaChanged() override;
 
+    TDoor& m_door;
+    TDoorway m_way;
     std::vector<TTrayArea*> m_areas;
     TTrayArea* m_area = nullptr; // where it was added
     TTrayLook m_look;

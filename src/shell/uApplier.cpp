@@ -30,7 +30,8 @@ std::string EffectProblem(TEffectStart start, const std::string& effect)
 TApplier::TApplier(TCore& core, TStorage& storage, TPreview& preview)
     : m_core(core), m_storage(storage), m_preview(preview),
       m_effects(core.Services.ProgramFolder, core.Services.Launcher, core.Services.Siblings,
-                core.Services.MessageLoop)
+                core.Services.MessageLoop),
+      m_way(core.Services.Door)
 {
 }
 
@@ -102,14 +103,14 @@ void TApplier::ComposeItem(TMuWallpaper& item)
 
 void TApplier::Install(const std::string& path, TColor color)
 {
-    // The answer may come when the program has long gone on, or is gone.
+    // The answer may come when the program has long gone on.
     m_core.Services.Desktop.Install(
-        path, color, [this, alive = std::weak_ptr(m_alive)](const TInstalled& installed) {
-            if (!installed.Took && !alive.expired())
+        path, color, m_way.Through([this, number = ++m_installs](const TInstalled& installed) {
+            if (!installed.Took && number == m_installs)
                 m_core.Report(TReport::StatusLine,
                               std::string(Trim("The desktop did not take the wallpaper. " +
                                                installed.Advice)));
-        });
+        }));
 }
 
 void TApplier::ApplyLabels(const TMuWallpaper& item)

@@ -55,7 +55,8 @@ private:
     TPreview& m_preview;
     TEffects m_effects;
     bool m_isComposing = false;
-    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+    int m_installs = 0; // pictures that the desktop was given
+    TDoorway m_way;
 };
 
 } // namespace murala

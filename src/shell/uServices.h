@@ -5,6 +5,7 @@
 #include "uClock.h"
 #include "uDateNames.h"
 #include "uDesktop.h"
+#include "uDoor.h"
 #include "uFileMenu.h"
 #include "uFileQueue.h"
 #include "uIconView.h"
@@ -25,6 +26,7 @@ namespace murala
 {
 
 struct TServices {
+    TDoor& Door;
     TDesktop& Desktop;
     TIconView& IconView;
     TTaskBar& TaskBar;
@@ -49,10 +51,12 @@ struct TServices {
 class THomeServices
 {
 public:
-    THomeServices();
+    // The door outlives them.
+    explicit THomeServices(TDoor& door);
     TServices Services();
 
 private:
+    TDoor& m_door;
     std::string m_folder;
     std::unique_ptr<TDesktop> m_desktop;
     std::unique_ptr<TIconView> m_iconView;

@@ -128,13 +128,10 @@ bool TTicker::ComposeAgain()
     return m_applier.ComposeWallpaper(false, TReport::StatusLine);
 }
 
-// What calls knows no exceptions.
 void TTicker::ScreensChanged()
-try {
+{
     m_isOtherScreen = true;
     ComposeForScreens();
-} catch (const std::exception& error) {
-    m_core.Report(TReport::StatusLine, error.what());
 }
 
 // A dialog or a screen saver puts it off.

@@ -13,12 +13,10 @@ class TTicker
 {
 public:
     TTicker(TCore& core, TStorage& storage, TApplier& applier, TTray& tray)
-        : m_core(core), m_storage(storage), m_applier(applier), m_tray(tray)
+        : m_core(core), m_storage(storage), m_applier(applier), m_tray(tray),
+          m_way(core.Services.Door)
     {
-        m_core.Services.Desktop.ListenToScreens([this, alive = std::weak_ptr(m_alive)] {
-            if (!alive.expired())
-                ScreensChanged();
-        });
+        m_core.Services.Desktop.ListenToScreens(m_way.Through([this] { ScreensChanged(); }));
     }
 
     // Every second: changes the wallpaper when the schedule says so.
@@ -50,7 +48,7 @@ private:
     TDateTime m_noChangeBefore = 0; // after too many of them
     TDateTime m_noNewDayBefore = 0; // after a failure
     bool m_isOtherScreen = false;   // than the wallpaper was made for
-    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+    TDoorway m_way;
 };
 
 } // namespace murala

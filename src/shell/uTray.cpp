@@ -35,29 +35,19 @@ TMenuItem Separator()
 } // namespace
 
 TTray::TTray(TCore& core, TStorage& storage, TApplier& applier)
-    : m_core(core), m_storage(storage), m_applier(applier)
+    : m_core(core), m_storage(storage), m_applier(applier), m_icon(core.Services.Door)
 {
-    m_icon.OnLeftClick = [this] { Guard([this] { LeftClick(); }); };
-    m_icon.OnRightClick = [this](TPoint cursor) { Guard([=, this] { RightClick(cursor); }); };
-    m_icon.OnMenuOpens = [this] { Guard([this] { MenuPopup(); }); };
-    m_icon.OnMenuChosen = [this](const std::string& name) { Guard([&] { MenuChosen(name); }); };
-    m_icon.OnChanged = [this] { Guard([this] { IconChanged(); }); };
+    m_icon.OnLeftClick = [this] { LeftClick(); };
+    m_icon.OnRightClick = [this](TPoint cursor) { RightClick(cursor); };
+    m_icon.OnMenuOpens = [this] { MenuPopup(); };
+    m_icon.OnMenuChosen = [this](const std::string& name) { MenuChosen(name); };
+    m_icon.OnChanged = [this] { IconChanged(); };
     m_core.Listeners.Add(*this);
 }
 
 TTray::~TTray()
 {
     m_core.Listeners.Remove(*this);
-}
-
-// What calls knows no exceptions.
-void TTray::Guard(const std::function<void()>& handle)
-{
-    try {
-        handle();
-    } catch (const std::exception& error) {
-        m_core.Report(TReport::StatusLine, error.what());
-    }
 }
 
 void TTray::IconChanged()

@@ -85,7 +85,6 @@ private:
     void CurrentChanged() override;
     void PauseChanged() override;
 
-    void Guard(const std::function<void()>& handle);
     // Events of the icon.
     void IconChanged();
     void LeftClick();

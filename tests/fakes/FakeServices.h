@@ -2,6 +2,7 @@
 #pragma once
 
 #include "uDesktopFakes.h"
+#include "uFakeDoor.h"
 #include "uServices.h"
 #include "uTextFakes.h"
 #include "uTrayFakes.h"
@@ -12,6 +13,8 @@ namespace murala
 {
 
 struct TFakeServices {
+    TFakeDoor Door;
+    TDoor* RealDoor = nullptr; // where there is a toolkit
     TFakeDesktop Desktop;
     TFakeIconView IconView;
     TFakeTaskBar TaskBar;
@@ -31,7 +34,8 @@ struct TFakeServices {
 
     TServices Services()
     {
-        return {Desktop,
+        return {RealDoor != nullptr ? *RealDoor : Door,
+                Desktop,
                 IconView,
                 TaskBar,
                 Autostart,

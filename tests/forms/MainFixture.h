@@ -6,6 +6,7 @@
 #include "uPath.h"
 #include "uTempFolder.h"
 #include "uTestPictures.h"
+#include "uToolkitDoor.h"
 
 #include <chrono>
 #include <memory>
@@ -94,6 +95,7 @@ protected:
     TMainFixture()
     {
         m_services.ProgramFolder = WithTrailingDivider(m_folder.Path());
+        m_services.RealDoor = &m_door;
         m_services.Desktop.Screen = {320, 200};
     }
     ~TMainFixture() override { Close(); }
@@ -197,6 +199,7 @@ protected:
         Pump(20);
     }
 
+    TToolkitDoor m_door;
     TTempFolder m_folder;
     TFakeServices m_services;
     TNoLink m_link;

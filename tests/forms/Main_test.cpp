@@ -118,7 +118,7 @@ TEST_F(MainWindow, AHiddenStartWithApplyLoadsNothingElseUntilAnotherCopyWakesIt)
     EXPECT_EQ(Murala().Preview.Picture(20).Width(), 0);
     m_services.FileQueue.QueueFiles({Picture("C.bmp", 4, 4, 0)});
     m_link.Wake();
-    EXPECT_EQ(Murala().Core.List.Count(), 3);
+    EXPECT_TRUE(PumpUntil([&] { return Murala().Core.List.Count() == 3; }));
     EXPECT_TRUE(PumpUntil([&] { return Control<TPreviewPanel>("iPreview").Picture().IsOk(); }));
     EXPECT_TRUE(m_main->IsEnabled());
     Close();
@@ -161,6 +161,7 @@ TEST_F(MainWindow, WhatComesInDuringADialogWaitsForItsEnd)
     m_services.FileQueue.QueueFiles({Picture("C.bmp", 4, 4, 0)});
     InDialog("TfConfiguration", [&](wxDialog&) {
         m_link.Wake();
+        Pump(20);
         EXPECT_FALSE(m_main->Close());
         EXPECT_EQ(Murala().Core.List.Count(), 2);
         Murala().Ticker.ScheduleTick();
@@ -330,7 +331,7 @@ TEST_F(MainWindow, GoesToTheTrayWhereThereIsOneAndComesBackWhereItWas)
     Pump(500);
     EXPECT_EQ(m_main->GetRect(), before);
     m_services.TrayArea.Events->TrayLeftClick();
-    EXPECT_FALSE(m_main->IsShown());
+    EXPECT_TRUE(PumpUntil([&] { return !m_main->IsShown(); }));
     EXPECT_EQ(m_messages.Texts.size(), 1U);
     Execute(aOptions);
     EXPECT_TRUE(m_main->IsShown());
@@ -349,6 +350,7 @@ TEST_F(MainWindow, AHiddenStartStaysHiddenUntilTheIconIsClicked)
     m_services.TrayArea.Place = TTrayState::There;
     Start();
     m_services.TrayArea.Events->TrayLeftClick();
+    Pump(20);
     Close();
     m_services.TrayArea.Place = TTrayState::Asking; // the desktop is slow
     m_main = new TfMain(m_services.Services(), m_link);
@@ -365,6 +367,7 @@ TEST_F(MainWindow, AHiddenStartStaysHiddenUntilTheIconIsClicked)
     EXPECT_FALSE(m_main->IsIconized());
     EXPECT_EQ(m_messages.Texts.size(), 1U);
     m_services.TrayArea.Events->TrayLeftClick();
+    Pump(20);
     Close();
     m_services.TrayArea.Place = TTrayState::Asking;
     m_main = new TfMain(m_services.Services(), m_link);

@@ -72,16 +72,25 @@ TEST_F(Applier, AnUnwillingDesktopIsToldUntilTheNextWallpaperEvenIfItAnswersLate
     AddPictures(2);
     m_services.Desktop.TakesWallpaper = false;
     Apply(0);
+    m_services.Door.Open();
     EXPECT_EQ(m_murala->Core.Problem, "The desktop did not take the wallpaper.");
     EXPECT_EQ(m_view.Status, m_murala->Core.Problem);
     m_services.Desktop.AnswersLater = true;
     Apply(1);
     EXPECT_TRUE(m_murala->Core.Problem.empty());
     m_services.Desktop.Answer();
+    m_services.Door.Open();
     EXPECT_FALSE(m_murala->Core.Problem.empty());
     Apply(0);
+    m_services.Desktop.Answer(); // on its way when the next one is applied
+    Apply(1);
+    m_services.Door.Open();
+    EXPECT_TRUE(m_murala->Core.Problem.empty());
+    m_services.Desktop.Answer();
     m_murala.reset();
-    m_services.Desktop.Answer(); // there is nobody left to tell
+    m_services.Door.Open(); // there is nobody left to tell
+    m_services.Desktop.Answer();
+    m_services.Door.Open();
 }
 
 TEST_F(Applier, NextNeedsTwoWallpapersAndPreviousOne)

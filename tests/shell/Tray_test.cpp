@@ -64,7 +64,26 @@ protected:
         m_murala->Tray.Enable();
     }
     TFakeTrayArea& Area() { return m_services.TrayArea; }
-    void RightClick() { Area().Events->TrayRightClick({50, 20}); }
+    void LeftClick()
+    {
+        Area().Events->TrayLeftClick();
+        m_services.Door.Open();
+    }
+    void RightClick()
+    {
+        Area().Events->TrayRightClick({50, 20});
+        m_services.Door.Open();
+    }
+    void Chosen(const char* name)
+    {
+        Area().Events->TrayMenuChosen(name);
+        m_services.Door.Open();
+    }
+    void Turn(TTrayState state)
+    {
+        Area().Turn(state);
+        m_services.Door.Open();
+    }
     // What the pop-up would show of the wallpapers.
     const TMenuItem& Wallpapers() { return *FindMenuItem(m_murala->Tray.Menu(), "Wallpaper1"); }
 
@@ -78,28 +97,28 @@ protected:
 
 TEST_F(Tray, ALeftClickHidesTheWindowAndBringsItBackAndPausesIgnoreIt)
 {
-    Area().Events->TrayLeftClick();
+    LeftClick();
     EXPECT_FALSE(m_view.Visible);
-    Area().Events->TrayLeftClick();
+    LeftClick();
     EXPECT_TRUE(m_view.Visible);
     {
         const TPauseScope dialog(m_murala->Core.Pauses);
         EXPECT_FALSE(m_murala->Tray.IsEnabled());
-        Area().Events->TrayLeftClick();
+        LeftClick();
         RightClick();
     }
     EXPECT_TRUE(m_murala->Tray.IsEnabled());
     EXPECT_TRUE(m_view.Visible);
     EXPECT_TRUE(m_window.Places.empty());
     // A double click is two single ones.
-    Area().Events->TrayLeftClick();
-    Area().Events->TrayLeftClick();
+    LeftClick();
+    LeftClick();
     EXPECT_TRUE(m_view.Visible);
     m_actions.Execute(aExit);
     { // the end of a message does not enable it again
         const TPauseScope message(m_murala->Core.Pauses);
     }
-    Area().Events->TrayLeftClick();
+    LeftClick();
     EXPECT_TRUE(m_view.Visible);
 }
 
@@ -309,17 +328,17 @@ TEST_F(Tray, TheBestAreaHasTheIconWhateverComesAndGoes)
     const auto where = [this] {
         return std::string(Area().HasIcon ? "own" : "") + (m_other.HasIcon ? "other" : "");
     };
-    Area().Turn(TTrayState::Missing);
+    Turn(TTrayState::Missing);
     EXPECT_EQ(where(), "");
     EXPECT_FALSE(m_murala->Tray.CanHide());
     m_other.Place = TTrayState::There;
     m_murala->Ticker.RefreshTick();
     EXPECT_EQ(where(), "other");
-    Area().Turn(TTrayState::Asking); // the other one stays until the answer is there
+    Turn(TTrayState::Asking); // the other one stays until the answer is there
     EXPECT_EQ(where(), "other");
-    Area().Turn(TTrayState::There);
+    Turn(TTrayState::There);
     EXPECT_EQ(where(), "own");
-    Area().Turn(TTrayState::Missing);
+    Turn(TTrayState::Missing);
     EXPECT_EQ(where(), "other");
     EXPECT_GE(m_window.Changed, 4);
 }
@@ -336,12 +355,12 @@ TEST_F(Tray, ADesktopThatDrawsTheMenuHasTheLatest)
     m_murala->Desk.AddFiles({Picture("New.bmp")});
     Area().Events->TrayMenuOpens();
     EXPECT_NE(FindMenuItem(Area().Menu, "CategoryMenuItem2"), nullptr);
-    Area().Events->TrayMenuChosen("CategoryMenuItem1");
+    Chosen("CategoryMenuItem1");
     EXPECT_EQ(CurrentIndex(), 1);
     EXPECT_TRUE(FindMenuItem(Area().Menu, "CategoryMenuItem1")->Checked);
-    Area().Events->TrayMenuChosen("aExit");
+    Chosen("aExit");
     EXPECT_FALSE(m_murala->Tray.IsEnabled());
-    Area().Events->TrayMenuChosen("CategoryMenuItem0");
+    Chosen("CategoryMenuItem0");
     EXPECT_EQ(CurrentIndex(), 1);
 }
 
@@ -361,11 +380,11 @@ TEST_F(Tray, TheMenuOfThousandsIsMadeWhenItIsWantedAndTheDesktopKeepsIt)
     EXPECT_NE(told("aExit"), nullptr);
     Area().Events->TrayMenuOpens();
     EXPECT_NE(told("CategoryMenuItem299"), nullptr);
-    Area().Events->TrayMenuChosen("CategoryMenuItem4");
+    Chosen("CategoryMenuItem4");
     EXPECT_TRUE(told("CategoryMenuItem4")->Checked);
     // Where that takes the desktop long it waits until nobody is at the menu.
     Area().IsShown = Area().IsSlow = true;
-    Area().Events->TrayMenuChosen("CategoryMenuItem5");
+    Chosen("CategoryMenuItem5");
     for (int i = 0; i < 3; ++i)
         m_murala->Ticker.RefreshTick();
     EXPECT_TRUE(isHeld());
@@ -382,14 +401,14 @@ TEST_F(Tray, TheMenuOfThousandsIsMadeWhenItIsWantedAndTheDesktopKeepsIt)
     Select(0);
     m_murala->Desk.RemoveSelected();
     const std::string wanted = Item(298).FileName();
-    Area().Events->TrayMenuChosen("CategoryMenuItem299");
+    Chosen("CategoryMenuItem299");
     EXPECT_EQ(m_murala->Core.Selection.Current()->FileName(), wanted);
     EXPECT_NE(told("CategoryMenuItem299"), nullptr);
     m_services.Desktop.Calls.clear();
-    Area().Events->TrayMenuChosen("CategoryMenuItem0"); // was removed
+    Chosen("CategoryMenuItem0"); // was removed
     EXPECT_TRUE(m_services.Desktop.Calls.empty());
     m_view.Visible = false;
-    Area().Events->TrayMenuChosen("MoreCategoryMenuItem"); // too deep for the desktop
+    Chosen("MoreCategoryMenuItem"); // too deep for the desktop
     EXPECT_TRUE(m_view.Visible);
 
     Area().Events->TrayMenuOpens();

@@ -59,7 +59,7 @@ TPlacement DefaultPlacement(const wxSize& size)
 TfMain::TfMain(const TServices& services, TInstanceLink& link)
     : m_murala(services, *this),
       alMain([this](const std::exception& error) { ReportError(error, TReport::MessageBox); }),
-      m_binder(*this, alMain), m_services(services), m_link(link)
+      m_binder(*this, alMain), m_services(services), m_link(link), m_way(services.Door)
 {
     wxFrame::Create(nullptr, wxID_ANY, "Murala", wxDefaultPosition, wxDefaultSize,
                     wxDEFAULT_FRAME_STYLE, "TfMain");
@@ -73,19 +73,17 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
     BuildClient();
     BindEvents();
     m_murala.Core.Listeners.Add(*this);
-    // The link outlives the window.
-    m_link.Listen(nullptr, [self = wxWeakRef<TfMain>(this)] {
-        if (self)
-            self->WakeUp();
-    });
-    m_services.SessionEnd.ListenToQuestion([self = wxWeakRef<TfMain>(this)] {
-        if (self)
-            self->SaveForSessionEnd();
-    });
-    m_services.SessionEnd.Listen(GetHandle(), [self = wxWeakRef<TfMain>(this)] {
-        if (self)
-            self->EndSession();
-    });
+    // The link outlives the window, and the end of the session does not wait for a turn of the
+    // loop.
+    m_link.Listen(nullptr, m_way->Through([this] { WakeUp(); }));
+    const auto pass = [this](void (TfMain::*what)()) {
+        return [this, what, self = wxWeakRef<TfMain>(this)] {
+            if (self)
+                m_services.Door.Pass([=, this] { (this->*what)(); });
+        };
+    };
+    m_services.SessionEnd.ListenToQuestion(pass(&TfMain::SaveForSessionEnd));
+    m_services.SessionEnd.Listen(GetHandle(), pass(&TfMain::EndSession));
     TfProgress fProgress("Starting Up...");
     m_murala.LoadSettings(DefaultPlacement(DesignSize()));
     fProgress.Step();
@@ -327,6 +325,7 @@ void TfMain::FormClose(wxCloseEvent& event)
     for (wxTimer* timer : {&tSelectItem, &tLoadPreview, &tPreviewUpdate, &tSchedule, &tRefreshIcons,
                            &tIcons, &tPlacement})
         timer->Stop();
+    m_way.reset();
     m_murala.Tray.Remove();
     m_murala.Close();
     event.Skip();

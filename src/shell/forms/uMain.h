@@ -137,6 +137,7 @@ private:
     TActionBinder m_binder;
     TServices m_services;
     TInstanceLink& m_link;
+    std::optional<TDoorway> m_way; // until it closes
 
     wxPanel* m_client = nullptr;
     wxSplitterWindow* spVertical = nullptr;

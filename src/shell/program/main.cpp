@@ -3,6 +3,7 @@
 #include "uProcessMemory.h"
 #include "uProgramEntry.h"
 #include "uProgramFolder.h"
+#include "uToolkitDoor.h"
 
 #include <wx/log.h>
 
@@ -24,7 +25,7 @@ public:
         delete wxLog::SetActiveTarget(nullptr); // from now on there can be message boxes
         SetAppName("Murala");
         SetClassName("murala");
-        m_services = std::make_unique<THomeServices>();
+        m_services = std::make_unique<THomeServices>(m_door);
         auto* fMain = new TfMain(m_services->Services(), *m_link);
         fMain->Activate(m_arguments);
         return true;
@@ -32,6 +33,7 @@ public:
 
 private:
     std::vector<std::string> m_arguments;
+    TToolkitDoor m_door;
     std::unique_ptr<THomeServices> m_services;
     std::unique_ptr<TInstanceLink> m_link;
 };

@@ -1,5 +1,6 @@
 #include "uDBusMenu.h"
 
+#include "uDoor.h"
 #include "uWork.h"
 
 #include <algorithm>
@@ -55,8 +56,12 @@ constexpr TQuestion Questions[] = {
     {"GetProperty", &TToldMenu::GetProperty},
 };
 
-void Return(GDBusMethodInvocation* call, GVariant* answer)
+// What is thrown meanwhile is no such entry, either.
+template<typename TAnswer>
+void Return(GDBusMethodInvocation* call, const TAnswer& find)
 {
+    GVariant* answer = nullptr;
+    NoThrow([&] { answer = find(); });
     if (answer != nullptr)
         g_dbus_method_invocation_return_value(call, answer);
     else
@@ -202,17 +207,16 @@ void TDBusMenu::OnCall(GDBusConnection*, const char*, const char*, const char*, 
     if (name == "GetLayout" && told->IsForOutline(arguments)) {
         if (!self->m_outline)
             self->m_outline.emplace();
-        Return(call, told->GetOutline(arguments, *self->m_outline));
+        Return(call, [&] { return told->GetOutline(arguments, *self->m_outline); });
     } else if (name == "GetLayout" && told->IsLarge(arguments)) {
         // The call holds its arguments.
-        WorkAside([=] { Return(call, told->GetLayout(arguments)); }, [] {});
+        WorkAside([=] { Return(call, [&] { return told->GetLayout(arguments); }); }, [] {});
     } else if (question != std::end(Questions)) {
-        Return(call, ((*told).*question->Answer)(arguments));
+        Return(call, [&] { return ((*told).*question->Answer)(arguments); });
     } else {
         const auto* known = std::ranges::find(Methods, name, &TMethod::Name);
-        Return(call, (self->*known->Answer)(arguments));
-        // Not before the desktop has its answer: what is chosen may take its time.
-        self->TellChosen();
+        Return(call, [&] { return (self->*known->Answer)(arguments); });
+        NoThrow([&] { self->TellChosen(); });
     }
 }
 

@@ -4,6 +4,7 @@
 // when the desktop starts: then it is started again.
 #include "uBackground.h"
 #include "uDesktopWindow.h"
+#include "uDoor.h"
 #include "uFolders.h"
 #include "uGLib.h"
 #include "uImageFile.h"
@@ -45,7 +46,7 @@ void Later(guint milliseconds, std::function<void()> action)
     g_timeout_add_full(
         G_PRIORITY_DEFAULT, milliseconds,
         [](gpointer data) -> gboolean {
-            (*static_cast<std::function<void()>*>(data))();
+            NoThrow(*static_cast<std::function<void()>*>(data));
             return G_SOURCE_REMOVE;
         },
         new std::function<void()>(std::move(action)),

@@ -3,6 +3,7 @@
 #include "uBackground.h"
 #include "uColorText.h"
 #include "uDesktop.h"
+#include "uDoor.h"
 #include "uGLib.h"
 #include "uIniFile.h"
 #include "uPath.h"
@@ -162,7 +163,7 @@ private:
             m_job->Retry = g_timeout_add(
                 RetryPauseMs,
                 [](gpointer self) -> gboolean {
-                    static_cast<TLinuxDesktop*>(self)->Try();
+                    NoThrow([=] { static_cast<TLinuxDesktop*>(self)->Try(); });
                     return G_SOURCE_REMOVE;
                 },
                 this);

@@ -1,3 +1,4 @@
+#include "uDoor.h"
 #include "uSessionEnd.h"
 #include "uSessionManager.h"
 
@@ -40,7 +41,7 @@ private:
     {
         // A second signal finds the program ending already.
         if (auto onEnd = std::exchange(static_cast<TLinuxSessionEnd*>(self)->m_onEnd, nullptr))
-            onEnd();
+            NoThrow(onEnd);
         return G_SOURCE_CONTINUE;
     }
 

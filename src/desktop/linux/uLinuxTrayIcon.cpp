@@ -168,7 +168,7 @@ private:
     {
         m_state = state;
         if (m_events != nullptr)
-            m_events->TrayAreaChanged();
+            NoThrow([this] { m_events->TrayAreaChanged(); });
     }
 
     // Whether the watcher has a host, so that an icon is shown.
@@ -292,17 +292,26 @@ private:
         g_dbus_method_invocation_return_value(call, nullptr);
         if (events == nullptr)
             return;
-        if (std::strcmp(method, "Activate") == 0)
-            events->TrayLeftClick();
-        else if (std::strcmp(method, "ContextMenu") == 0)
-            events->TrayRightClick(point);
+        NoThrow([&] {
+            if (std::strcmp(method, "Activate") == 0)
+                events->TrayLeftClick();
+            else if (std::strcmp(method, "ContextMenu") == 0)
+                events->TrayRightClick(point);
+        });
     }
 
     static GVariant* OnGet(GDBusConnection*, const char*, const char*, const char*,
-                           const char* property, GError**, gpointer data)
+                           const char* property, GError** error, gpointer data)
     {
-        const TTrayLook& look = static_cast<TNotifierItem*>(data)->m_look;
-        const std::string_view name = property;
+        GVariant* value = nullptr;
+        NoThrow([&] { value = Value(static_cast<TNotifierItem*>(data)->m_look, property); });
+        if (value == nullptr)
+            g_set_error_literal(error, G_IO_ERROR, G_IO_ERROR_FAILED, "There is no memory for it.");
+        return value;
+    }
+
+    static GVariant* Value(const TTrayLook& look, std::string_view name)
+    {
         if (name == "IconPixmap")
             return Pixmaps(look.Icon.get());
         if (name == "ToolTip") {

@@ -1,5 +1,6 @@
 #include "uProcess.h"
 
+#include "uDoor.h"
 #include "uGLib.h"
 
 #include <sys/resource.h>
@@ -60,7 +61,9 @@ void OnRunEnd(GObject* process, GAsyncResult* result, gpointer data)
     const std::unique_ptr<TRun> run(static_cast<TRun*>(data));
     if (run->Limit != 0)
         g_source_remove(run->Limit);
-    run->OnEnd(g_subprocess_wait_check_finish(G_SUBPROCESS(process), result, nullptr) != FALSE);
+    const bool worked =
+        g_subprocess_wait_check_finish(G_SUBPROCESS(process), result, nullptr) != FALSE;
+    NoThrow([&] { run->OnEnd(worked); });
 }
 
 } // namespace

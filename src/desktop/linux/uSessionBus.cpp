@@ -1,5 +1,7 @@
 #include "uSessionBus.h"
 
+#include "uDoor.h"
+
 #include <cstdlib>
 #include <filesystem>
 
@@ -51,7 +53,7 @@ void OnCallDone(GObject* bus, GAsyncResult* result, gpointer data)
 {
     const std::unique_ptr<TCall> call(static_cast<TCall*>(data));
     const TVariant answer(g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, nullptr));
-    call->OnAnswer(answer.get());
+    NoThrow([&] { call->OnAnswer(answer.get()); });
 }
 
 void OnBus(GObject* /*source*/, GAsyncResult* result, gpointer data)
@@ -59,7 +61,7 @@ void OnBus(GObject* /*source*/, GAsyncResult* result, gpointer data)
     std::unique_ptr<TCall> call(static_cast<TCall*>(data));
     const TGObject<GDBusConnection> bus(g_bus_get_finish(result, nullptr));
     if (!bus)
-        return call->OnAnswer(nullptr);
+        return NoThrow([&] { call->OnAnswer(nullptr); });
     g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
     const TBusObject& object = call->Object;
     g_dbus_connection_call(bus.get(), object.Name, object.Path, object.Interface, call->Method,

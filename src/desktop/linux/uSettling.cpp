@@ -1,5 +1,7 @@
 #include "uSettling.h"
 
+#include "uDoor.h"
+
 #include <glib.h>
 
 #include <utility>
@@ -20,7 +22,7 @@ void TSettling::Begin()
         [](gpointer data) -> gboolean {
             auto* self = static_cast<TSettling*>(data);
             self->m_source = 0;
-            self->m_onSettled();
+            NoThrow(self->m_onSettled);
             return G_SOURCE_REMOVE;
         },
         this);

@@ -3,6 +3,7 @@
 // was set, so that it is set again.
 #include "uBackground.h"
 #include "uDescriptor.h"
+#include "uDoor.h"
 #include "uGLib.h"
 
 #include <cstdlib>
@@ -76,8 +77,10 @@ private:
             self->m_socket = TDescriptor();
             return G_SOURCE_REMOVE;
         }
-        self->m_received.append(bytes, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-        self->TakeMessages();
+        NoThrow([=] {
+            self->m_received.append(bytes, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+            self->TakeMessages();
+        });
         return G_SOURCE_CONTINUE;
     }
 

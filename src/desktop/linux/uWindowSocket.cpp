@@ -1,5 +1,6 @@
 #include "uWindowSocket.h"
 
+#include "uDoor.h"
 #include "uPath.h"
 #include "uSafeFile.h"
 
@@ -133,9 +134,11 @@ TWindowSocket::~TWindowSocket()
 int TWindowSocket::OnConnection(int descriptor, int /*condition*/, void* self)
 {
     const TDescriptor connection(accept4(descriptor, nullptr, nullptr, SOCK_CLOEXEC));
-    if (connection)
-        if (const auto message = ReceiveLine(connection, MessageLimitUs))
-            static_cast<TWindowSocket*>(self)->m_onMessage(*message);
+    NoThrow([&] {
+        if (connection)
+            if (const auto message = ReceiveLine(connection, MessageLimitUs))
+                static_cast<TWindowSocket*>(self)->m_onMessage(*message);
+    });
     return G_SOURCE_CONTINUE;
 }
 

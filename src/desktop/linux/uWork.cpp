@@ -1,5 +1,6 @@
 #include "uWork.h"
 
+#include "uDoor.h"
 #include "uGLib.h"
 
 namespace murala
@@ -17,13 +18,13 @@ void WorkAside(std::function<void()> work, std::function<void()> onDone)
     const TGObject<GTask> task(g_task_new(
         nullptr, nullptr,
         [](GObject*, GAsyncResult* result, gpointer) {
-            static_cast<TWork*>(g_task_get_task_data(G_TASK(result)))->OnDone();
+            NoThrow(static_cast<TWork*>(g_task_get_task_data(G_TASK(result)))->OnDone);
         },
         nullptr));
     g_task_set_task_data(task.get(), new TWork{std::move(work), std::move(onDone)},
                          [](gpointer data) { delete static_cast<TWork*>(data); });
     g_task_run_in_thread(task.get(), [](GTask*, gpointer, gpointer data, GCancellable*) {
-        static_cast<TWork*>(data)->Work();
+        NoThrow(static_cast<TWork*>(data)->Work);
     });
 }
 

@@ -5,8 +5,8 @@
 namespace murala
 {
 
-// `work` runs in a thread of its own, and touches nothing that others do; then `onDone` in this
-// one, out of the main loop. Neither throws.
+// `work` runs in a thread of its own, and touches nothing that others do; then, whatever it has
+// thrown, `onDone` in this one, out of the main loop.
 void WorkAside(std::function<void()> work, std::function<void()> onDone);
 
 } // namespace murala

@@ -269,8 +269,11 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
     DragAcceptFiles(true);
     tRefreshIcons.Start(RefreshInterval);
     tScheduleTimer();
-    QueueFilesFromCommandLine(m_services.FileQueue, arguments);
-    m_murala.Session.ImportQueuedFiles();
+    // By the door: what is too much of it must not end the program.
+    m_way->Post([=, this] {
+        QueueFilesFromCommandLine(m_services.FileQueue, arguments);
+        m_murala.Session.ImportQueuedFiles();
+    });
 }
 
 // Another copy was started: it has left its files and wants this one to be seen.

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <exception>
 #include <memory>
 #include <utility>
 
@@ -44,14 +45,19 @@ TEvent NewClick(GdkWindow* window)
 struct TClick {
     const GdkEvent* Event;
     const std::function<void()>& Action;
+    std::exception_ptr Thrown; // GTK knows no exceptions
 };
 
 gboolean OnEvent(GtkWidget*, GdkEvent* event, gpointer data)
 {
-    const auto* click = static_cast<const TClick*>(data);
+    auto* click = static_cast<TClick*>(data);
     if (event != click->Event)
         return FALSE;
-    click->Action();
+    try {
+        click->Action();
+    } catch (...) {
+        click->Thrown = std::current_exception();
+    }
     return TRUE;
 }
 
@@ -133,10 +139,12 @@ void RunAsClicked(wxWindow& window, const std::function<void()>& action)
     if (place == nullptr)
         return action();
     const TEvent event = NewClick(place);
-    TClick click{event.get(), action};
+    TClick click{event.get(), action, nullptr};
     const gulong handler = g_signal_connect(widget, "event", G_CALLBACK(OnEvent), &click);
     gtk_main_do_event(event.get());
     g_signal_handler_disconnect(widget, handler);
+    if (click.Thrown)
+        std::rethrow_exception(click.Thrown);
 }
 
 void SetMenuColumns(wxMenu& menu, const std::vector<std::size_t>& firsts)

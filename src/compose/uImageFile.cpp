@@ -100,13 +100,15 @@ std::unique_ptr<TImageReader> ReadBitmap(const TBitmap& bitmap)
     return std::make_unique<TBitmapReader>(bitmap);
 }
 
-TBitmap LoadImageFile(const std::string& fileName)
-{
-    const auto reader = OpenImage(fileName);
+TBitmap LoadImageFile(const std::string& fileName, TDecoding decoding)
+try {
+    const auto reader = OpenImage(fileName, decoding);
     TBitmap bitmap(reader->Size().Width, reader->Size().Height);
     for (int y = 0; y < bitmap.Height(); ++y)
         reader->ReadRow(y, bitmap.Row(y));
     return bitmap;
+} catch (const EImageFormat& error) {
+    throw EInvalidImage(fileName, error.what());
 }
 
 TSize ImageFileSize(const std::string& fileName)

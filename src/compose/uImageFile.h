@@ -42,12 +42,14 @@ public:
     virtual void ReadRow(int y, TPixel* row) = 0;
 };
 
-// How a JPEG is decoded: at 1/1, 1/2, 1/4 or 1/8 of its size, fast instead of exact, and one of
-// several scans by calls of Prepare instead of when it is opened.
+// How a JPEG is decoded: at 1/1, 1/2, 1/4 or 1/8 of its size, fast instead of exact, one of
+// several scans by calls of Prepare instead of when it is opened, and with EImageFormat from
+// ReadRow where a row is damaged or missing.
 struct TDecoding {
     int Divisor = 1;
     bool Fast = false;
     bool InPieces = false;
+    bool Strict = false;
 };
 
 // Throws EInvalidImage when the file is missing, is no picture or promises more than any picture
@@ -58,7 +60,7 @@ std::unique_ptr<TImageReader> OpenImage(const std::string& fileName, TDecoding d
 std::unique_ptr<TImageReader> ReadBitmap(const TBitmap& bitmap);
 
 // The whole picture. Throws EInvalidImage.
-TBitmap LoadImageFile(const std::string& fileName);
+TBitmap LoadImageFile(const std::string& fileName, TDecoding decoding = {});
 
 // Only the header is read. Throws EInvalidImage.
 TSize ImageFileSize(const std::string& fileName);

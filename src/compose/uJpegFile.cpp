@@ -156,6 +156,7 @@ public:
     void Start(TDecoding decoding)
     {
         CheckSize();
+        m_isStrict = decoding.Strict;
         m_info.progress = &m_scanLimit;
         m_info.scale_denom = static_cast<unsigned>(decoding.Divisor);
         if (decoding.Fast) {
@@ -190,6 +191,8 @@ public:
             CheckMemory(m_error);
             m_isBroken = true;
         }
+        if (m_isStrict && (m_isBroken || m_error.num_warnings > 0))
+            throw EImageFormat(ErrorText(m_info));
         if (m_isBroken)
             std::fill_n(row, m_info.output_width, 0);
         else if (!m_ink.empty())
@@ -274,6 +277,7 @@ private:
     std::vector<JSAMPLE> m_ink; // a row of CMYK, empty for other colours
     bool m_isTakenIn = false;   // all scans of a picture that is decoded in pieces
     bool m_isBroken = false;
+    bool m_isStrict = false;
 };
 
 // What libjpeg writes into.

@@ -11,7 +11,6 @@
 #include <limits>
 #include <numeric>
 #include <tuple>
-#include <unordered_set>
 
 namespace murala
 {
@@ -219,21 +218,34 @@ void TMuWallpaperList::SetThumbnailFolder(std::string_view path)
 
 void TMuWallpaperList::ForgetThumbnail(const std::string& fileName)
 {
-    std::erase(LoadedThumbnails, fileName);
+    const auto place = std::ranges::find(LoadedThumbnails, fileName);
+    if (place != LoadedThumbnails.end())
+        LoadedThumbnails.erase(place);
 }
 
-void TMuWallpaperList::TrimThumbnails(int count)
+void TMuWallpaperList::FreeThumbnail(TMuWallpaper& item)
+{
+    if (item.Thumbnail)
+        ForgetThumbnail(item.FileName());
+    item.FreeThumbnail();
+}
+
+void TMuWallpaperList::TrimThumbnails(int count, const std::unordered_set<std::string>& kept)
 {
     if (Busy)
         return;
     Busy = true;
-    const auto first = LoadedThumbnails.begin();
-    const auto end = first + std::clamp(count, 0, static_cast<int>(LoadedThumbnails.size()));
-    for (auto fileName = first; fileName != end; ++fileName) {
-        const auto [from, to] = m_byFileName.equal_range(*fileName);
-        std::for_each(from, to, [](const auto& entry) { entry.second->FreeThumbnail(); });
-    }
-    LoadedThumbnails.erase(first, end);
+    std::erase_if(LoadedThumbnails, [&](const std::string& fileName) {
+        if (count <= 0 || kept.contains(fileName))
+            return false;
+        --count;
+        const auto [from, to] = m_byFileName.equal_range(fileName);
+        const auto held = std::find_if(
+            from, to, [](const auto& entry) { return entry.second->Thumbnail != nullptr; });
+        if (held != to)
+            held->second->FreeThumbnail();
+        return true;
+    });
     Busy = false;
 }
 

@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -132,8 +133,10 @@ public:
     std::int32_t NextThumbnailNumber() const;
     // Throws EFileError when the folder cannot be made.
     void SetThumbnailFolder(std::string_view path);
-    void ForgetThumbnail(const std::string& fileName);
-    void TrimThumbnails(int count);
+    void ForgetThumbnail(const std::string& fileName); // of one item, should several have that file
+    void FreeThumbnail(TMuWallpaper& item);
+    // The first ones, but for those of files that are to be kept.
+    void TrimThumbnails(int count, const std::unordered_set<std::string>& kept = {});
     void FreeAllThumbnails();
 
     // By the column's text, equal categories by their titles. Stable.

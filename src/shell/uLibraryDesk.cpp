@@ -1,6 +1,7 @@
 #include "uLibraryDesk.h"
 
 #include "uItemWork.h"
+#include "uItemsAt.h"
 #include "uPath.h"
 #include "uText.h"
 
@@ -36,14 +37,14 @@ int TLibraryDesk::AddFiles(const std::vector<std::string>& fileNames, const std:
     int added = 0;
     {
         const TBusyScope busy(m_core.View);
-        const auto work = m_core.View.BeginWork(range);
+        TWork work(m_core, range);
         for (int i = 0; i < range; ++i) {
             const std::string& fileName = fileNames[static_cast<std::size_t>(i)];
             const std::string text = FormatText("Loading images (%s)", {FileNamePart(fileName)});
             // Telling every single file would take longer than adding it.
             if (i % TellEach == 0)
                 m_core.View.SetStatus(text);
-            if (i % TellEach == 0 && !work->Step(i, text))
+            if (i % TellEach == 0 && !work.Step(i, text))
                 break;
             added += AddFile(fileName, category) ? 1 : 0;
         }
@@ -68,8 +69,8 @@ void TLibraryDesk::RemoveSelected()
 {
     std::vector<int> rows = m_core.Selection.Rows();
     // Deleting thousands of files takes a while; what is left when the user ends it stays.
-    rows.resize(WorkOn(m_core, m_core.Selection.Items(), "Removing", [this](TMuWallpaper& item) {
-        m_core.List.ForgetThumbnail(item.FileName());
+    rows.resize(WorkOn(m_core, ItemsAt(m_core.List, rows), "Removing", [this](TMuWallpaper& item) {
+        m_core.List.FreeThumbnail(item);
         item.DeleteThumbnailFile();
     }));
     if (rows.empty())
@@ -95,21 +96,20 @@ void TLibraryDesk::Rename(TMuWallpaper& item, const std::string& title)
 
 void TLibraryDesk::Retitle(const TItems& items)
 {
-    const TPauseScope pause(m_core.Pauses);
     {
-        const auto work = m_core.View.BeginWork(static_cast<int>(items.size()));
+        TWork work(m_core, static_cast<int>(items.size()));
         for (std::size_t i = 0; i < items.size(); ++i) {
             const std::string title = MakeTitle(items[i]->FileName(), m_core.Settings.Titles);
             if (i % TellEach == 0 &&
-                !work->Step(static_cast<int>(i),
-                            FormatText("Renaming Wallpaper:%s%s", {"\n", title})))
+                !work.Step(static_cast<int>(i),
+                           FormatText("Renaming Wallpaper:%s%s", {"\n", title})))
                 break;
             items[i]->Title = title;
         }
-        work->Step(static_cast<int>(items.size()), "Saving Wallpaper List...");
+        work.Finish("Saving Wallpaper List...");
+        m_storage.SaveList();
     }
     m_core.Listeners.Tell(&TListener::ItemsChanged, items);
-    m_storage.SaveList();
 }
 
 std::vector<std::string> TLibraryDesk::Categories() const

@@ -63,22 +63,23 @@ std::string TThumbnailStatistics::CountText() const
     return std::to_string(Count);
 }
 
-const TBitmap* TThumbnailCache::Held(TMuWallpaper& item)
+const TBitmap* TThumbnailCache::Held(const TMuWallpaper& item)
 {
-    if (!item.Thumbnail)
-        return nullptr;
+    return static_cast<const TBitmap*>(item.Thumbnail.get());
+}
+
+void TThumbnailCache::Touch(const TMuWallpaper& item)
+{
     auto& loaded = m_list.LoadedThumbnails;
     const auto place = std::ranges::find(loaded, item.FileName());
     if (place != loaded.end() && place - loaded.begin() > UntouchedPositions)
         std::rotate(loaded.begin(), place, place + 1);
-    return static_cast<const TBitmap*>(item.Thumbnail.get());
 }
 
 const TBitmap& TThumbnailCache::GetThumbnail(TMuWallpaper& item)
 {
-    if (const TBitmap* held = Held(item))
-        return *held;
-    m_shownCount = 0;
+    if (item.Thumbnail)
+        Touch(item);
     while (!item.Thumbnail)
         if (TThumbnailStep step = Advance(item); step.Progress == TThumbnailProgress::Failed)
             throw EThumbnail(item.FileName(), step.Error);
@@ -87,18 +88,51 @@ const TBitmap& TThumbnailCache::GetThumbnail(TMuWallpaper& item)
 
 TThumbnailStep TThumbnailCache::MakeNext(std::span<TMuWallpaper* const> shown)
 {
-    m_shownCount = static_cast<int>(shown.size());
+    Show(shown);
     TMuWallpaper* item = NextWanted(shown);
     if (item == nullptr) {
         m_making.reset();
         return {};
     }
-    if (!IsBeingMade(*item))
+    return Make(*item);
+}
+
+TThumbnailStep TThumbnailCache::Make(TMuWallpaper& item)
+{
+    if (!IsBeingMade(item))
         MakeRoom();
-    TThumbnailStep step = Advance(*item);
+    TThumbnailStep step = Advance(item);
     if (step.Progress == TThumbnailProgress::Failed)
-        step.Error = EThumbnail(item->FileName(), step.Error).what();
+        step.Error = EThumbnail(item.FileName(), step.Error).what();
     return step;
+}
+
+void TThumbnailCache::Show(std::span<TMuWallpaper* const> shown)
+{
+    std::vector<std::uint64_t> ids;
+    ids.reserve(shown.size());
+    for (const TMuWallpaper* item : shown)
+        ids.push_back(item->Id());
+    if (ids == m_shown)
+        return;
+    m_shownFiles.clear();
+    for (const TMuWallpaper* item : shown) {
+        m_shownFiles.insert(item->FileName());
+        if (std::ranges::find(m_shown, item->Id()) == m_shown.end())
+            Arrive(*item);
+    }
+    m_shown = std::move(ids);
+    if (!IsShown(m_secondTry))
+        EndSecondTry(m_limitBefore);
+}
+
+void TThumbnailCache::Arrive(const TMuWallpaper& item)
+{
+    const auto failure = m_failed.find(item.FileName());
+    if (item.Thumbnail)
+        Touch(item);
+    else if (failure != m_failed.end() && TClock::now() - failure->second >= RetryPause)
+        m_failed.erase(failure);
 }
 
 bool TThumbnailCache::IsBeingMade(const TMuWallpaper& item) const
@@ -148,18 +182,17 @@ try {
 
 void TThumbnailCache::MakeRoom()
 {
-    const auto loaded = static_cast<std::int32_t>(m_list.LoadedThumbnails.size());
-    if (loaded > std::max(m_list.MaxThumbnails, m_shownCount))
-        m_list.TrimThumbnails(TrimmedAtOnce);
+    if (std::cmp_greater(m_list.LoadedThumbnails.size(), m_list.MaxThumbnails))
+        m_list.TrimThumbnails(TrimmedAtOnce, m_shownFiles);
 }
 
 bool TThumbnailCache::LoadKept(TMuWallpaper& item, const std::string& file)
 {
-    if (file.empty() || FileAge(file) <= FileAge(item.FileName()))
+    if (file.empty() || m_undeletable.contains(file) || FileAge(file) <= FileAge(item.FileName()))
         return false;
     MakeRoom();
     try {
-        TBitmap thumbnail = LoadImageFile(file);
+        TBitmap thumbnail = LoadImageFile(file, {.Strict = true});
         if (thumbnail.Size() != StoredThumbnailSize)
             return false;
         Hold(item, std::move(thumbnail));
@@ -171,46 +204,77 @@ bool TThumbnailCache::LoadKept(TMuWallpaper& item, const std::string& file)
 
 void TThumbnailCache::Keep(const TBitmap& thumbnail, const std::string& file)
 try {
-    if (!file.empty())
-        SaveJpegFile(thumbnail, file, Quality);
+    if (file.empty())
+        return;
+    Save(thumbnail, file);
+    m_undeletable.erase(file);
 } catch (const EFileError& error) {
     if (!m_isNoticeTaken && m_notice.empty())
         m_notice = std::string("Thumbnails are shown, but they cannot be kept.\r\n") + error.what();
+}
+
+// The folder may have been deleted since the start.
+void TThumbnailCache::Save(const TBitmap& thumbnail, const std::string& file)
+try {
+    SaveJpegFile(thumbnail, file, Quality);
+} catch (const EFileError&) {
+    std::error_code error;
+    if (std::filesystem::exists(NativePath(m_list.ThumbnailFolder), error))
+        throw;
+    m_list.SetThumbnailFolder(m_list.ThumbnailFolder);
+    SaveJpegFile(thumbnail, file, Quality);
 }
 
 TThumbnailStep TThumbnailCache::Hold(TMuWallpaper& item, TBitmap thumbnail)
 {
     item.Thumbnail = std::make_unique<TBitmap>(std::move(thumbnail));
     m_list.LoadedThumbnails.push_back(item.FileName());
+    m_failed.erase(item.FileName());
     if (m_secondTry == item.FileName())
-        m_secondTry.clear();
+        EndSecondTry(m_list.MaxThumbnails); // there was too little room
     return {TThumbnailProgress::Made, &item, {}};
 }
 
 TThumbnailStep TThumbnailCache::Recover(TMuWallpaper& item, const std::string& reason)
 {
-    auto& loaded = m_list.LoadedThumbnails;
+    const auto& loaded = m_list.LoadedThumbnails;
     m_making.reset();
+    m_limitBefore = m_limitBefore.value_or(m_list.MaxThumbnails);
     m_list.MaxThumbnails = std::max(FewestThumbnails, static_cast<std::int32_t>(loaded.size()) - 1);
-    m_list.ForgetThumbnail(item.FileName());
-    item.FreeThumbnail();
-    if (loaded.empty() || m_secondTry == item.FileName()) {
-        m_secondTry.clear();
-        m_failed.insert(item.FileName());
+    m_list.FreeThumbnail(item);
+    const bool isAllShown =
+        std::ranges::all_of(loaded, [this](const std::string& file) { return IsShown(file); });
+    if (isAllShown || m_secondTry == item.FileName()) {
+        EndSecondTry(m_limitBefore); // room was not what it lacked
+        m_failed.insert_or_assign(item.FileName(), TClock::now());
         return {TThumbnailProgress::Failed, &item, reason};
     }
-    m_list.FreeAllThumbnails();
+    // What is on the screen would be loaded again at once.
+    m_list.TrimThumbnails(static_cast<int>(loaded.size()), m_shownFiles);
     m_secondTry = item.FileName();
     return {TThumbnailProgress::Working, &item, {}};
 }
 
-void TThumbnailCache::Refresh(TMuWallpaper& item)
+// The limit was lowered for it.
+void TThumbnailCache::EndSecondTry(std::optional<std::int32_t> limit)
 {
-    m_list.ForgetThumbnail(item.FileName());
-    item.FreeThumbnail();
+    m_list.MaxThumbnails = limit.value_or(m_list.MaxThumbnails);
+    m_limitBefore.reset();
+    m_secondTry.clear();
+}
+
+bool TThumbnailCache::Refresh(TMuWallpaper& item)
+{
+    m_list.FreeThumbnail(item);
     item.DeleteThumbnailFile();
     m_failed.erase(item.FileName());
     m_making.reset();
+    std::error_code error;
+    const std::string file = item.ThumbnailNumber() != 0 ? item.ThumbnailFileName() : "";
+    if (file.empty() || !std::filesystem::exists(NativePath(file), error))
+        return true;
+    m_undeletable.insert(file);
+    return false;
 }
 
 TThumbnailStatistics TThumbnailCache::Statistics()
@@ -250,7 +314,7 @@ bool TThumbnailRefresh::Step()
     TMuWallpaper* item = &m_list.Item(m_position);
     if (!m_isBegun)
         m_cache.Refresh(*item);
-    const TThumbnailStep step = m_cache.MakeNext({&item, 1});
+    const TThumbnailStep step = m_cache.Make(*item);
     if (step.Progress == TThumbnailProgress::Failed)
         m_errors.push_back(step.Error);
     m_isBegun = step.Progress == TThumbnailProgress::Working;

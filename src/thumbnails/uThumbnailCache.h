@@ -5,10 +5,12 @@
 #include "uThumbnailMaker.h"
 #include "uWallpaper.h"
 
+#include <chrono>
 #include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -39,7 +41,7 @@ enum class TThumbnailProgress {
     Nothing, // all are there, or cannot be made
     Working, // more steps are needed
     Made,    // Item's thumbnail is in memory now
-    Failed,  // Item's cannot be made; Error says why. It is not tried again before it is refreshed
+    Failed,  // Item's cannot be made; Error says why. It is tried again when it is shown anew
 };
 struct TThumbnailStep {
     TThumbnailProgress Progress = TThumbnailProgress::Nothing;
@@ -53,8 +55,8 @@ class TThumbnailCache
 public:
     explicit TThumbnailCache(TMuWallpaperList& list) : m_list(list) {}
 
-    // The thumbnail if it is in memory, else null. A hit counts as use: see GetThumbnail.
-    const TBitmap* Held(TMuWallpaper& item);
+    // The thumbnail if it is in memory, else null. Painting may ask as often as it likes.
+    static const TBitmap* Held(const TMuWallpaper& item);
 
     // Held, loaded from its file (when that is newer than the picture) or made. What is used and is
     // not among the first eleven loaded ones goes to the front, where it is the next to be freed:
@@ -63,12 +65,18 @@ public:
     const TBitmap& GetThumbnail(TMuWallpaper& item);
 
     // A short step towards the first of the items that is not in memory: loading a file, or a
-    // part of making one. The items are those on the screen, of which none is freed for want of
-    // room while the others are loaded. Never throws for a picture's sake.
+    // part of making one. The items are those on the screen, of which none is freed whatever the
+    // limit; those that have come there since the last call count as used (see GetThumbnail), or,
+    // some time after they failed, are tried again. Never throws for a picture's sake.
     TThumbnailStep MakeNext(std::span<TMuWallpaper* const> shown);
+    // The same for one item, on the screen or not.
+    TThumbnailStep Make(TMuWallpaper& item);
+    // All that is on the screen has just come there.
+    void ShowAnew() { m_shown.clear(); }
 
     // Frees the thumbnail and deletes its file, so that it is made again when it is asked for.
-    void Refresh(TMuWallpaper& item);
+    // False when the file cannot be deleted; then it is used no more.
+    bool Refresh(TMuWallpaper& item);
 
     // Gives a number to every item that has none.
     TThumbnailStatistics Statistics();
@@ -76,12 +84,17 @@ public:
     // Once, after a thumbnail could not be kept as a file: what the user should know. Else empty.
     std::string TakeNotice();
 
+    std::chrono::milliseconds RetryPause{3000}; // at least, after a failure
+
 private:
     struct TMaking {
         TMuWallpaper* Item;
         std::string FileName; // tells a new item at an old one's address
         TThumbnailMaker Maker;
     };
+    void Touch(const TMuWallpaper& item);
+    void Show(std::span<TMuWallpaper* const> shown);
+    void Arrive(const TMuWallpaper& item);
     TThumbnailStep Advance(TMuWallpaper& item);
     bool IsBeingMade(const TMuWallpaper& item) const;
     bool IsWanted(const TMuWallpaper& item) const;
@@ -89,14 +102,21 @@ private:
     void MakeRoom();
     bool LoadKept(TMuWallpaper& item, const std::string& file);
     void Keep(const TBitmap& thumbnail, const std::string& file);
+    void Save(const TBitmap& thumbnail, const std::string& file);
     TThumbnailStep Hold(TMuWallpaper& item, TBitmap thumbnail);
     TThumbnailStep Recover(TMuWallpaper& item, const std::string& reason);
+    bool IsShown(const std::string& fileName) const { return m_shownFiles.contains(fileName); }
+    void EndSecondTry(std::optional<std::int32_t> limit);
 
+    using TClock = std::chrono::steady_clock;
     TMuWallpaperList& m_list;
     std::optional<TMaking> m_making;
-    std::string m_secondTry;                  // the file name of the item that failed once
-    std::unordered_set<std::string> m_failed; // file names
-    int m_shownCount = 0;
+    std::string m_secondTry;                   // the file name of the item that failed once
+    std::optional<std::int32_t> m_limitBefore; // it failed
+    std::unordered_map<std::string, TClock::time_point> m_failed; // by file name
+    std::vector<std::uint64_t> m_shown;                           // ids
+    std::unordered_set<std::string> m_shownFiles;
+    std::unordered_set<std::string> m_undeletable; // kept files that are out of date
     std::string m_notice;
     bool m_isNoticeTaken = false;
 };

@@ -5,6 +5,7 @@
 #include "uTestPictures.h"
 
 #include <chrono>
+#include <map>
 
 using namespace murala;
 
@@ -153,6 +154,32 @@ TEST_F(ThumbnailCache, AnUnusableFileIsMadeAgain)
     SaveJpegFile(EvenBitmap(30, 30, 0x00FF00), kept, 90); // of another size
     List.FreeAllThumbnails();
     EXPECT_EQ(Cache.GetThumbnail(item).Size(), StoredThumbnailSize);
+    TBitmap noise = EvenBitmap(64, 48, 0);
+    for (int y = 0; y < 48; ++y)
+        for (int x = 0; x < 64; ++x)
+            noise.Row(y)[x] = static_cast<TPixel>(x * y * 77777);
+    SaveJpegFile(noise, kept, 90);
+    const std::string whole = ReadWholeFile(kept);
+    for (const std::size_t size : {whole.size() / 2, whole.size() - 40}) { // the rest is grey
+        ReplaceWholeFile(kept, whole.substr(0, size), TFlush::ToSystemCache);
+        List.FreeAllThumbnails();
+        EXPECT_EQ(Cache.GetThumbnail(item).Row(2)[40] & 0xFFFFFFU, 0xFFU);
+    }
+}
+
+TEST_F(ThumbnailCache, AFolderThatWasDeletedIsMadeAgainAndAFileThatStaysIsNotUsed)
+{
+    TMuWallpaper& item = Add("a.bmp", 0x0000FF);
+    std::filesystem::remove_all(NativePath(List.ThumbnailFolder));
+    Cache.GetThumbnail(item);
+    EXPECT_EQ(Cache.TakeNotice(), "");
+    EXPECT_TRUE(FileExists(item.ThumbnailFileName()));
+    EXPECT_TRUE(Cache.Refresh(item));
+    std::filesystem::create_directories(NativePath(item.ThumbnailFileName() + "/x"));
+    EXPECT_FALSE(Cache.Refresh(item));
+    std::filesystem::remove_all(NativePath(item.ThumbnailFileName()));
+    SaveJpegFile(EvenBitmap(64, 48, 0x00FF00), item.ThumbnailFileName(), 90);
+    EXPECT_EQ(Cache.GetThumbnail(item).Row(2)[40] & 0xFFFFFFU, 0xFFU);
 }
 
 TEST_F(ThumbnailCache, AHitFromBehindTheEleventhPlaceGoesToTheFront)
@@ -168,8 +195,13 @@ TEST_F(ThumbnailCache, AHitFromBehindTheEleventhPlaceGoesToTheFront)
     }
     Cache.GetThumbnail(List.Item(11));
     EXPECT_EQ(Names(), "11 0 1 2 3 4 5 6 7 8 9 10 12 ");
-    EXPECT_NE(Cache.Held(List.Item(12)), nullptr);
-    EXPECT_EQ(Names(), "12 11 0 1 2 3 4 5 6 7 8 9 10 ");
+    TMuWallpaper* const arriving[] = {&List.Item(12)};
+    for (int i = 0; i < 3; ++i) { // seen once, painted again and again
+        EXPECT_EQ(MakeAll({std::begin(arriving), std::end(arriving)}), "");
+        EXPECT_NE(Cache.Held(List.Item(12)), nullptr);
+        EXPECT_EQ(Names(), "12 11 0 1 2 3 4 5 6 7 8 9 10 ");
+    }
+    MakeAll({});
     List.TrimThumbnails(2);
     EXPECT_EQ(Cache.Held(List.Item(11)), nullptr);
     EXPECT_NE(Cache.Held(List.Item(0)), nullptr);
@@ -210,12 +242,10 @@ TEST_F(ThumbnailCache, AFailureFreesAllAndTriesOnceMoreThenReports)
         return false;
     };
     EXPECT_TRUE(fails()); // nothing to free: at once
-    EXPECT_EQ(List.MaxThumbnails, 10);
-    List.MaxThumbnails = 200;
     for (int i = 0; i < 14; ++i)
         Cache.GetThumbnail(List.Item(i));
     EXPECT_TRUE(fails());
-    EXPECT_EQ(List.MaxThumbnails, 10); // 13 after the first try
+    EXPECT_EQ(List.MaxThumbnails, 200); // 13 after the first try; but it was not the room
     EXPECT_TRUE(List.LoadedThumbnails.empty());
     EXPECT_EQ(Color(List.Item(3)), -1);
     SaveBitmapFile(EvenBitmap(3, 3, 7), broken.FileName());
@@ -232,10 +262,11 @@ TEST_F(ThumbnailCache, MakesWhatIsShownFirstInShortSteps)
     EXPECT_EQ(begun.Progress, TThumbnailProgress::Working);
     EXPECT_EQ(Color(*items[1]), -1);
     // Scrolled away meanwhile: what is not shown any more is not made.
-    EXPECT_EQ(MakeAll({items[3], &broken, items[0]}), "dx!da");
+    EXPECT_EQ(MakeAll({items[3], &broken, items[0]}), "dx!a");
     EXPECT_EQ(Color(*items[1]), -1);
     EXPECT_EQ(MakeAll({items[3], &broken, items[0]}), "");
     SaveBitmapFile(EvenBitmap(3, 3, 0x123456), broken.FileName());
+    EXPECT_EQ(MakeAll({&broken}), ""); // it has just been tried
     Cache.Refresh(broken);
     EXPECT_EQ(MakeAll({&broken}), "x");
     EXPECT_EQ(Color(broken), 0x123456);
@@ -273,31 +304,76 @@ TEST_F(ThumbnailCache, TheSecondTryIsTheLastWhateverIsDrawnMeanwhile)
     TMuWallpaper* const shown[] = {&List.Item(3), &broken};
     EXPECT_EQ(Cache.MakeNext(shown).Progress, TThumbnailProgress::Working);
     EXPECT_EQ(List.MaxThumbnails, 14);
-    EXPECT_TRUE(List.LoadedThumbnails.empty());
+    EXPECT_EQ(Names(), "3 "); // what is shown would be loaded again at once
     Cache.GetThumbnail(List.Item(7));
     const TThumbnailStep second = Cache.MakeNext(shown);
     EXPECT_EQ(second.Progress, TThumbnailProgress::Failed);
     EXPECT_EQ(second.Item, &broken);
-    EXPECT_EQ(List.MaxThumbnails, 10);
-    EXPECT_EQ(MakeAll({shown[0], shown[1]}), "3");
+    EXPECT_EQ(List.MaxThumbnails, 200);
+    EXPECT_EQ(MakeAll({shown[0], shown[1]}), "");
 }
 
-TEST_F(ThumbnailCache, AScreenFullOfThumbnailsStaysWhateverTheLimit)
+TEST_F(ThumbnailCache, WhatIsShownStaysHoweverItIsScrolledAndPainted)
 {
-    AddMany(25);
-    MakeAll(Items());
-    List.FreeAllThumbnails();
-    List.MaxThumbnails = 10;
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(MakeAll(Items()).find("never"), std::string::npos);
-        for (TMuWallpaper* item : Items())
-            EXPECT_NE(Cache.Held(*item), nullptr);
+    AddMany(60);
+    AddItem(Folder.File("missing.jpg"));
+    auto items = Items();
+    std::rotate(items.begin() + 30, items.end() - 1, items.end());
+    List.MaxThumbnails = 12;
+    const auto paint = [](std::span<TMuWallpaper* const> shown) {
+        return std::ranges::count_if(
+            shown, [](auto* each) { return TThumbnailCache::Held(*each) != nullptr; });
+    };
+    for (const int first : {0, 5, 20, 38, 13, 0}) {
+        const auto shown = std::span(items).subspan(static_cast<std::size_t>(first), 23);
+        std::map<const TMuWallpaper*, int> made;
+        for (int step = 0; step < 600; ++step) {
+            paint(shown);
+            const TThumbnailStep done = Cache.MakeNext(shown);
+            made[done.Item] += done.Progress == TThumbnailProgress::Made ? 1 : 0;
+        }
+        for (const auto& [item, times] : made)
+            EXPECT_LE(times, 1) << first << ' ' << item->FileName();
+        EXPECT_EQ(Cache.MakeNext(shown).Progress, TThumbnailProgress::Nothing) << first;
+        EXPECT_EQ(paint(shown), first > 7 && first <= 30 ? 22 : 23) << first;
+        EXPECT_LE(List.LoadedThumbnails.size(), 23U + 12) << first;
     }
-    List.MaxThumbnails = 12; // what was shown before goes
-    const auto items = Items();
-    for (int start = 0; start < 20; ++start)
-        MakeAll({items.begin() + start, items.begin() + start + 5});
-    EXPECT_LE(List.LoadedThumbnails.size(), 25U);
+    EXPECT_EQ(List.MaxThumbnails, 12);
+}
+
+TEST_F(ThumbnailCache, WhatFailedIsTriedAgainWhenItIsShownAnewAndNotTooOften)
+{
+    TMuWallpaper& late = AddItem(Folder.File("late.bmp"));
+    TMuWallpaper& other = Add("a.bmp");
+    EXPECT_EQ(MakeAll({&late}), "l!");
+    EXPECT_EQ(MakeAll({&other}), "a");
+    EXPECT_EQ(MakeAll({&late, &other}), "") << "too early";
+    Cache.RetryPause = {};
+    EXPECT_EQ(MakeAll({&late, &other}), "") << "it is at rest";
+    Cache.ShowAnew();
+    EXPECT_EQ(MakeAll({&late, &other}), "l!");
+    SaveBitmapFile(EvenBitmap(3, 3, 7), late.FileName());
+    EXPECT_EQ(MakeAll({&other}), "");
+    EXPECT_EQ(MakeAll({&late, &other}), "l");
+}
+
+TEST_F(ThumbnailCache, TwoItemsWithOneFileAreTwoItems)
+{
+    TMuWallpaper& first = Add("a.bmp");
+    TMuWallpaper& second = AddItem(first.FileName());
+    Cache.GetThumbnail(first);
+    Cache.GetThumbnail(second);
+    List.TrimThumbnails(1);
+    EXPECT_EQ(Names(), "a ");
+    EXPECT_EQ((Color(first) == -1) + (Color(second) == -1), 1);
+    Cache.GetThumbnail(first);
+    Cache.GetThumbnail(second);
+    Cache.Refresh(second);
+    Cache.Refresh(second); // is not in memory
+    EXPECT_EQ(Names(), "a ");
+    EXPECT_NE(Color(first), -1);
+    List.TrimThumbnails(10);
+    EXPECT_EQ(Color(first), -1);
 }
 
 TEST_F(ThumbnailCache, CountsWhatIsKeptAndDeletesItButNoNumbers)
@@ -357,7 +433,7 @@ TEST_F(ThumbnailCache, WithoutAFolderTheyAreShownAndThatIsSaidOnce)
     EXPECT_EQ(Cache.GetThumbnail(List.Item(0)).Row(0)[0] & 0xFFFFFFU, 0x0A0B0CU);
     const std::string notice = Cache.TakeNotice();
     EXPECT_EQ(notice.find("Thumbnails are shown, but they cannot be kept.\r\n"), 0U);
-    EXPECT_NE(notice.find("Thumbnail.1.jpg"), std::string::npos);
+    EXPECT_NE(notice.find(List.ThumbnailFolder), std::string::npos);
     EXPECT_EQ(MakeAll(Items()), "b");
     EXPECT_EQ(Cache.TakeNotice(), "");
     EXPECT_EQ(Cache.Statistics().Count, 0);

@@ -173,12 +173,15 @@ void TMuThumbnailView::ScrollWindow(int dx, int dy, const wxRect* area)
 void TMuThumbnailView::OnPaint(wxPaintEvent&)
 {
     wxAutoBufferedPaintDC dc(this);
+    const wxRect exposed = GetUpdateRegion().GetBox();
+    dc.SetClippingRegion(exposed);
     dc.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX));
     dc.Clear();
     if (m_selection.Count() != m_rows.Count())
         return; // the rows are just changing
     for (const int row : VisibleRows())
-        DrawCell(dc, row);
+        if (exposed.Intersects(CellRect(row)))
+            DrawCell(dc, row);
 }
 
 void TMuThumbnailView::DrawCell(wxDC& dc, int row)
@@ -224,7 +227,7 @@ void TMuThumbnailView::DrawPicture(wxDC& dc, const wxRect& frame, const TBitmap*
 void TMuThumbnailView::OnIdle(wxIdleEvent& event)
 {
     event.Skip();
-    if (IsShownOnScreen() && m_rows.Count() > 0 && m_thumbnails.MakeNext(VisibleRows()))
+    if (m_thumbnails.MakeNext(IsShownOnScreen() ? VisibleRows() : std::vector<int>()))
         event.RequestMore();
 }
 

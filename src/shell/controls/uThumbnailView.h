@@ -40,6 +40,7 @@ public:
     wxWindow& Window() override { return *this; }
     void ShowRows() override;
     void ShowTexts() override { Refresh(); }
+    void ShowPicture(int row) { RefreshRect(CellRect(row), false); }
     void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
     void TellSelection() override {}
     void EditTitle(int row) override;

@@ -100,6 +100,8 @@ TActionList::TActionList(std::function<void(const std::exception&)> onError)
 void TActionList::Execute(TActionId id) const
 {
     const TAction& action = (*this)[id];
+    if (IsWorking && IsWorking())
+        return;
     try {
         if (BeforeExecute)
             BeforeExecute();
@@ -108,6 +110,12 @@ void TActionList::Execute(TActionId id) const
     } catch (const std::exception& error) {
         m_onError(error);
     }
+}
+
+void TActionList::Request(TActionId id) const
+{
+    if (!IsWorking || !IsWorking())
+        Post([this, id] { Execute(id); });
 }
 
 } // namespace murala

@@ -100,10 +100,17 @@ public:
     // In the order of the identifiers.
     const std::vector<TAction>& All() const { return m_actions; }
 
-    // Does nothing while the action is disabled.
+    // Does nothing while the action is disabled or the program works.
     void Execute(TActionId id) const;
+    // Executes it from the event loop: for handlers of keys, and hooks, which must not be entered
+    // again, as whatever lets messages through would. What was wanted while the program works, or
+    // comes up behind a dialog that was opened since, is not done.
+    void Request(TActionId id) const;
     // What has to be settled first.
     std::function<void()> BeforeExecute;
+    std::function<bool()> IsWorking;
+    // Runs it later.
+    std::function<void(std::function<void()>)> Post;
 
 private:
     std::function<void(const std::exception&)> m_onError;

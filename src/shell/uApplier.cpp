@@ -53,7 +53,7 @@ bool TApplier::Compose(bool startEffect, TReport report, const std::function<voi
     if (m_isComposing)
         return false;
     const TValueScope composing(m_isComposing, true);
-    const TPauseScope pause(m_core.Pauses);
+    const TWorkScope work(m_core.Pauses);
     bool done = false;
     std::string problem;
     {

@@ -56,15 +56,14 @@ TItems TConfigurator::AllItems() const
 
 void TConfigurator::RefreshAllThumbnails()
 {
-    const TPauseScope pause(m_core.Pauses);
     const int range = m_core.List.Count();
     TThumbnailRefresh refresh(m_thumbnails, m_core.List);
     {
-        const auto work = m_core.View.BeginWork(range);
+        TWork work(m_core, range);
         while (refresh.Position() < range) {
             const std::string& title = m_core.List.Item(refresh.Position()).Title;
-            if (!work->Step(refresh.Position(),
-                            FormatText("Refreshing Thumbnail:%s%s", {"\n", title})) ||
+            if (!work.Step(refresh.Position(),
+                           FormatText("Refreshing Thumbnail:%s%s", {"\n", title})) ||
                 !refresh.Step())
                 break;
         }

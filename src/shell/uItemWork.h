@@ -9,6 +9,23 @@
 namespace murala
 {
 
+// One piece of it at a time: whoever begins another one meanwhile is refused.
+class TWork
+{
+public:
+    // Throws std::runtime_error while other work goes on.
+    TWork(TCore& core, int range);
+
+    bool Step(int position, const std::string& text) { return m_work->Step(position, text); }
+    // What is done at its end, and how long nobody knows.
+    void Finish(const std::string& text);
+
+private:
+    TCore& m_core;
+    TWorkScope m_scope;
+    std::unique_ptr<TLongWork> m_work;
+};
+
 // Does `each` with one item after the other, shows how far that is and lets the user end it between
 // two of them. How many were done. `what` stands before the item's title, e.g. "Renaming
 // Wallpaper".

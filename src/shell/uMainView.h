@@ -16,6 +16,8 @@ public:
     // `position` steps are done; `text` says what comes next. False: it is to end here, as the
     // user or the end of the session wants.
     virtual bool Step(int position, const std::string& text) = 0;
+    // All steps are done; `text`, shown at once, says what still is to come.
+    virtual void Finish(const std::string& text) = 0;
 };
 
 class TMainView

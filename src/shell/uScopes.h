@@ -60,9 +60,12 @@ class TPauses
 public:
     explicit TPauses(TListeners& listeners) : m_listeners(listeners) {}
     bool IsPaused() const { return m_depth > 0; }
+    int Depth() const { return m_depth; }
+    bool IsWorking() const { return m_isWorking; }
 
 private:
     friend class TPauseScope;
+    friend class TWorkScope;
     void Change(int by)
     {
         const bool was = IsPaused();
@@ -73,6 +76,7 @@ private:
 
     TListeners& m_listeners;
     int m_depth = 0;
+    bool m_isWorking = false;
 };
 
 class TPauseScope
@@ -85,6 +89,17 @@ public:
 
 private:
     TPauses& m_pauses;
+};
+
+// A pause in which the program works on its wallpapers: no action is begun meanwhile.
+class TWorkScope
+{
+public:
+    explicit TWorkScope(TPauses& pauses) : m_pause(pauses), m_working(pauses.m_isWorking, true) {}
+
+private:
+    TPauseScope m_pause;
+    TValueScope<bool> m_working;
 };
 
 } // namespace murala

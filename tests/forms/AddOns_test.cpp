@@ -123,7 +123,7 @@ TEST_F(AddOns, ThePageSwitchesAndConfiguresTheAddOns)
     const TMuSettings& settings = Murala().Core.Settings;
     list.Check(1);
     Send(list, wxEVT_CHECKLISTBOX, 1);
-    EXPECT_TRUE(settings.UseIconBox);
+    EXPECT_TRUE(PumpUntil([&] { return settings.UseIconBox; }));
     EXPECT_FALSE(settings.UseCalendar);
     Execute(aCalendar);
     EXPECT_TRUE(list.IsChecked(0)) << "the menu's action shows on the page";
@@ -136,7 +136,7 @@ TEST_F(AddOns, ThePageSwitchesAndConfiguresTheAddOns)
     InDialog("TfIconBoxOptions", [](wxDialog&) {});
     m_messages.AreShown = true;
     Send(list, wxEVT_LISTBOX_DCLICK, 1);
-    EXPECT_EQ(m_scriptsRun, 2);
+    EXPECT_TRUE(PumpUntil([&] { return m_scriptsRun == 2; }));
     m_messages.AreShown = false;
     Close();
     Start();

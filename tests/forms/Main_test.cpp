@@ -264,6 +264,23 @@ TEST_F(MainWindow, AFailingActionIsToldAndTheProgramGoesOn)
     EXPECT_EQ(Murala().Core.List.Count(), 2);
 }
 
+TEST_F(MainWindow, AKeyThatWasPressedTwiceOpensOneDialog)
+{
+    Start();
+    int opened = 0;
+    m_main->Actions()[aAbout].OnExecute = [&] {
+        const TPauseScope pause(Murala().Core.Pauses);
+        ++opened;
+        Pump(100);
+    };
+    for (int i = 0; i < 2; ++i)
+        m_main->Actions().Request(aAbout);
+    Pump(50);
+    EXPECT_EQ(opened, 1);
+    m_main->Actions().Request(aAbout);
+    EXPECT_TRUE(PumpUntil([&] { return opened == 2; }));
+}
+
 TEST_F(MainWindow, ControlsAreInsideTheirParentsAndNothingIsCut)
 {
     Start();

@@ -37,6 +37,7 @@ struct TFakeMainView : TMainView {
                 View.WorkText = text;
                 return position < View.WorkEndsAt;
             }
+            void Finish(const std::string& text) override { View.WorkText = text; }
             TFakeMainView& View;
         };
         return std::make_unique<TWork>(*this);

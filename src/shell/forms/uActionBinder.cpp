@@ -25,7 +25,7 @@ TActionBinder::TActionBinder(wxWindow& window, TActionList& actions)
 {
     const int lastId = m_firstId + static_cast<int>(actions.All().size()) - 1;
     const auto execute = [this](wxCommandEvent& event) {
-        m_actions.Execute(ActionOf(event.GetId()));
+        m_actions.Request(ActionOf(event.GetId()));
     };
     m_window.Bind(wxEVT_MENU, execute, m_firstId, lastId);
     m_window.Bind(wxEVT_BUTTON, execute, m_firstId, lastId);
@@ -150,7 +150,7 @@ wxCheckBox* TActionBinder::NewCheckBox(wxWindow* parent, TActionId action, const
 {
     auto* box = new wxCheckBox(parent, wxID_ANY, PlainCaption(m_actions[action].Caption),
                                wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
-    box->Bind(wxEVT_CHECKBOX, [this, action](wxCommandEvent&) { m_actions.Execute(action); });
+    box->Bind(wxEVT_CHECKBOX, [this, action](wxCommandEvent&) { m_actions.Request(action); });
     return box;
 }
 

@@ -61,6 +61,14 @@ void TfMain::BindEvents()
     BindSplitters();
     BindTimers();
     alMain.BeforeExecute = [this] { m_wallpapers->View().TellSelection(); };
+    const TPauses& pauses = m_murala.Core.Pauses;
+    alMain.IsWorking = [&pauses] { return pauses.IsWorking(); };
+    alMain.Post = [this, &pauses](std::function<void()> execute) {
+        CallLater(*this, [&pauses, execute = std::move(execute), depth = pauses.Depth()] {
+            if (pauses.Depth() <= depth)
+                execute();
+        });
+    };
     Bind(wxEVT_CLOSE_WINDOW, &TfMain::FormClose, this);
     Bind(wxEVT_CHAR_HOOK, &TfMain::FormCharHook, this);
     Bind(wxEVT_DROP_FILES, &TfMain::FormDropFiles, this);
@@ -73,10 +81,14 @@ void TfMain::BindEvents()
         TrackPlacement();
     });
     Bind(wxEVT_MOVING, &TfMain::FormMoving, this);
-    // Back from another program, in which the picture may have been edited.
+    // Back from another program, in which the picture may have been edited, or with pictures that
+    // were missing.
     Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
         event.Skip();
-        if (event.GetActive() && m_murala.Preview.IsOutOfDate())
+        if (!event.GetActive())
+            return;
+        m_murala.Thumbnails.ShowAnew();
+        if (m_murala.Preview.IsOutOfDate())
             PreviewChanged(true);
     });
     // What was not loaded while nobody saw it.
@@ -157,7 +169,7 @@ void TfMain::FormCharHook(wxKeyEvent& event)
     if (event.GetModifiers() != wxMOD_ALT || (key != WXK_LEFT && key != WXK_RIGHT))
         return event.Skip();
     TakeAltKey(*this);
-    alMain.Execute(key == WXK_RIGHT ? aNext : aPrevious);
+    alMain.Request(key == WXK_RIGHT ? aNext : aPrevious);
 }
 
 void TfMain::tSelectItemTimer()
@@ -228,8 +240,14 @@ void TfMain::FormDropFiles(wxDropFilesEvent& event)
     for (int i = 0; i < event.GetNumberOfFiles(); ++i)
         if (std::string file = event.GetFiles()[i].utf8_string(); HasPictureExtension(file))
             pictures.push_back(std::move(file));
-    if (!pictures.empty())
+    if (pictures.empty())
+        return;
+    if (!m_murala.Core.Pauses.IsPaused()) {
         m_murala.Desk.AddFiles(pictures);
+    } else {
+        m_services.FileQueue.QueueFiles(pictures);
+        m_isWakePending = true;
+    }
 }
 
 void TfMain::FormMoving(wxMoveEvent& event)
@@ -285,6 +303,12 @@ public:
         m_bar.SetRange(std::max(range, 1));
     }
     ~TMainWork() override { Show(false); }
+
+    void Finish(const std::string& text) override
+    {
+        m_bar.GetParent()->Update();
+        m_dialog.Finish(text);
+    }
 
     bool Step(int position, const std::string& text) override
     {

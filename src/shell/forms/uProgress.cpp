@@ -85,4 +85,10 @@ bool TProgressDialog::Step(int position, const std::string& text)
     return !m_isCancelled;
 }
 
+void TProgressDialog::Finish(const std::string& text)
+{
+    if (m_dialog != nullptr)
+        m_dialog->Update(m_range - 1, ProgressText(ToWx(text)));
+}
+
 } // namespace murala

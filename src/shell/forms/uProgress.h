@@ -43,6 +43,7 @@ public:
     // Telling of every step would take longer than most of them.
     bool IsDue() const;
     bool Step(int position, const std::string& text) override;
+    void Finish(const std::string& text) override;
 
 private:
     wxWindow* m_parent;

@@ -4,6 +4,9 @@
 #include "uItemWork.h"
 #include "uItemsAt.h"
 #include "uListColumn.h"
+#include "uText.h"
+
+#include <algorithm>
 
 namespace murala
 {
@@ -62,9 +65,17 @@ void TWallpaperPanel::ShowThumbnailSize()
 
 void TWallpaperPanel::RefreshThumbnails()
 {
+    std::string left;
     WorkOn(m_murala.Core, m_murala.Core.Selection.Items(), "Refreshing Thumbnail",
-           [this](TMuWallpaper& item) { m_murala.Thumbnails.Refresh(item); });
+           [&](TMuWallpaper& item) {
+               if (!m_murala.Thumbnails.Refresh(item))
+                   left = item.ThumbnailFileName();
+           });
     View().ShowTexts();
+    if (!left.empty())
+        m_murala.Core.Tell(FormatText("The thumbnail is made anew, but it cannot be kept: the old "
+                                      "file %s cannot be deleted.",
+                                      {left}));
 }
 
 // Keys of the list, whichever view shows it.
@@ -73,9 +84,9 @@ void TWallpaperPanel::OnKey(wxKeyEvent& event)
     const bool isOfList = FindFocus() == &View().Window() && !View().IsEditing();
     const int key = event.GetKeyCode(), modifiers = event.GetModifiers();
     if (isOfList && modifiers == wxMOD_NONE && (key == WXK_DELETE || key == WXK_NUMPAD_DELETE))
-        m_actions.Execute(aRemove);
+        m_actions.Request(aRemove);
     else if (isOfList && modifiers == wxMOD_CONTROL && key == 'A')
-        m_actions.Execute(aSelectAll);
+        m_actions.Request(aSelectAll);
     else
         event.Skip();
 }
@@ -105,9 +116,13 @@ const TBitmap* TWallpaperPanel::Thumbnail(int row)
 
 bool TWallpaperPanel::MakeNext(const std::vector<int>& rows)
 {
-    const TThumbnailStep step = m_murala.Thumbnails.MakeNext(ItemsAt(m_murala.Core.List, rows));
+    if (m_murala.Core.Pauses.IsWorking())
+        return false;
+    const TItems items = ItemsAt(m_murala.Core.List, rows);
+    const TThumbnailStep step = m_murala.Thumbnails.MakeNext(items);
     if (step.Progress == TThumbnailProgress::Made)
-        lvThumbnails->Refresh();
+        lvThumbnails->ShowPicture(
+            rows[static_cast<std::size_t>(std::ranges::find(items, step.Item) - items.begin())]);
     if (const std::string notice = m_murala.Thumbnails.TakeNotice(); !notice.empty())
         m_murala.Core.Report(TReport::StatusLine, notice);
     if (step.Progress == TThumbnailProgress::Failed)
@@ -159,7 +174,7 @@ void TWallpaperPanel::UserSelects(const std::vector<int>& rows, int focusedRow)
 
 void TWallpaperPanel::UserActivates()
 {
-    m_actions.Execute(aApply);
+    m_actions.Request(aApply);
 }
 
 void TWallpaperPanel::UserRenames(int row, const std::string& title)

@@ -1,5 +1,7 @@
 #include "uAddOnsPage.h"
 
+#include "uCallLater.h"
+
 #include <algorithm>
 
 namespace murala
@@ -34,11 +36,11 @@ wxSizer* TAddOnsPage::NewContent()
                                   captions, 0, wxDefaultValidator, "clbAddOns");
     m_addOns->SetSelection(0);
     m_addOns->Bind(wxEVT_CHECKLISTBOX, [this](wxCommandEvent& event) {
-        m_actions.Execute(AddOnTable[event.GetInt()].Switch);
-        ShowMarks();
+        m_actions.Request(AddOnTable[event.GetInt()].Switch);
+        CallLater(*this, [this] { ShowMarks(); });
     });
     m_addOns->Bind(wxEVT_LISTBOX_DCLICK,
-                   [this](wxCommandEvent&) { m_actions.Execute(aConfigureAddOn); });
+                   [this](wxCommandEvent&) { m_actions.Request(aConfigureAddOn); });
     m_iconBoxProblem = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0,
                                         "lIconBoxProblem");
     auto* content = new wxBoxSizer(wxVERTICAL);

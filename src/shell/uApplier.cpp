@@ -37,29 +37,33 @@ TApplier::TApplier(TCore& core, TStorage& storage, TPreview& preview)
 
 void TApplier::Apply(TMuWallpaper& item)
 {
-    if (m_isComposing)
-        return;
-    m_core.Selection.SetCurrent(&item);
-    ComposeWallpaper(true);
+    Compose(&item, true, TReport::MessageBox);
 }
 
 bool TApplier::ComposeWallpaper(bool startEffect, TReport report)
 {
-    return Compose(startEffect, report, [] {});
+    return Compose(m_core.Selection.Current(), startEffect, report);
 }
 
-bool TApplier::Compose(bool startEffect, TReport report, const std::function<void()>& onInstalled)
+bool TApplier::Compose(TMuWallpaper* item, bool startEffect, TReport report,
+                       const std::function<void()>& onInstalled)
 {
     if (m_isComposing)
         return false;
-    const TValueScope composing(m_isComposing, true);
     const TWorkScope work(m_core.Pauses);
+    TMuWallpaper* before = m_core.Selection.Current();
+    const auto setCurrent = [this](TMuWallpaper* current) {
+        if (current != m_core.Selection.Current())
+            m_core.Selection.SetCurrent(current);
+    };
+    setCurrent(item);
     bool done = false;
     std::string problem;
     {
+        const TValueScope composing(m_isComposing, true);
         const TBusyScope busy(m_core.View);
         try {
-            if (TMuWallpaper* item = m_core.Selection.Current()) {
+            if (item != nullptr) {
                 ComposeItem(*item);
                 done = true;
                 onInstalled();
@@ -71,6 +75,9 @@ bool TApplier::Compose(bool startEffect, TReport report, const std::function<voi
             problem = error.what();
         }
     }
+    if (!done)
+        setCurrent(before);
+    const TValueScope telling(m_isComposing, true);
     if (!m_core.View.IsWindowVisible())
         m_preview.Release();
     m_core.Services.Siblings.NotifyVeyraWallpaperChange();
@@ -138,9 +145,9 @@ bool TApplier::ApplyRow(int row, TReport report)
     if (m_isComposing)
         return false;
     m_preview.Release();
-    m_core.Selection.SetCurrent(&m_core.List.Item(row));
-    m_core.Selection.Select(&m_core.List.Item(row));
-    return ComposeWallpaper(true, report);
+    TMuWallpaper* item = &m_core.List.Item(row);
+    m_core.Selection.Select(item);
+    return Compose(item, true, report);
 }
 
 bool TApplier::Next(TReport report)
@@ -163,18 +170,11 @@ void TApplier::Previous()
 
 bool TApplier::TryRow(int row)
 {
-    if (m_isComposing)
-        return false;
-    TMuWallpaper* before = m_core.Selection.Current();
     TMuWallpaper* item = &m_core.List.Item(row);
-    m_core.Selection.SetCurrent(item);
-    const bool done = Compose(true, TReport::StatusLine, [=, this] {
+    return Compose(item, true, TReport::StatusLine, [=, this] {
         m_preview.Release();
         m_core.Selection.Select(item); // before Rovane is asked for: it belongs to the selected one
     });
-    if (!done)
-        m_core.Selection.SetCurrent(before);
-    return done;
 }
 
 std::string TApplier::StartEffect(const TMuWallpaper& item, bool startEffect)
@@ -196,10 +196,8 @@ void TApplier::RunEffectSettings(TMuWallpaper& item)
 {
     if (IsNoEffect(item.Effect) || m_isComposing)
         return;
-    if (!m_core.Selection.IsCurrent(item)) {
-        m_core.Selection.SetCurrent(&item);
-        ComposeWallpaper(false);
-    }
+    if (!m_core.Selection.IsCurrent(item))
+        Compose(&item, false, TReport::MessageBox);
     m_core.View.MinimiseWindow();
     const std::string effect = item.Effect, fileName = item.FileName();
     std::string problem;

@@ -43,8 +43,11 @@ public:
     void RunEffectSettings(TMuWallpaper& item);
 
 private:
+    // The item is the current wallpaper from now on; when it fails, the one before is again.
     // `onInstalled` runs before the effect is started or ended.
-    bool Compose(bool startEffect, TReport report, const std::function<void()>& onInstalled);
+    bool Compose(
+        TMuWallpaper* item, bool startEffect, TReport report,
+        const std::function<void()>& onInstalled = [] {});
     void ComposeItem(TMuWallpaper& item);
     void Install(const std::string& path, TColor color);
     void ApplyLabels(const TMuWallpaper& item);

@@ -98,7 +98,10 @@ void TItemEditor::ToggleTransparentIcons(const TItems& items)
 {
     if (items.empty() || m_core.Updating)
         return;
-    const bool transparent = !items.front()->TransparentIcons;
+    const TMuWallpaper* checked = m_core.Selection.Item(); // whose state the action shows
+    if (std::ranges::find(items, checked) == items.end())
+        checked = items.front();
+    const bool transparent = !checked->TransparentIcons;
     for (TMuWallpaper* item : items)
         item->TransparentIcons = transparent;
     m_core.Listeners.Tell(&TListener::ItemsChanged, items);

@@ -63,11 +63,16 @@ void TSelection::Select(const TMuWallpaper* item)
 void TSelection::SelectRows(const std::vector<int>& rows, int focusedRow)
 {
     const auto inList = [this](int row) { return row >= 0 && row < m_list.Count(); };
-    m_selected.clear();
+    const TMuWallpaper* itemBefore = Item();
+    std::unordered_set<const TMuWallpaper*> selected;
     for (const int row : rows)
         if (inList(row))
-            m_selected.insert(&m_list.Item(row));
+            selected.insert(&m_list.Item(row));
+    const bool isSame = selected == m_selected;
+    m_selected = std::move(selected);
     m_focused = inList(focusedRow) ? &m_list.Item(focusedRow) : nullptr;
+    if (isSame && Item() == itemBefore && !m_selected.contains(m_focused))
+        return;
     m_listeners.Tell(&TListener::SelectionChanged);
 }
 

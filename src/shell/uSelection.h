@@ -25,10 +25,13 @@ public:
     // first selected one, else null.
     TMuWallpaper* Item() const;
     int Row() const;
+    // Where the keyboard is, selected or not; -1 when it is nowhere.
+    int FocusedRow() const { return m_focused != nullptr ? m_list.IndexOf(m_focused) : -1; }
 
     // Makes it the only selected one; null clears the selection.
     void Select(const TMuWallpaper* item);
-    // `focusedRow` may be -1 or a row that is not selected.
+    // `focusedRow` may be -1 or a row that is not selected. Nobody is told of a focus that moves
+    // over such rows.
     void SelectRows(const std::vector<int>& rows, int focusedRow);
     void SelectAll();
 

@@ -104,6 +104,7 @@ TEST_F(LibraryDesk, TheFocusedRowIsTheOneThatCommandsMean)
     EXPECT_EQ(selection.Row(), 3);
     selection.SelectRows({1, 3}, 0); // focused, not selected
     EXPECT_EQ(selection.Row(), 1);
+    EXPECT_EQ(selection.FocusedRow(), 0);
     m_murala->Desk.SortByColumn(lcTitle);
     m_murala->Desk.SortByColumn(lcTitle);
     EXPECT_EQ(selection.Rows(), (std::vector<int>{0, 2})) << "the same items in other places";

@@ -22,6 +22,8 @@ std::vector<int> TRowSelection::Rows() const
 
 void TRowSelection::Set(const std::vector<int>& rows, int focused)
 {
+    if (focused == m_focused && rows == Rows())
+        return; // the anchor stays
     Clear();
     for (const int row : rows)
         m_isSelected[static_cast<std::size_t>(row)] = true;

@@ -142,8 +142,6 @@ void TMuThumbnailView::ShowSelection(const std::vector<int>& rows, int focusedRo
     if (m_selection.Count() != m_rows.Count())
         ShowRows();
     m_selection.Set(rows, focusedRow);
-    if (rows.size() == 1)
-        BringIntoView(rows.front());
     Refresh();
     TellAccessibility();
 }
@@ -294,9 +292,13 @@ void TMuThumbnailView::OnKey(wxKeyEvent& event)
                                       : TSelecting::Only);
     else if (event.GetKeyCode() == WXK_SPACE && event.CmdDown() && m_selection.Focused() >= 0)
         Select(m_selection.Focused(), TSelecting::Toggle);
+    else if (event.GetKeyCode() == WXK_SPACE && !event.HasModifiers() && !m_typeAhead.IsTyping() &&
+             m_selection.Focused() >= 0)
+        Select(m_selection.Focused(), TSelecting::Only);
     else if (event.GetKeyCode() == WXK_TAB && !event.CmdDown())
         Navigate(event.ShiftDown() ? 0 : wxNavigationKeyEvent::IsForward);
-    else if (event.GetKeyCode() == WXK_RETURN && event.GetModifiers() == wxMOD_NONE)
+    else if ((event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER) &&
+             event.GetModifiers() == wxMOD_NONE)
         m_rows.UserActivates();
     else
         event.Skip();

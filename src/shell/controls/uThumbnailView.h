@@ -43,6 +43,7 @@ public:
     void ShowPicture(int row) { RefreshRect(CellRect(row), false); }
     void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
     void TellSelection() override {}
+    void BringIntoView(int row) override;
     void EditTitle(int row) override;
     wxRect RowRect(int row) const override { return CellRect(row); }
     bool IsEditing() const override { return m_editor != nullptr; }
@@ -69,7 +70,6 @@ private:
     void OnCharacter(wxKeyEvent& event);
     int RowAfterKey(int key) const; // -1: not a key that moves
     void Select(int row, TSelecting how);
-    void BringIntoView(int row);
     void EndEdit(bool isAccepted);
     void TellAccessibility();
 

@@ -16,10 +16,10 @@ public:
     // Adds the letter to those typed shortly before. The row behind the focused one that begins so,
     // -1 when there is none.
     int Find(const wxKeyEvent& letter, const TRows& rows, int focusedRow);
-
-private:
+    // A moment ago.
     bool IsTyping() const;
 
+private:
     wxString m_typed;
     wxLongLong m_typedAt;
 };

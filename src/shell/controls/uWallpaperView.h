@@ -40,8 +40,9 @@ public:
     virtual void ShowRows() = 0;
     // Texts changed, or another wallpaper is on the desktop.
     virtual void ShowTexts() = 0;
-    // The user is not told of as the one who selected them. A single one is brought into view.
+    // The user is not told of as the one who selected them. Nothing is scrolled.
     virtual void ShowSelection(const std::vector<int>& rows, int focusedRow) = 0;
+    virtual void BringIntoView(int row) = 0;
     // What the user has selected is told a moment later, many rows together; this tells it now.
     virtual void TellSelection() = 0;
     virtual void EditTitle(int row) = 0;

@@ -54,6 +54,7 @@ void TWallpaperPanel::ShowViewMode()
     Layout();
     RowsChanged();
     SelectionChanged();
+    BringFocusIntoView();
     if (hadFocus)
         View().Window().SetFocus();
 }
@@ -153,7 +154,19 @@ void TWallpaperPanel::RowsChanged()
 
 void TWallpaperPanel::SelectionChanged()
 {
-    View().ShowSelection(m_murala.Core.Selection.Rows(), m_murala.Core.Selection.Row());
+    const std::vector<int> rows = m_murala.Core.Selection.Rows();
+    View().ShowSelection(rows, m_murala.Core.Selection.FocusedRow());
+    // Where the user has scrolled to is the user's affair.
+    if (!m_isUserSelecting && rows.size() == 1)
+        View().BringIntoView(rows.front());
+}
+
+void TWallpaperPanel::BringFocusIntoView()
+{
+    const TSelection& selection = m_murala.Core.Selection;
+    const int row = selection.FocusedRow() >= 0 ? selection.FocusedRow() : selection.Row();
+    if (row >= 0)
+        View().BringIntoView(row);
 }
 
 std::string TWallpaperPanel::Text(int row, TListColumn column) const
@@ -168,6 +181,7 @@ bool TWallpaperPanel::IsCurrent(int row) const
 
 void TWallpaperPanel::UserSelects(const std::vector<int>& rows, int focusedRow)
 {
+    const TValueScope selecting(m_isUserSelecting, true);
     m_murala.Core.Problem.clear();
     m_murala.Core.Selection.SelectRows(rows, focusedRow);
 }

@@ -20,6 +20,8 @@ public:
     // The one that is shown.
     TWallpaperView& View();
     void EditTitle();
+    // Where the user was, when the window or the view has just come to the screen.
+    void BringFocusIntoView();
     // So that none of its buttons is cut.
     int ToolBarWidth() const { return tbMain->GetBestSize().x; }
     // As the settings say.
@@ -60,6 +62,7 @@ private:
     wxToolBar* tbMain = nullptr;
     TMuListView* lvWallpaper = nullptr;
     TMuThumbnailView* lvThumbnails = nullptr;
+    bool m_isUserSelecting = false;
 };
 
 } // namespace murala

@@ -6,6 +6,8 @@
 #include <gtk/gtk.h>
 #include <wx/dataview.h>
 
+#include <cstdlib>
+
 namespace murala
 {
 
@@ -73,8 +75,9 @@ public:
     ~TNativeListView() override
     {
         SetEvtHandlerEnabled(false);
-        g_signal_handler_disconnect(GtkGetTreeView(), m_stateHandler);
-        EndEdit(); // which gives the control the focus
+        g_signal_handlers_disconnect_by_data(GtkGetTreeView(), this);
+        g_signal_handlers_disconnect_by_data(TitleRenderer(), this);
+        DropEdit(); // which gives the control the focus
     }
 
     void ShowOrder(TListColumn column, bool ascending) override;
@@ -84,6 +87,10 @@ public:
     // Refresh() would show again what the rows' window has kept of them.
     void ShowTexts() override { gtk_widget_queue_draw(GtkGetTreeView()); }
     void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
+    void BringIntoView(int row) override
+    {
+        EnsureVisible(m_model->GetItem(static_cast<unsigned>(row)));
+    }
     void EditTitle(int row) override;
     wxRect RowRect(int row) const override
     {
@@ -98,8 +105,17 @@ public:
 
 private:
     void BindEvents();
+    void ShowFocus(int row);
     void MakeTitlesEditable(bool editable);
+    void DropEdit();
     void EndEdit();
+    void EditBegins(GtkEntry* editor, int row);
+    void EditEnds(GtkEntry* editor);
+    bool TakesKey(int key, int modifiers);
+    GObject* TitleRenderer() const
+    {
+        return G_OBJECT(GetColumn(lcTitle)->GetRenderer()->GetGtkHandle());
+    }
     // A larger font of the user's does not change what a DIP is.
     int ColumnWidth(int designed) const
     {
@@ -111,8 +127,9 @@ private:
     }
 
     wxObjectDataPtr<TRowsModel> m_model;
-    gulong m_stateHandler = 0;
     bool m_isEditing = false;
+    bool m_isEditKept = true; // also where GTK takes the editor away; not after Escape
+    int m_editedRow = -1;
 };
 
 void TNativeListView::BindEvents()
@@ -125,24 +142,28 @@ void TNativeListView::BindEvents()
     });
     Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU,
          [this](wxDataViewEvent&) { m_rows.UserWantsMenu(false); });
-    // The control tells of no menu that is wanted by a key.
     Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-        const int key = event.GetKeyCode(), modifiers = event.GetModifiers();
-        const bool isMenuKey =
-            modifiers == wxMOD_NONE && (key == WXK_WINDOWS_MENU || key == WXK_MENU);
-        if (!m_isEditing && (isMenuKey || (modifiers == wxMOD_SHIFT && key == WXK_F10)))
-            m_rows.UserWantsMenu(true);
-        else
+        if (m_isEditing || !TakesKey(event.GetKeyCode(), event.GetModifiers()))
             event.Skip();
     });
     // Disabled with the window, GTK takes the editor away while it goes through what is in the
     // list.
-    m_stateHandler = g_signal_connect_swapped(
-        GtkGetTreeView(), "state-flags-changed", G_CALLBACK(+[](TNativeListView* view) {
-            if (!gtk_widget_is_sensitive(view->GtkGetTreeView()))
-                view->EndEdit();
-        }),
-        this);
+    g_signal_connect_swapped(GtkGetTreeView(), "state-flags-changed",
+                             G_CALLBACK(+[](TNativeListView* view) {
+                                 if (!gtk_widget_is_sensitive(view->GtkGetTreeView()))
+                                     view->EndEdit();
+                             }),
+                             this);
+    // Ctrl with an arrow moves the focus alone, of which the control does not tell.
+    g_signal_connect_swapped(GtkGetTreeView(), "cursor-changed",
+                             G_CALLBACK(+[](TNativeListView* view) { view->SelectionEvent(); }),
+                             this);
+    g_signal_connect(TitleRenderer(), "editing-started",
+                     G_CALLBACK(+[](GtkCellRenderer*, GtkCellEditable* editor, const char* path,
+                                    TNativeListView* view) {
+                         view->EditBegins(GTK_ENTRY(editor), std::atoi(path));
+                     }),
+                     this);
     Bind(wxEVT_DATAVIEW_ITEM_EDITING_STARTED, [this](wxDataViewEvent&) { m_isEditing = true; });
     Bind(wxEVT_DATAVIEW_ITEM_EDITING_DONE, [this](wxDataViewEvent&) {
         m_isEditing = false;
@@ -175,7 +196,7 @@ wxString TNativeListView::ShownText(int row, TListColumn column) const
 
 void TNativeListView::ShowRows()
 {
-    EndEdit();
+    DropEdit();
     const TProgramSelects selecting(*this);
     ForgetShown();
     m_model->Reset(static_cast<unsigned>(m_rows.Count()));
@@ -185,7 +206,7 @@ void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow
 {
     const TProgramSelects selecting(*this);
     if (focusedRow >= 0 && focusedRow != FocusedRow())
-        SetCurrentItem(m_model->GetItem(static_cast<unsigned>(focusedRow)));
+        ShowFocus(focusedRow);
     if (Shown() != rows) {
         if (static_cast<int>(rows.size()) == m_rows.Count()) {
             SelectAll();
@@ -197,8 +218,16 @@ void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow
         }
         SetShown(rows);
     }
-    if (rows.size() == 1)
-        EnsureVisible(m_model->GetItem(static_cast<unsigned>(rows.front())));
+}
+
+// GTK moves its cursor only together with the selection, and scrolls there.
+void TNativeListView::ShowFocus(int row)
+{
+    GtkAdjustment* place = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(GtkGetTreeView()));
+    const double before = gtk_adjustment_get_value(place);
+    SetCurrentItem(m_model->GetItem(static_cast<unsigned>(row)));
+    gtk_adjustment_set_value(place, before);
+    ForgetShown();
 }
 
 void TNativeListView::ShowOrder(TListColumn column, bool ascending)
@@ -214,7 +243,52 @@ void TNativeListView::ShowOrder(TListColumn column, bool ascending)
 // new column.
 void TNativeListView::MakeTitlesEditable(bool editable)
 {
-    g_object_set(GetColumn(lcTitle)->GetRenderer()->GetGtkHandle(), "editable", editable, nullptr);
+    g_object_set(TitleRenderer(), "editable", editable, nullptr);
+}
+
+// The control tells of no menu that is wanted by a key, and takes the space bar for Enter.
+bool TNativeListView::TakesKey(int key, int modifiers)
+{
+    const bool isMenuKey = modifiers == wxMOD_NONE && (key == WXK_WINDOWS_MENU || key == WXK_MENU);
+    if (isMenuKey || (modifiers == wxMOD_SHIFT && key == WXK_F10)) {
+        m_rows.UserWantsMenu(true);
+        return true;
+    }
+    const bool isSpace = key == WXK_SPACE && (modifiers & ~wxMOD_SHIFT) == 0;
+    if (isSpace && GetCurrentItem().IsOk())
+        SetCurrentItem(GetCurrentItem());
+    return isSpace;
+}
+
+// GTK drops what was typed when the focus goes elsewhere.
+void TNativeListView::EditBegins(GtkEntry* editor, int row)
+{
+    m_editedRow = row;
+    m_isEditKept = true;
+    g_signal_connect(editor, "key-press-event",
+                     G_CALLBACK(+[](GtkWidget*, GdkEventKey* event, TNativeListView* view) {
+                         view->m_isEditKept = event->keyval != GDK_KEY_Escape;
+                         return FALSE;
+                     }),
+                     this);
+    g_signal_connect(
+        editor, "editing-done",
+        G_CALLBACK(+[](GtkEntry* done, TNativeListView* view) { view->EditEnds(done); }), this);
+}
+
+void TNativeListView::EditEnds(GtkEntry* editor)
+{
+    gboolean isCancelled = FALSE;
+    g_object_get(editor, "editing-canceled", &isCancelled, nullptr);
+    if (isCancelled && m_isEditKept)
+        m_model->SetValueByRow(wxString::FromUTF8(gtk_entry_get_text(editor)),
+                               static_cast<unsigned>(m_editedRow), lcTitle);
+}
+
+void TNativeListView::DropEdit()
+{
+    m_isEditKept = false;
+    EndEdit();
 }
 
 void TNativeListView::EndEdit()

@@ -37,6 +37,7 @@ public:
     void ShowRows() override;
     void ShowTexts() override { Refresh(); }
     void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
+    void BringIntoView(int row) override { EnsureVisible(row); }
     void EditTitle(int row) override { EditLabel(row); }
     wxRect RowRect(int row) const override
     {
@@ -72,6 +73,11 @@ private:
                          reinterpret_cast<WXLPARAM>(&item));
     }
     void SelectAllRows(bool select) { SelectRow(-1, select); }
+    // Where a range begins that is selected with Shift.
+    void SetAnchor(int row)
+    {
+        MSWDefWindowProc(LVM_SETSELECTIONMARK, 0, static_cast<WXLPARAM>(row));
+    }
 
     TTypeAhead m_typeAhead;
     mutable wxItemAttr m_currentAttr;
@@ -105,6 +111,7 @@ void TNativeListView::BindEvents()
             SelectAllRows(false);
             Select(row);
             Focus(row);
+            SetAnchor(row);
         }
     });
     Bind(wxEVT_LIST_END_LABEL_EDIT, [this](wxListEvent& event) {
@@ -168,10 +175,10 @@ void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow
 {
     const TProgramSelects selecting(*this);
     SelectOnly(rows);
-    if (focusedRow >= 0 && focusedRow != FocusedRow())
-        Focus(focusedRow);
-    if (rows.size() == 1)
-        EnsureVisible(rows.front());
+    if (focusedRow < 0 || focusedRow == FocusedRow())
+        return;
+    SetItemState(focusedRow, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+    SetAnchor(focusedRow);
 }
 
 wxString TNativeListView::OnGetItemText(long row, long column) const

@@ -26,12 +26,14 @@ std::unique_ptr<TBackground> NewBackground(TSession session)
         return NewLxqtBackground();
     case TSession::Sway:
         return NewSwayBackground();
+    case TSession::Enlightenment:
+        return NewEnlightenmentBackground();
     case TSession::Wayland:
         return NewSwaybgBackground();
     case TSession::Other:
         break;
     }
-    return NewRootWindowBackground();
+    return NewUnnamedBackground();
 }
 
 std::string ColorToHexText(TColor color)

@@ -48,8 +48,11 @@ std::unique_ptr<TBackground> NewXfceBackground();
 std::unique_ptr<TBackground> NewLxdeBackground();
 std::unique_ptr<TBackground> NewLxqtBackground();
 std::unique_ptr<TBackground> NewSwayBackground();
+std::unique_ptr<TBackground> NewEnlightenmentBackground();
 std::unique_ptr<TBackground> NewSwaybgBackground();
 std::unique_ptr<TBackground> NewRootWindowBackground();
+// Of a session that has no name: that of the program that draws the desktop, if one does.
+std::unique_ptr<TBackground> NewUnnamedBackground();
 
 // "#rrggbb"; the reader takes twelve digits, too.
 std::string ColorToHexText(TColor color);

@@ -4,7 +4,6 @@
 // when the desktop starts: then it is started again.
 #include "uBackground.h"
 #include "uDesktopWindow.h"
-#include "uDoor.h"
 #include "uFolders.h"
 #include "uGLib.h"
 #include "uImageFile.h"
@@ -27,7 +26,7 @@ namespace
 
 using TWords = std::vector<std::string>;
 
-constexpr guint LastWordsMs = 1000; // a desktop saves its settings some time after a change
+constexpr unsigned LastWordsMs = 1000; // a desktop saves its settings some time after a change
 
 bool IsDesktopThere(const std::string& program)
 {
@@ -41,25 +40,13 @@ void RunCommand(const TWords& command, TOnTook onTook)
     });
 }
 
-void Later(guint milliseconds, std::function<void()> action)
-{
-    g_timeout_add_full(
-        G_PRIORITY_DEFAULT, milliseconds,
-        [](gpointer data) -> gboolean {
-            NoThrow(*static_cast<std::function<void()>*>(data));
-            return G_SOURCE_REMOVE;
-        },
-        new std::function<void()>(std::move(action)),
-        [](gpointer data) { delete static_cast<std::function<void()>*>(data); });
-}
-
 // `edit` changes the settings in between.
 void RestartDesktop(const std::string& program, const std::string& profile,
                     std::function<void()> edit, TOnTook onTook)
 {
     RunProgramLater({program, "--desktop-off"}, [program, profile, edit = std::move(edit),
                                                  onTook = std::move(onTook)](bool /*worked*/) {
-        Later(LastWordsMs, [=] {
+        RunLater(LastWordsMs, [=] {
             edit();
             const bool started = StartProgram({program, "--desktop", "--profile=" + profile});
             onTook(started ? TTook::Yes : TTook::No, "");
@@ -116,7 +103,8 @@ public:
                    [=, onTook = std::move(onTook)](TTook took, const std::string&) {
                        if (took != TTook::Yes || monitors < 2)
                            return onTook(took, "");
-                       Later(LastWordsMs, [=] { SetOtherMonitors(path, color, monitors, onTook); });
+                       RunLater(LastWordsMs,
+                                [=] { SetOtherMonitors(path, color, monitors, onTook); });
                    });
     }
 

@@ -106,15 +106,21 @@ bool StartProgram(const std::vector<std::string>& command)
     return Start(command, G_SPAWN_DEFAULT, nullptr);
 }
 
-int StartSilentProgram(const std::vector<std::string>& command)
+int StartSilentProgram(const std::vector<std::string>& command, std::function<void()> onEnd)
 {
     constexpr auto flags =
         G_SPAWN_DO_NOT_REAP_CHILD | G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL;
     GPid process = 0;
     if (!Start(command, flags, &process))
         return 0;
-    g_child_watch_add(
-        process, [](GPid ended, gint, gpointer) { g_spawn_close_pid(ended); }, nullptr);
+    g_child_watch_add_full(
+        G_PRIORITY_DEFAULT, process,
+        [](GPid ended, gint, gpointer data) {
+            g_spawn_close_pid(ended);
+            NoThrow(*static_cast<std::function<void()>*>(data));
+        },
+        new std::function<void()>(std::move(onEnd)),
+        [](gpointer data) { delete static_cast<std::function<void()>*>(data); });
     return process;
 }
 

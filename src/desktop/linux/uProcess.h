@@ -31,7 +31,8 @@ bool HasProgram(const std::string& name);
 // Starts a program (looked up in PATH) on its own: it stays when this one ends, or is ended from a
 // terminal. Whether it could be started.
 bool StartProgram(const std::vector<std::string>& command);
-// The same; its number, 0 when it could not be started.
-int StartSilentProgram(const std::vector<std::string>& command);
+// The same; its number, 0 when it could not be started. `onEnd` is told, out of the main loop, when
+// it has ended.
+int StartSilentProgram(const std::vector<std::string>& command, std::function<void()> onEnd);
 
 } // namespace murala

@@ -44,6 +44,7 @@ constexpr TSessionName Names[] = {
     {"LXDE-pi", TSession::Lxde},
     {"LXQt", TSession::Lxqt},
     {"sway", TSession::Sway},
+    {"Enlightenment", TSession::Enlightenment},
     {"Hyprland", TSession::Wayland},
     {"river", TSession::Wayland},
     {"Wayfire", TSession::Wayland},

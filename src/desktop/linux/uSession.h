@@ -13,6 +13,7 @@ enum class TSession {
     Lxde,
     Lxqt,
     Sway,
+    Enlightenment,
     Wayland, // a compositor that leaves the background to a program
     Other,
 };

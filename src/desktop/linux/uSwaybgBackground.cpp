@@ -4,6 +4,7 @@
 #include "uFolders.h"
 #include "uGLib.h"
 #include "uProcess.h"
+#include "uWork.h"
 
 #include <csignal>
 #include <fstream>
@@ -15,7 +16,8 @@ namespace
 {
 
 constexpr const char* Program = "swaybg";
-constexpr guint OverlapMs = 500; // the next one is seen before the one before goes
+// The next one is seen before the one before goes; one that the compositor refuses ends by itself.
+constexpr unsigned OverlapMs = 500;
 
 std::filesystem::path NumberFile()
 {
@@ -42,20 +44,23 @@ public:
         if (!HasProgram(Program))
             return onTook(TTook::No, "Install swaybg, which shows the picture on this desktop.");
         const pid_t before = ReadProcess();
+        const auto hasEnded = std::make_shared<bool>(false);
         const pid_t process =
-            StartSilentProgram({Program, "-i", path, "-m", "fill", "-c", ColorToHexText(color)});
+            StartSilentProgram({Program, "-i", path, "-m", "fill", "-c", ColorToHexText(color)},
+                               [=] { *hasEnded = true; });
         if (process == 0)
             return onTook(TTook::No, "");
         std::ofstream(NumberFile()) << process;
-        if (before != 0)
-            g_timeout_add(
-                OverlapMs,
-                [](gpointer number) -> gboolean {
-                    kill(GPOINTER_TO_INT(number), SIGTERM);
-                    return G_SOURCE_REMOVE;
-                },
-                GINT_TO_POINTER(before));
-        onTook(TTook::Yes, "");
+        RunLater(OverlapMs, [=, onTook = std::move(onTook)] {
+            if (*hasEnded) {
+                if (before != 0 && ReadProcess() == 0)
+                    std::ofstream(NumberFile()) << before;
+                return onTook(TTook::No, "It lets no program draw its background.");
+            }
+            if (before != 0)
+                kill(before, SIGTERM);
+            onTook(TTook::Yes, "");
+        });
     }
 };
 

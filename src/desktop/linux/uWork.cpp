@@ -28,4 +28,16 @@ void WorkAside(std::function<void()> work, std::function<void()> onDone)
     });
 }
 
+void RunLater(unsigned milliseconds, std::function<void()> action)
+{
+    g_timeout_add_full(
+        G_PRIORITY_DEFAULT, milliseconds,
+        [](gpointer data) -> gboolean {
+            NoThrow(*static_cast<std::function<void()>*>(data));
+            return G_SOURCE_REMOVE;
+        },
+        new std::function<void()>(std::move(action)),
+        [](gpointer data) { delete static_cast<std::function<void()>*>(data); });
+}
+
 } // namespace murala

@@ -9,4 +9,7 @@ namespace murala
 // thrown, `onDone` in this one, out of the main loop.
 void WorkAside(std::function<void()> work, std::function<void()> onDone);
 
+// Once, after so many milliseconds, out of the main loop.
+void RunLater(unsigned milliseconds, std::function<void()> action);
+
 } // namespace murala

@@ -277,7 +277,53 @@ TEST(SwaybgBackground, OneOfOursShowsThePicture)
     }
     EXPECT_TRUE(Eventually([&] { return kill(processes[0], 0) != 0; }));
     EXPECT_EQ(kill(processes[1], 0), 0);
+
+    // A compositor that lets no program draw its background: the program ends at once.
+    session.AddRecorder("swaybg", 1);
+    const auto refused = Install(*desktop, picture);
+    EXPECT_FALSE(Takes(refused));
+    EXPECT_NE(refused->value().Advice, "");
+    EXPECT_EQ(kill(processes[1], 0), 0);
     kill(processes[1], SIGKILL);
+}
+
+TEST(UnnamedBackground, IsThatOfTheProgramWhichDrawsTheDesktop)
+{
+    for (const char* program : {"pcmanfm", "Other"}) {
+        TTestSession session;
+        const TTestScreen screen(session, "64x48x24");
+        session.AddRecorder("pcmanfm");
+        const std::string picture = session.SavePicture();
+        const auto desktop = NewDesktop(session.Path());
+        screen.ShowDesktopOf("Weather", 20, 20);
+        EXPECT_TRUE(Installs(*desktop, picture)) << "a small window hides nothing";
+        EXPECT_FALSE(FileExists(session.File("recorded")));
+        screen.ShowDesktopOf(program, 64, 48);
+        const auto answer = Install(*desktop, picture);
+        const bool isKnown = Takes(answer);
+        EXPECT_EQ(isKnown, FileExists(session.File("recorded"))) << program;
+        EXPECT_NE(isKnown, answer->value().Advice.starts_with("Other ")) << program;
+    }
+}
+
+TEST(EnlightenmentBackground, EveryMonitorHasThePictureOrTheModuleIsMissing)
+{
+    TTestSession session("Enlightenment");
+    const TTestBus bus(session);
+    TWords told;
+    const std::string picture = session.SavePicture();
+    const auto service =
+        NewService("org.enlightenment.wm.service",
+                   "/org/enlightenment/wm/RemoteObject org.enlightenment.wm.Desktop.Background.Add",
+                   [&](GVariant* arguments) {
+                       const TGText text(g_variant_print(arguments, FALSE));
+                       told.emplace_back(text.get());
+                       return g_variant_new("()");
+                   });
+    const auto desktop = NewDesktop(session.Path());
+    EXPECT_TRUE(Installs(*desktop, picture));
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_TRUE(told[0].starts_with("(0, -1, -1, ")) << told[0];
 }
 
 TEST(XfceBackground, DesktopShowsThePictureAndTheNextOneOfTheSameName)

@@ -214,14 +214,16 @@ void TTestScreen::SetProperty(const char* name, Atom type, std::vector<unsigned 
     XSync(Get(), False);
 }
 
-void TTestScreen::ShowDesktopOf(const char* windowClass) const
+void TTestScreen::ShowDesktopOf(const char* windowClass, unsigned width, unsigned height) const
 {
     const Window window =
-        XCreateSimpleWindow(Get(), DefaultRootWindow(Get()), 0, 0, 10, 10, 0, 0, 0);
+        XCreateSimpleWindow(Get(), DefaultRootWindow(Get()), 0, 0, width, height, 0, 0, 0);
     XClassHint hint{const_cast<char*>("desktop_window"), const_cast<char*>(windowClass)};
     XSetClassHint(Get(), window, &hint);
     SetProperty("_NET_WM_WINDOW_TYPE", XA_ATOM,
                 {XInternAtom(Get(), "_NET_WM_WINDOW_TYPE_DESKTOP", False)}, window);
+    XMapWindow(Get(), window);
+    XSync(Get(), False);
 }
 
 void TTestScreen::SetMonitor(const char* name, const TRect& place, bool isPrimary,

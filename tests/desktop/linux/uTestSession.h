@@ -101,7 +101,7 @@ public:
     void SetProperty(const char* name, Atom type, std::vector<unsigned long> values,
                      Window window = None) const;
     // The window that a file manager draws the desktop in.
-    void ShowDesktopOf(const char* windowClass) const;
+    void ShowDesktopOf(const char* windowClass, unsigned width = 10, unsigned height = 10) const;
     void SetMonitor(const char* name, const TRect& place, bool isPrimary,
                     RROutput* output = nullptr) const;
 

@@ -1,0 +1,76 @@
+// A session that says nothing of itself, e.g. one that the user has put together: what draws its
+// desktop is looked for anew for each picture.
+#include "uBackground.h"
+#include "uDesktopWindow.h"
+#include "uText.h"
+
+#include <algorithm>
+
+namespace murala
+{
+
+namespace
+{
+
+struct TDesktopProgram {
+    std::string_view Class; // of its desktop's window
+    TSession Session;
+};
+
+constexpr TDesktopProgram DesktopPrograms[] = {
+    {"pcmanfm", TSession::Lxde},          {"pcmanfm-qt", TSession::Lxqt},
+    {"xfdesktop", TSession::Xfce},        {"caja", TSession::Mate},
+    {"nemo-desktop", TSession::Cinnamon}, {"plasmashell", TSession::Plasma},
+};
+
+class TUnnamedBackground : public TBackground
+{
+public:
+    bool GoesByNames() const override { return Find(DesktopWindowClass())->GoesByNames(); }
+
+    void SetPicture(const std::string& path, TColor color, TOnTook onTook) override
+    {
+        const std::string program = DesktopWindowClass();
+        m_background = Find(program);
+        if (program.empty() || IsKnown(program))
+            return m_background->SetPicture(path, color, std::move(onTook));
+        // It shows when that program ends.
+        m_background->SetPicture(
+            path, color, [program, onTook = std::move(onTook)](TTook, const std::string&) {
+                onTook(TTook::No,
+                       FormatText("%s draws the desktop: set its picture there, or close it.",
+                                  {program}));
+            });
+    }
+
+    std::optional<TColor> Color() override { return Find(DesktopWindowClass())->Color(); }
+    void SetColor(TColor color) override { Find(DesktopWindowClass())->SetColor(color); }
+
+private:
+    static const TDesktopProgram* FindProgram(const std::string& name)
+    {
+        return std::ranges::find_if(DesktopPrograms, [&](const TDesktopProgram& known) {
+            return SameTextAscii(known.Class, name);
+        });
+    }
+    static bool IsKnown(const std::string& name)
+    {
+        return FindProgram(name) != std::end(DesktopPrograms);
+    }
+    static std::unique_ptr<TBackground> Find(const std::string& name)
+    {
+        return IsKnown(name) ? NewBackground(FindProgram(name)->Session)
+                             : NewRootWindowBackground();
+    }
+
+    std::unique_ptr<TBackground> m_background; // while it works
+};
+
+} // namespace
+
+std::unique_ptr<TBackground> NewUnnamedBackground()
+{
+    return std::make_unique<TUnnamedBackground>();
+}
+
+} // namespace murala

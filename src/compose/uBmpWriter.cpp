@@ -69,6 +69,13 @@ std::uint8_t PaletteIndex(TPixel pixel)
         level(pixel, BlueLevels));
 }
 
+// What draws on bitmaps leaves anything in the byte that a pixel does not use, and some programs
+// read it as opacity.
+TPixel WithoutFourthByte(TPixel pixel)
+{
+    return pixel & 0xFFFFFFU;
+}
+
 // Writes the rows from the bottom up, in few large pieces from a buffer that stays in the
 // processor's cache. `convert` fills one row of the file from one of the bitmap.
 template<typename TUnit, typename TConvert>
@@ -105,8 +112,9 @@ void SaveBitmapFile(const TBitmap& bitmap, const std::string& fileName, int scre
     } else {
         const auto header = Header(bitmap.Size(), 32, 0, width * sizeof(TPixel));
         file.Write(header.data(), header.size());
-        WriteRows<TPixel>(file, bitmap, width,
-                          [=](const TPixel* from, TPixel* to) { std::copy_n(from, width, to); });
+        WriteRows<TPixel>(file, bitmap, width, [=](const TPixel* from, TPixel* to) {
+            std::transform(from, from + width, to, WithoutFourthByte);
+        });
     }
     file.Commit();
 }

@@ -27,7 +27,8 @@ TEST(ImageFile, BitmapsAreWrittenBottomUpWithThirtyTwoBits)
 {
     const TTempFolder folder;
     const std::string name = folder.File("b\xC3\xA4r.bmp");
-    SaveBitmapFile(BitmapOf({{0x010203, 0x040506}, {0x070809, 0x0A0B0C}}), name);
+    // Whatever text drawing has left in the fourth byte.
+    SaveBitmapFile(BitmapOf({{0xFF010203, 0x040506}, {0x80070809, 0x010A0B0C}}), name);
     EXPECT_EQ(ReadWholeFile(name), "BM" + Longs({70, 0, 54, 40, 2, 2, 1 | 32 << 16, 0, 16, 0, 0, 0,
                                                  0, 0x070809, 0x0A0B0C, 0x010203, 0x040506}));
     for (const TSize size : {TSize{1, 1}, TSize{70000, 2}, TSize{3, 70000}, TSize{333, 777}}) {

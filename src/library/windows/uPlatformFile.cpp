@@ -44,11 +44,19 @@ bool IsFolder(const std::filesystem::path& path)
     return _wstat64(path.c_str(), &status) == 0 && (status.st_mode & S_IFDIR) != 0;
 }
 
-// A folder, or a file that is marked as read-only, will not be had by waiting.
+bool HasMark(const std::filesystem::path& path, DWORD marks)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & marks) != 0;
+}
+
+// What waiting does not bring: a folder, and for writing a file that is marked as read-only, or a
+// new one where none may be made.
 bool IsDeniedForGood(const std::filesystem::path& path, bool forWriting)
 {
-    constexpr int writing = 2;
-    return IsFolder(path) || (forWriting && _waccess(path.c_str(), writing) != 0);
+    return HasMark(path, FILE_ATTRIBUTE_DIRECTORY | (forWriting ? FILE_ATTRIBUTE_READONLY : 0)) ||
+           (forWriting && GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES &&
+            GetLastError() == ERROR_FILE_NOT_FOUND);
 }
 
 // Other programs may rename and delete the file meanwhile; what the C library opens they may only
@@ -122,7 +130,7 @@ std::error_code RenameOver(const std::filesystem::path& from, const std::filesys
     Insist([&] {
         error =
             MoveFileExW(from.c_str(), to.c_str(), flags) != FALSE ? ERROR_SUCCESS : GetLastError();
-        return IsHeld(error) && !IsDeniedForGood(to, true);
+        return IsHeld(error) && !HasMark(to, FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY);
     });
     return {static_cast<int>(error), std::system_category()};
 }

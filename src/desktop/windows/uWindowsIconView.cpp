@@ -1,4 +1,5 @@
 #include "uDesktopWindows.h"
+#include "uIconRects.h"
 #include "uIconView.h"
 #include "uSendMessage.h"
 #include "uTaskBar.h"
@@ -38,8 +39,8 @@ std::vector<TRect> RegionRects(HRGN region)
     return rects;
 }
 
-// In this style a list gives itself a region of its icons and labels; afterwards its style is as it
-// was before.
+// In this style a list gives itself a region of its icons and labels, where the shell's controls
+// know it, which newer ones do not; afterwards its style is as it was before.
 class TRegionalStyle
 {
 public:
@@ -91,10 +92,13 @@ public:
         const HWND list = FindDesktopListView();
         if (list == nullptr)
             return {{}, "The desktop shows no icons."};
-        const TRegionalStyle style(list);
-        const TRegion region(CreateRectRgn(0, 0, 0, 0));
-        GetWindowRgn(list, region.get());
-        return {RegionRects(region.get()), {}};
+        {
+            const TRegionalStyle style(list);
+            const TRegion region(CreateRectRgn(0, 0, 0, 0));
+            if (GetWindowRgn(list, region.get()) != ERROR)
+                return {RegionRects(region.get()), {}};
+        }
+        return AskForIconRects(list);
     }
 };
 

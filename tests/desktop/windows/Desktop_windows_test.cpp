@@ -50,7 +50,7 @@ public:
         PROCESS_INFORMATION started{};
         EXPECT_TRUE(CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr,
                                    nullptr, &startup, &started));
-        const THandle thread(started.hThread);
+        m_thread.reset(started.hThread);
         m_process.reset(started.hProcess);
     }
     TFakeProgram(const TFakeProgram&) = delete;
@@ -62,6 +62,8 @@ public:
         TerminateProcess(m_process.get(), 0);
         WaitForSingleObject(m_process.get(), INFINITE);
     }
+    // It hangs from now on.
+    void Suspend() { SuspendThread(m_thread.get()); }
     // What it was sent.
     TLog Log() const
     {
@@ -74,7 +76,7 @@ public:
 
 private:
     TTempFolder m_folder;
-    THandle m_process;
+    THandle m_process, m_thread;
 };
 
 TEST(Screens, AMessageWithoutAnotherLayoutIsNotPassedOn)
@@ -132,7 +134,7 @@ TEST(IconViewOfAShell, LabelsAreSetOnceAndPaintedAgain)
         for (int i = 0; i < 2; i++)
             SetIconsOpaque(*icons, *desktop);
         const TLog log = shell.Log();
-        const std::string paint = top == "Progman" ? "21 0 2" : "21 0 -1";
+        const std::string paint = top == "Progman" ? "21 0 1" : "21 0 -1";
         const std::string opaque = "38 0 " + std::to_string(desktop->DesktopColor());
         EXPECT_EQ(TLog(log.begin() + asked, log.end()),
                   (TLog{"37 0 0", "38 0 -1", "4 0 0", paint, "37 0 0", "37 0 0", opaque, "4 0 0",
@@ -148,6 +150,22 @@ TEST(IconViewOfAShell, LabelsAreSetOnceAndPaintedAgain)
         EXPECT_EQ(TLog(told.begin() + sent, told.end()), (TLog{"55 0 0", "54 512 -1", "54 512 32"}))
             << "the style is taken back";
     }
+}
+
+// As the shell of today, whose list knows no regional style.
+TEST(IconViewOfAShell, RectanglesAreAskedForWhereTheListHasNoRegion)
+{
+    const auto icons = NewIconView();
+    TFakeProgram shell("Modern");
+    ASSERT_TRUE(Eventually([&] { return icons->GetIconTextBackColor() == 0x112233; }));
+    const TIconRegion region = icons->GetIconRegion();
+    EXPECT_EQ(region.Problem, "");
+    EXPECT_EQ(region.Rects,
+              (std::vector<TRect>{{20, 30, 68, 78}, {10, 78, 78, 98}, {300, 130, 348, 178}, {}}));
+    shell.Suspend();
+    const auto start = GetTickCount64();
+    EXPECT_EQ(icons->GetIconRegion().Problem, "The desktop does not answer.");
+    EXPECT_LT(GetTickCount64() - start, 6000U);
 }
 
 HWND MakeMainWindow()

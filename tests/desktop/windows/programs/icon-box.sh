@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # icon-box.sh WINE Fakes.exe Murala.exe: Murala applies a grey picture with the icon box, of both types,
-# beside a shell with three icons' areas, and the picture that it saves is looked at.
+# beside shells of both kinds with two icons, and the picture that it saves is looked at.
 set -euo pipefail
 wine=$1 fakes=$2 murala=$3
 pids=()
@@ -30,22 +30,25 @@ start() { # start PROGRAM [ARGUMENT...]: on the desktop of both
 
 cp "$murala" "$folder/Murala.exe"
 convert -size 640x480 xc:'gray(100)' BMP3:"$folder/grey.bmp"
-start "$(windows_name "$fakes")" Progman "$(windows_name "$folder/log")"
-sleep 3
-for only_icons in 0 1; do
-    rm -f "$folder/MuralaWallpaper.bmp" "$folder/log"
-    printf '"%s","grey","Stretched","0","0","","0","0","0","0","0","0","(None)","0 0 0","x"\r\n' "$(windows_name "$folder/grey.bmp")" \
-        >"$folder/Murala.Wallpaper.List"
-    printf '[Main]\r\nUseIconBox=1\r\nIconBoxGamma=128\r\nIconBoxBorder=1\r\nIconBoxOnlyIcons=%s\r\nWallpaperCurrent=grey\r\n' \
-        $only_icons >"$folder/Murala.ini"
-    start "$(windows_name "$folder/Murala.exe")" /apply
-    # Outside, on the frame of the box (5, 25, 353, 183), between the icons, behind the icons.
-    if [ $only_icons = 0 ]; then
-        eventually shows 4,100 100 5,100 255 352,100 255 150,100 177 40,50 177 320,150 177
-    else
-        eventually shows 4,100 100 5,100 100 352,100 100 150,100 100 40,50 177 320,150 177
-    fi
-    [ "$(grep -A2 '^55 0 0' "$folder/log" | tr -d '\r' | head -3 | paste -sd,)" = \
-        "55 0 0,54 512 -1,54 512 32" ] || { cat "$folder/log" >&2; exit 1; }
-    end Murala.exe
+for shell in Progman Modern; do
+    start "$(windows_name "$fakes")" $shell "$(windows_name "$folder/log")"
+    sleep 3
+    for only_icons in 0 1; do
+        rm -f "$folder/MuralaWallpaper.bmp" "$folder/log"
+        printf '"%s","grey","Stretched","0","0","","0","0","0","0","0","0","(None)","0 0 0","x"\r\n' \
+            "$(windows_name "$folder/grey.bmp")" >"$folder/Murala.Wallpaper.List"
+        printf '[Main]\r\nUseIconBox=1\r\nIconBoxGamma=128\r\nIconBoxBorder=1\r\nIconBoxOnlyIcons=%s\r\nWallpaperCurrent=grey\r\n' \
+            $only_icons >"$folder/Murala.ini"
+        start "$(windows_name "$folder/Murala.exe")" /apply
+        # Outside, on the frame of the box (5, 25, 353, 183), between the icons, behind the icons.
+        if [ $only_icons = 0 ]; then
+            eventually shows 4,100 100 5,100 255 352,100 255 150,100 177 40,50 177 320,150 177
+        else
+            eventually shows 4,100 100 5,100 100 352,100 100 150,100 100 40,50 177 320,150 177
+        fi
+        [ "$(grep -A2 '^55 0 0' "$folder/log" | tr -d '\r' | head -3 | paste -sd,)" = \
+            "55 0 0,54 512 -1,54 512 32" ] || { cat "$folder/log" >&2; exit 1; }
+        end Murala.exe
+    done
+    end "$(basename "$fakes")"
 done

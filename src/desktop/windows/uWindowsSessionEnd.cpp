@@ -1,11 +1,10 @@
+#include "uDoor.h"
 #include "uSessionEnd.h"
 
 #include <windows.h>
 
 #include <commctrl.h>
 
-#include <cstdio>
-#include <exception>
 #include <utility>
 
 namespace murala
@@ -41,13 +40,10 @@ public:
 private:
     static constexpr UINT_PTR SubclassId = WM_ENDSESSION;
 
-    // What the system calls here knows no exceptions.
     static void Tell(const std::function<void()>& handle) noexcept
-    try {
+    {
         if (handle)
-            handle();
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "Murala: %s\n", error.what());
+            NoThrow(handle);
     }
 
     // Neither message comes to the toolkit: that would close the window during the question, and

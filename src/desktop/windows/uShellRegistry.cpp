@@ -4,6 +4,10 @@
 #include "uFileMenu.h"
 #include "uFileQueue.h"
 
+#include <windows.h>
+
+#include <shlobj.h>
+
 #include <algorithm>
 
 namespace murala
@@ -25,13 +29,20 @@ TPlaces RunPlaces()
 }
 
 // Of an unknown file type the verb lies in the "Shell" key of the root itself.
-TPlaces VerbPlaces(TRegistry& registry, std::string_view extension, std::string_view verb)
+std::vector<TPlaces> VerbPlaces(TRegistry& registry, std::string_view extension,
+                                std::string_view verb)
 {
     std::string type = ReadFileType(registry, extension);
     if (!type.empty() && !type.ends_with('\\'))
         type += '\\';
-    const std::string key = type + "Shell\\" + std::string(verb);
-    return {{TRoot::ClassesRoot, key}, {TRoot::CurrentUser, "Software\\Classes\\" + key}};
+    std::vector<TPlaces> places;
+    for (const std::string& files :
+         {type, "SystemFileAssociations\\" + std::string(extension) + '\\'}) {
+        const std::string key = files + "Shell\\" + std::string(verb);
+        places.push_back(
+            {{TRoot::ClassesRoot, key}, {TRoot::CurrentUser, "Software\\Classes\\" + key}});
+    }
+    return places;
 }
 
 std::string CommandKey(const TPlace& verb)
@@ -39,13 +50,36 @@ std::string CommandKey(const TPlace& verb)
     return verb.Key + "\\Command";
 }
 
-void WriteToFirst(TRegistry& registry, const TPlaces& places, const std::string& name,
-                  const std::string& text)
+enum class TWritten { WasThere, Changed, Refused };
+
+TWritten WriteTo(TRegistry& registry, const TPlace& place, const std::string& name,
+                 const std::string& text)
 {
-    for (const TPlace& place : places)
-        if (registry.ReadText(place.Root, place.Key, name) == text ||
-            registry.WriteText(place.Root, place.Key, name, text))
-            return;
+    if (registry.ReadText(place.Root, place.Key, name) == text)
+        return TWritten::WasThere;
+    return registry.WriteText(place.Root, place.Key, name, text) ? TWritten::Changed
+                                                                 : TWritten::Refused;
+}
+
+// Without the model the shell offers a verb for 15 files at the most.
+bool WriteVerb(TRegistry& registry, const TPlaces& places, const std::string& command)
+{
+    for (const TPlace& verb : places)
+        if (const TWritten written = WriteTo(registry, {verb.Root, CommandKey(verb)}, "", command);
+            written != TWritten::Refused)
+            return WriteTo(registry, verb, "MultiSelectModel", "Player") == TWritten::Changed ||
+                   written == TWritten::Changed;
+    return false;
+}
+
+bool DeleteVerb(TRegistry& registry, const TPlace& verb)
+{
+    if (!registry.KeyExists(verb.Root, CommandKey(verb)))
+        return false;
+    registry.DeleteValue(verb.Root, CommandKey(verb), "");
+    registry.DeleteKey(verb.Root, CommandKey(verb));
+    registry.DeleteKey(verb.Root, verb.Key);
+    return true;
 }
 
 } // namespace
@@ -55,31 +89,31 @@ std::string ReadFileType(TRegistry& registry, std::string_view extension)
     return registry.ReadText(TRoot::ClassesRoot, std::string(extension), "").value_or("");
 }
 
-void AddShellCommand(TRegistry& registry, std::string_view extension, std::string_view verb,
+bool AddShellCommand(TRegistry& registry, std::string_view extension, std::string_view verb,
                      const std::string& command)
 {
-    TPlaces places = VerbPlaces(registry, extension, verb);
-    for (TPlace& place : places)
-        place.Key = CommandKey(place);
-    WriteToFirst(registry, places, "", command);
+    bool isChanged = false;
+    for (const TPlaces& places : VerbPlaces(registry, extension, verb))
+        isChanged |= WriteVerb(registry, places, command);
+    return isChanged;
 }
 
-void RemoveShellCommand(TRegistry& registry, std::string_view extension, std::string_view verb)
+bool RemoveShellCommand(TRegistry& registry, std::string_view extension, std::string_view verb)
 {
-    for (const TPlace& place : VerbPlaces(registry, extension, verb)) {
-        if (!registry.KeyExists(place.Root, CommandKey(place)))
-            continue;
-        registry.DeleteValue(place.Root, CommandKey(place), "");
-        registry.DeleteKey(place.Root, CommandKey(place));
-        registry.DeleteKey(place.Root, place.Key);
-    }
+    bool isChanged = false;
+    for (const TPlaces& places : VerbPlaces(registry, extension, verb))
+        for (const TPlace& place : places)
+            isChanged |= DeleteVerb(registry, place);
+    return isChanged;
 }
 
 bool ShellCommandExists(TRegistry& registry, std::string_view extension, std::string_view verb)
 {
-    return std::ranges::any_of(VerbPlaces(registry, extension, verb), [&](const TPlace& place) {
-        return registry.KeyExists(place.Root, CommandKey(place));
-    });
+    for (const TPlaces& places : VerbPlaces(registry, extension, verb))
+        for (const TPlace& place : places)
+            if (registry.KeyExists(place.Root, CommandKey(place)))
+                return true;
+    return false;
 }
 
 bool QueueFiles(TRegistry& registry, const std::vector<std::string>& names)
@@ -103,7 +137,15 @@ std::vector<std::string> TakeQueuedFiles(TRegistry& registry)
 
 void SetRunValue(TRegistry& registry, std::string_view name, const std::string& command)
 {
-    WriteToFirst(registry, RunPlaces(), std::string(name), command);
+    const std::string value(name);
+    for (const TPlace& place : RunPlaces()) {
+        const bool isThere = registry.ReadText(place.Root, place.Key, value).has_value();
+        if (WriteTo(registry, place, value, command) == TWritten::Refused && !isThere)
+            continue;
+        if (place.Root == TRoot::LocalMachine)
+            registry.DeleteValue(TRoot::CurrentUser, place.Key, value);
+        return;
+    }
 }
 
 void DeleteRunValue(TRegistry& registry, std::string_view name)
@@ -127,14 +169,18 @@ class TWindowsFileMenu : public TFileMenu
 public:
     void AddShellCommand(const TFileCommand& command) override
     {
+        bool isChanged = false;
         for (const std::string& extension : command.Extensions)
-            murala::AddShellCommand(*m_registry, extension, command.Verb,
-                                    command.Program + " \"%1\"");
+            isChanged |= murala::AddShellCommand(*m_registry, extension, command.Verb,
+                                                 command.Program + " \"%1\"");
+        TellShell(isChanged);
     }
     void RemoveShellCommand(const TFileCommand& command) override
     {
+        bool isChanged = false;
         for (const std::string& extension : command.Extensions)
-            murala::RemoveShellCommand(*m_registry, extension, command.Verb);
+            isChanged |= murala::RemoveShellCommand(*m_registry, extension, command.Verb);
+        TellShell(isChanged);
     }
     bool ShellCommandExists(const TFileCommand& command) override
     {
@@ -144,6 +190,13 @@ public:
     }
 
 private:
+    // It reads all its menus and icons anew, which the user sees.
+    static void TellShell(bool isChanged)
+    {
+        if (isChanged)
+            SHChangeNotify(SHCNE_ASSOCCHANGED, SHCNF_IDLIST, nullptr, nullptr);
+    }
+
     std::unique_ptr<TRegistry> m_registry = NewRegistry();
 };
 

@@ -3,6 +3,9 @@
 //
 // The file types and the start entry belong to the whole machine. Where an ordinary user may not
 // write there, the same values go below HKEY_CURRENT_USER, and are found and removed there, too.
+//
+// A command lies below the file's type and, since the user may have chosen another program for
+// such files, whose type is another one, also below the extension's system-wide key.
 #pragma once
 
 #include "uRegistry.h"
@@ -20,15 +23,17 @@ inline constexpr std::string_view RunKey = R"(SOFTWARE\Microsoft\Windows\Current
 // The name of the file type, empty when it is not known.
 std::string ReadFileType(TRegistry& registry, std::string_view extension);
 
-void AddShellCommand(TRegistry& registry, std::string_view extension, std::string_view verb,
+// Both tell whether they changed anything.
+bool AddShellCommand(TRegistry& registry, std::string_view extension, std::string_view verb,
                      const std::string& command);
-void RemoveShellCommand(TRegistry& registry, std::string_view extension, std::string_view verb);
+bool RemoveShellCommand(TRegistry& registry, std::string_view extension, std::string_view verb);
 bool ShellCommandExists(TRegistry& registry, std::string_view extension, std::string_view verb);
 
 bool QueueFiles(TRegistry& registry, const std::vector<std::string>& names);
 // The order is the registry's. A name that cannot be deleted is left out.
 std::vector<std::string> TakeQueuedFiles(TRegistry& registry);
 
+// Where the machine's entry may not be changed, it stays the only one: two would start two copies.
 void SetRunValue(TRegistry& registry, std::string_view name, const std::string& command);
 void DeleteRunValue(TRegistry& registry, std::string_view name);
 bool RunValueExists(TRegistry& registry, std::string_view name);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <utility>
@@ -47,13 +48,23 @@ struct TFakeRegistry : TRegistry {
         const auto values = Keys.find({root, key});
         return !Refused.contains(root) && values != Keys.end() && values->second.erase(name) != 0;
     }
-    void DeleteKey(TRoot root, const std::string& key) override { Keys.erase({root, key}); }
+    void DeleteKey(TRoot root, const std::string& key) override
+    {
+        const auto isBelow = [&](const auto& each) {
+            return each.first.first == root && each.first.second.starts_with(key + '\\');
+        };
+        if (!Refused.contains(root) && std::ranges::none_of(Keys, isBelow))
+            Keys.erase({root, key});
+    }
 };
 
 const std::string Verb = "Add to Murala";
 constexpr const char* Extensions[] = {".bmp", ".jpg"};
-const std::string BitmapVerb = "Paint.Picture\\Shell\\Add to Murala\\Command";
-const std::string JpegVerb = "jpegfile\\Shell\\Add to Murala\\Command";
+// Below the file's type, and below its extension for users of another program.
+const std::string Verbs[] = {R"(Paint.Picture\Shell\Add to Murala)",
+                             R"(jpegfile\Shell\Add to Murala)",
+                             R"(SystemFileAssociations\.bmp\Shell\Add to Murala)",
+                             R"(SystemFileAssociations\.jpg\Shell\Add to Murala)"};
 
 TFakeRegistry RegistryWithTypes()
 {
@@ -66,10 +77,11 @@ TFakeRegistry RegistryWithTypes()
 void Integrate(TRegistry& registry, bool integrated)
 {
     for (const char* extension : Extensions) {
-        if (integrated)
-            AddShellCommand(registry, extension, Verb, "x \"%1\"");
-        else
-            RemoveShellCommand(registry, extension, Verb);
+        // The shell is told of changes only.
+        for (const bool isFirst : {true, false})
+            EXPECT_EQ(integrated ? AddShellCommand(registry, extension, Verb, "x \"%1\"")
+                                 : RemoveShellCommand(registry, extension, Verb),
+                      isFirst);
         EXPECT_EQ(ShellCommandExists(registry, extension, Verb), integrated);
     }
 }
@@ -79,12 +91,12 @@ TEST(ShellRegistry, VerbLiesBelowEachFileTypeAndGoesWithoutTrace)
     TFakeRegistry registry = RegistryWithTypes();
     const auto before = registry.Keys;
     Integrate(registry, true);
-    for (const std::string& key : {BitmapVerb, JpegVerb})
-        EXPECT_EQ(registry.ReadText(TRoot::ClassesRoot, key, ""), "x \"%1\"");
-    for (int i = 0; i < 2; i++) {
-        Integrate(registry, false);
-        EXPECT_EQ(registry.Keys, before);
+    for (const std::string& verb : Verbs) {
+        EXPECT_EQ(registry.ReadText(TRoot::ClassesRoot, verb + "\\Command", ""), "x \"%1\"");
+        EXPECT_EQ(registry.ReadText(TRoot::ClassesRoot, verb, "MultiSelectModel"), "Player");
     }
+    Integrate(registry, false);
+    EXPECT_EQ(registry.Keys, before);
     AddShellCommand(registry, ".png", Verb, "x");
     EXPECT_TRUE(registry.KeyExists(TRoot::ClassesRoot, "Shell\\Add to Murala\\Command"))
         << "of a type that is not known";
@@ -96,7 +108,8 @@ TEST(ShellRegistry, OrdinaryUsersHaveTheirOwnVerbs)
     registry.Refused = {TRoot::ClassesRoot, TRoot::LocalMachine};
     const auto before = registry.Keys;
     Integrate(registry, true);
-    EXPECT_TRUE(registry.KeyExists(TRoot::CurrentUser, "Software\\Classes\\" + BitmapVerb));
+    for (const std::string& verb : Verbs)
+        EXPECT_TRUE(registry.KeyExists(TRoot::CurrentUser, "Software\\Classes\\" + verb));
     Integrate(registry, false);
     EXPECT_EQ(registry.Keys, before);
 }
@@ -122,12 +135,17 @@ TEST(ShellRegistry, StartEntryIsTheMachinesWhereThatIsAllowed)
     registry.Refused = {TRoot::LocalMachine};
     SetRunValue(registry, "Murala", "b");
     EXPECT_EQ(registry.ReadText(TRoot::LocalMachine, key, "Murala"), "b");
-    EXPECT_FALSE(registry.KeyExists(TRoot::CurrentUser, key)) << "nothing to be set right";
+    SetRunValue(registry, "Murala", "c");
+    EXPECT_FALSE(registry.KeyExists(TRoot::CurrentUser, key)) << "two copies would start";
 
     registry.Keys.clear();
     SetRunValue(registry, "Murala", "b");
     EXPECT_EQ(registry.ReadText(TRoot::CurrentUser, key, "Murala"), "b");
     EXPECT_TRUE(RunValueExists(registry, "Murala"));
+    registry.Refused = {};
+    SetRunValue(registry, "Murala", "b");
+    EXPECT_EQ(registry.ReadText(TRoot::LocalMachine, key, "Murala"), "b");
+    EXPECT_FALSE(registry.ReadText(TRoot::CurrentUser, key, "Murala"));
     DeleteRunValue(registry, "Murala");
     EXPECT_FALSE(RunValueExists(registry, "Murala"));
 }

@@ -136,7 +136,7 @@ void TMuTrayIcon::TellChanged()
 void TMuTrayIcon::TrayLeftClick()
 {
     m_way.Post([this] {
-        if (Enabled && OnLeftClick)
+        if (Enabled && Added() && OnLeftClick)
             OnLeftClick();
     });
 }
@@ -144,7 +144,7 @@ void TMuTrayIcon::TrayLeftClick()
 void TMuTrayIcon::TrayRightClick(TPoint cursor)
 {
     m_way.Post([=, this] {
-        if (Enabled && OnRightClick)
+        if (Enabled && Added() && OnRightClick)
             OnRightClick(cursor);
     });
 }

@@ -96,7 +96,7 @@ std::unique_ptr<TTrayArea> NewTrayArea();
 class TMuTrayIcon : private TTrayEvents
 {
 public:
-    // Clicks count while this is set.
+    // Clicks count while this is set and the icon is there.
     bool Enabled = true;
 
     std::function<void()> OnLeftClick;

@@ -201,8 +201,16 @@ void TTray::RightClick(TPoint cursor)
 const TMenuItem* TTray::ShowMenu(TPoint place)
 {
     const TPauseScope pause(m_core.Pauses);
+    // What came before it lets messages through, and the icon may be gone.
+    if (!m_icon.Added())
+        return nullptr;
     const std::optional<const TMenuItem*> shown = m_icon.Area()->ShowMenu(pmTrayIcon, place);
     return shown ? *shown : m_view->ShowMenu(pmTrayIcon, place);
+}
+
+TMenuMetrics TTray::MenuMetrics() const
+{
+    return m_icon.Added() ? m_icon.Area()->MenuMetrics() : TMenuMetrics();
 }
 
 TPoint TTray::PlaceOfMenu(TPoint cursor) const
@@ -214,7 +222,7 @@ TPoint TTray::PlaceOfMenu(TPoint cursor) const
         // At the cursor, then.
     }
     return MenuPlace(cursor, taskBar, m_core.Services.Desktop.ScreenSize(),
-                     MenuHeight(pmTrayIcon, m_icon.Area()->MenuMetrics()));
+                     MenuHeight(pmTrayIcon, MenuMetrics()));
 }
 
 // Before the menu is seen.
@@ -305,7 +313,7 @@ TMenuItem TTray::NewPopupMenu(const TMuWallpaperList& list) const
     std::ranges::for_each(ActionsBefore, append);
     menu.Items.push_back(Separator());
     const TSize screen = m_core.Services.Desktop.ScreenSize();
-    const TMenuMetrics metrics = m_icon.Added() ? m_icon.Area()->MenuMetrics() : TMenuMetrics();
+    const TMenuMetrics metrics = MenuMetrics();
     TMenuItem wallpapers = NewWallpaperMenu(
         list, m_core.Selection.CurrentIndex(),
         {m_core.Settings.UseWallpaperCategories, screen.Height / std::max(1, metrics.ItemHeight)});

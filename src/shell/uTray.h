@@ -95,6 +95,7 @@ private:
     void Choose(const TMenuItem& item);
     void ChooseWallpaper(int index);
     const TMenuItem* ShowMenu(TPoint place);
+    TMenuMetrics MenuMetrics() const;
     TPoint PlaceOfMenu(TPoint cursor) const;
     TMenuItem ActionItem(TActionId id) const;
     TMenuItem NewPopupMenu(const TMuWallpaperList& list) const;

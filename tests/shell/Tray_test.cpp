@@ -122,6 +122,16 @@ TEST_F(Tray, ALeftClickHidesTheWindowAndBringsItBackAndPausesIgnoreIt)
     EXPECT_TRUE(m_view.Visible);
 }
 
+TEST_F(Tray, ClicksBeforeTheIconIsKnownAreIgnored)
+{
+    // The shell took it, and has not said so yet.
+    Area().Turn(TTrayState::Missing);
+    RightClick();
+    Area().Events->TrayLeftClick();
+    EXPECT_TRUE(m_window.Places.empty());
+    EXPECT_TRUE(m_view.Visible);
+}
+
 TEST_F(Tray, TheChosenWallpaperIsAppliedSelectedAndNamedInTheHint)
 {
     AddPictures(3);

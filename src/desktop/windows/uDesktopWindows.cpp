@@ -69,4 +69,10 @@ HWND FindTaskBar()
     return FindChildWindowByClass(GetDesktopWindow(), "Shell_TrayWnd");
 }
 
+UINT TaskBarDpi()
+{
+    const UINT dpi = GetDpiForWindow(FindTaskBar());
+    return dpi != 0 ? dpi : GetDpiForSystem();
+}
+
 } // namespace murala

@@ -17,4 +17,7 @@ HWND FindDesktopView();
 HWND FindDesktopListView();
 HWND FindTaskBar();
 
+// Dots an inch where the task bar is, which the user may change while the program runs.
+UINT TaskBarDpi();
+
 } // namespace murala

@@ -1,5 +1,6 @@
 #include "uWindowsMenu.h"
 
+#include "uDesktopWindows.h"
 #include "uWideText.h"
 #include "uWindowsHandles.h"
 
@@ -64,11 +65,14 @@ private:
 
 TMenuMetrics SystemMenuMetrics()
 {
-    NONCLIENTMETRICSA metrics{};
+    const UINT dpi = TaskBarDpi();
+    NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
-    if (SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0) == FALSE)
+    if (SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi) ==
+        FALSE)
         return {};
-    return {metrics.iMenuHeight, metrics.iMenuHeight / 2, GetSystemMetrics(SM_CYFIXEDFRAME)};
+    return {metrics.iMenuHeight, metrics.iMenuHeight / 2,
+            GetSystemMetricsForDpi(SM_CYFIXEDFRAME, dpi)};
 }
 
 const TMenuItem* TrackMenu(const TMenuItem& menu, TPoint place, HWND owner)

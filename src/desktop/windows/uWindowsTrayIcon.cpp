@@ -1,3 +1,4 @@
+#include "uDesktopWindows.h"
 #include "uHiddenWindow.h"
 #include "uInstanceLink.h"
 #include "uText.h"
@@ -66,7 +67,8 @@ public:
     TTrayState State() override { return TTrayState::There; }
     bool Add(const TTrayLook& look) override
     {
-        const bool isAdded = Notify(NIM_ADD, look);
+        // While the user logs in, the shell may answer too late, though it takes the icon.
+        const bool isAdded = Notify(NIM_ADD, look) || Notify(NIM_MODIFY, look);
         m_isAdded = m_isAdded || isAdded;
         return isAdded;
     }
@@ -111,9 +113,18 @@ private:
         record.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
         record.uCallbackMessage = CallbackMessage;
         record.hIcon = IconOf(look);
-        const std::string_view tip = Tip(look.Hint);
+        const std::string hint = WithoutAmpersands(look.Hint);
+        const std::string_view tip = Tip(hint);
         tip.copy(record.szTip, tip.size());
         return Shell_NotifyIconA(message, reinterpret_cast<NOTIFYICONDATAA*>(&record)) != FALSE;
+    }
+
+    // Shells differ in what they take an "&" in a tip for - a letter, the sign before an access
+    // key, or both, one after the other - so that no number of them shows as one everywhere.
+    static std::string WithoutAmpersands(std::string hint)
+    {
+        std::ranges::replace(hint, '&', '+');
+        return hint;
     }
 
     // As much as the record holds, whole characters.
@@ -125,13 +136,14 @@ private:
         return tip;
     }
 
-    // Made once for each picture; the shell keeps a copy.
+    // Made once for each picture and size; the shell keeps a copy.
     HICON IconOf(const TTrayLook& look)
     {
-        if (look.Icon != m_picture) {
-            m_icon = look.Icon ? NewIcon(ImageOfSide(*look.Icon, GetSystemMetrics(SM_CXSMICON)))
-                               : TIcon();
+        const int side = GetSystemMetricsForDpi(SM_CXSMICON, TaskBarDpi());
+        if (look.Icon != m_picture || side != m_side) {
+            m_icon = look.Icon ? NewIcon(ImageOfSide(*look.Icon, side)) : TIcon();
             m_picture = look.Icon;
+            m_side = side;
         }
         return m_icon.get();
     }
@@ -157,6 +169,7 @@ private:
     TWindow m_window;
     TTrayEvents* m_events = nullptr;
     std::shared_ptr<const TIconImage> m_picture;
+    int m_side = 0; // of the icon, in pixels
     TIcon m_icon;
     bool m_isAdded = false;
 };

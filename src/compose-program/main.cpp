@@ -5,6 +5,7 @@
 #include "uDateNames.h"
 #include "uMuCalendar.h"
 #include "uSafeFile.h"
+#include "uSystemCheck.h"
 #include "uText.h"
 
 #include <algorithm>
@@ -13,6 +14,7 @@
 #include <future>
 #include <optional>
 #include <span>
+#include <stdexcept>
 #include <string_view>
 
 using namespace murala;
@@ -210,6 +212,8 @@ void Run(const TTask& task)
 int main(int argc, char** argv)
 {
     try {
+        if (const std::string problem = SystemProblem(); !problem.empty())
+            throw std::runtime_error(problem);
         Run(ParseTask(TArguments(std::span(argv, static_cast<std::size_t>(argc)).subspan(1))));
         return 0;
     } catch (const EUsage&) {

@@ -3,11 +3,12 @@
 #include "uProcessMemory.h"
 #include "uProgramEntry.h"
 #include "uProgramFolder.h"
+#include "uSystemCheck.h"
 #include "uToolkitDoor.h"
 
 #include <wx/log.h>
 
-#include <cstdio>
+#include <stdexcept>
 
 namespace murala
 {
@@ -42,6 +43,8 @@ private:
 // shell asks for goes without one.
 int Run(int argc, char** argv)
 {
+    if (const std::string problem = SystemProblem(); !problem.empty())
+        throw std::runtime_error(problem);
     ShareMemoryOfThreads();
     std::vector<std::string> arguments = ProgramArguments();
     auto link = NewInstanceLink();
@@ -59,6 +62,6 @@ int main(int argc, char** argv)
 try {
     return murala::Run(argc, argv);
 } catch (const std::exception& error) {
-    std::fprintf(stderr, "Murala: %s\n", error.what());
+    murala::TellBeforeWindows(error.what());
     return 1;
 }

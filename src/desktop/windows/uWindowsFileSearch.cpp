@@ -1,6 +1,5 @@
 #include "uFileSearch.h"
-
-#include <windows.h>
+#include "uWideText.h"
 
 #include <memory>
 
@@ -23,13 +22,13 @@ using TFind = std::unique_ptr<HANDLE, TFindCloser>;
 std::vector<std::string> FindNames(const std::string& pattern, std::size_t limit)
 {
     std::vector<std::string> names;
-    WIN32_FIND_DATAA found{};
-    const TFind search(FindFirstFileA(pattern.c_str(), &found));
+    WIN32_FIND_DATAW found{}; // its A form has no room for long names in UTF-8
+    const TFind search(FindFirstFileW(WideText(pattern).c_str(), &found));
     if (search.get() == INVALID_HANDLE_VALUE)
         return names;
     do {
-        names.emplace_back(found.cFileName);
-    } while (names.size() < limit && FindNextFileA(search.get(), &found) != FALSE);
+        names.push_back(NarrowText(found.cFileName));
+    } while (names.size() < limit && FindNextFileW(search.get(), &found) != FALSE);
     return names;
 }
 

@@ -59,6 +59,9 @@ public:
     bool PostWake() override
     {
         const HWND window = Find();
+        DWORD process = 0;
+        if (GetWindowThreadProcessId(window, &process) != 0)
+            AllowSetForegroundWindow(process); // the user started this one
         return window != nullptr &&
                (PostMessageA(window, WakeMessage, 0, 0) != FALSE || IsWindow(window) != FALSE);
     }

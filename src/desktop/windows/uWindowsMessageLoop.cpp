@@ -10,17 +10,18 @@ namespace
 
 constexpr DWORD LongestWaitMs = 50;
 
+// With the W functions: the toolkit's windows would get letters as question marks.
 bool HandleMessageIfPending()
 {
     MSG message;
-    if (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) == FALSE)
+    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE)
         return false;
     if (message.message == WM_QUIT) {
         PostQuitMessage(static_cast<int>(message.wParam)); // for the main loop
         return false;
     }
     TranslateMessage(&message);
-    DispatchMessageA(&message);
+    DispatchMessageW(&message);
     return true;
 }
 

@@ -25,4 +25,14 @@ TRect SnapToEdges(TRect window, const TRect& workArea, int distance)
     return {window.Left + right, window.Top + down, window.Right + right, window.Bottom + down};
 }
 
+TRect SnapToEdges(const TRect& window, const THiddenFrame& hidden, const TRect& workArea,
+                  int distance)
+{
+    const TRect seen = SnapToEdges({window.Left + hidden.Left, window.Top + hidden.Top,
+                                    window.Right - hidden.Right, window.Bottom - hidden.Bottom},
+                                   workArea, distance);
+    return {seen.Left - hidden.Left, seen.Top - hidden.Top, seen.Right + hidden.Right,
+            seen.Bottom + hidden.Bottom};
+}
+
 } // namespace murala

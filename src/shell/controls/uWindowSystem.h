@@ -1,6 +1,8 @@
 // What the toolkit leaves to the window system of each home.
 #pragma once
 
+#include "uStickyEdges.h"
+
 #include <wx/bmpbndl.h>
 #include <wx/icon.h>
 #include <wx/string.h>
@@ -30,6 +32,12 @@ void PrepareFirstShow(wxTopLevelWindow& window, std::function<void()> onShown);
 // Whether a program is asked where its window goes while it is dragged (wxEVT_MOVING). On other
 // systems the window manager moves it, and snaps it as its own settings say.
 bool IsAskedWhileDragging();
+
+// From now on files may be dropped on it, also by programs with fewer rights.
+void AcceptFileDrops(wxTopLevelWindow& window);
+
+// The part of the frame that is there for the mouse alone.
+THiddenFrame HiddenFrame(wxTopLevelWindow& window);
 
 // Whether the system's font dialog asks for lines and the colour, too.
 bool HasFontEffects();

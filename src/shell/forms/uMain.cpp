@@ -150,7 +150,6 @@ void TfMain::BuildClient()
         new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "pMain");
     spVertical = new TSplitter(m_client, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                wxSP_LIVE_UPDATE, "spVertical");
-    spVertical->SetMinimumPaneSize(FromDIP(100));
     spVertical->SetSashGravity(1); // it is the list that gives room, at once
     m_wallpapers = new TWallpaperPanel(spVertical, m_murala, alMain, m_binder);
     wxWindow* right = BuildRightPanel(spVertical);
@@ -165,8 +164,6 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
 {
     spHorizontal = new TSplitter(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                  wxSP_LIVE_UPDATE, "spHorizontal");
-    // The smallest preview; and below it tabs with a page that scrolls.
-    spHorizontal->SetMinimumPaneSize(FromDIP(PreviewSizes[psMini].second));
     iPreview = new TPreviewPanel(spHorizontal, "iPreview");
     iPreview->SetToolTip("Right click for menu");
     pcEffect =
@@ -194,6 +191,9 @@ void TfMain::MeasurePages()
     // Not every notebook counts its own borders.
     m_pagesSize = pcEffect->CalcSizeFromPage(size) + FromDIP(wxSize(12, 0));
     SetMinClientSize(wxSize(m_pagesSize.x, 0) + FromDIP(wxSize(240, 320)));
+    spVertical->SetMinimumPaneSize(FromDIP(100));
+    // The smallest preview; and below it tabs with a page that scrolls.
+    spHorizontal->SetMinimumPaneSize(FromDIP(PreviewSizes[psMini].second));
 }
 
 // What is not seen at first, and takes as long to make as the rest of the window: it waits until
@@ -266,7 +266,7 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
     if (IsApplyStart(arguments))
         m_murala.Storage.SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
     m_murala.Tray.Enable();
-    DragAcceptFiles(true);
+    AcceptFileDrops(*this);
     tRefreshIcons.Start(RefreshInterval);
     tScheduleTimer();
     // By the door: what is too much of it must not end the program.

@@ -80,6 +80,7 @@ private:
     void FormDropFiles(wxDropFilesEvent& event);
     void FormCharHook(wxKeyEvent& event);
     void FormMoving(wxMoveEvent& event);
+    void FormDpiChanged(wxDPIChangedEvent& event);
     void FormClose(wxCloseEvent& event);
     void WakeUp();
     void ConnectTray();

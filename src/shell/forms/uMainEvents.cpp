@@ -81,6 +81,7 @@ void TfMain::BindEvents()
         TrackPlacement();
     });
     Bind(wxEVT_MOVING, &TfMain::FormMoving, this);
+    Bind(wxEVT_DPI_CHANGED, &TfMain::FormDpiChanged, this);
     // Back from another program, in which the picture may have been edited, or with pictures that
     // were missing.
     Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
@@ -258,9 +259,24 @@ void TfMain::FormMoving(wxMoveEvent& event)
     const wxRect area = wxDisplay(static_cast<unsigned>(display)).GetClientArea();
     const wxRect window = event.GetRect();
     const TRect snapped = SnapToEdges(
-        {window.x, window.y, window.x + window.width, window.y + window.height},
+        {window.x, window.y, window.x + window.width, window.y + window.height}, HiddenFrame(*this),
         {area.x, area.y, area.x + area.width, area.y + area.height}, FromDIP(StickyDistance));
     event.SetRect({snapped.Left, snapped.Top, snapped.Width(), snapped.Height()});
+}
+
+// The window came to a screen with another number of dots an inch, or that was changed. The toolkit
+// has measured the controls anew, and changes the window's size behind this event.
+void TfMain::FormDpiChanged(wxDPIChangedEvent& event)
+{
+    event.Skip();
+    m_rightWidth = event.GetNewDPI().x * m_rightWidth / event.GetOldDPI().x;
+    m_previewHeight = event.GetNewDPI().y * m_previewHeight / event.GetOldDPI().y;
+    CallLater(*this, [this] {
+        MeasurePages();
+        m_rightWidth = std::max(m_rightWidth, m_pagesSize.x);
+        PlaceSplitters();
+        PreviewChanged(false);
+    });
 }
 
 // What belongs to the window itself brings it before a modal dialog, and enables it when it ends.

@@ -126,6 +126,16 @@ bool IsAskedWhileDragging()
     return false;
 }
 
+void AcceptFileDrops(wxTopLevelWindow& window)
+{
+    window.DragAcceptFiles(true);
+}
+
+THiddenFrame HiddenFrame(wxTopLevelWindow& /*window*/)
+{
+    return {};
+}
+
 bool HasFontEffects()
 {
     return false;

@@ -1,5 +1,6 @@
 #include "uWindowSystem.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -10,6 +11,10 @@
 #include <wx/notebook.h>
 #include <wx/toplevel.h>
 #include <wx/weakref.h>
+
+#include <wx/msw/wrapwin.h>
+
+#include <dwmapi.h>
 
 namespace murala
 {
@@ -73,6 +78,27 @@ wxIcon ProgramIcon()
 bool IsAskedWhileDragging()
 {
     return true;
+}
+
+// A window of a program that was started as administrator hears nothing of Explorer otherwise.
+void AcceptFileDrops(wxTopLevelWindow& window)
+{
+    constexpr UINT copyGlobalData = 0x0049;
+    for (const UINT message : {UINT{WM_DROPFILES}, UINT{WM_COPYDATA}, copyGlobalData})
+        ChangeWindowMessageFilterEx(window.GetHWND(), message, MSGFLT_ALLOW, nullptr);
+    window.DragAcceptFiles(true);
+}
+
+THiddenFrame HiddenFrame(wxTopLevelWindow& window)
+{
+    RECT all{}, seen{};
+    if (GetWindowRect(window.GetHWND(), &all) == FALSE ||
+        DwmGetWindowAttribute(window.GetHWND(), DWMWA_EXTENDED_FRAME_BOUNDS, &seen, sizeof seen) !=
+            S_OK)
+        return {};
+    const auto hidden = [](LONG distance) { return std::max(0, static_cast<int>(distance)); };
+    return {hidden(seen.left - all.left), hidden(seen.top - all.top),
+            hidden(all.right - seen.right), hidden(all.bottom - seen.bottom)};
 }
 
 bool HasFontEffects()

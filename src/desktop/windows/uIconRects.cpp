@@ -82,7 +82,7 @@ TAnswer AskForRect(HWND list, TRemoteRect& memory, int item, int part, RECT& rec
 
 TIconRegion AskForIconRects(HWND list)
 {
-    const TIconRegion silent{{}, "The desktop does not answer."};
+    const TIconRegion silent{{}, SilentDesktopText};
     const auto count = AskProgram(list, LVM_GETITEMCOUNT);
     if (!count)
         return silent;

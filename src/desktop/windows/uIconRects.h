@@ -8,6 +8,8 @@
 namespace murala
 {
 
+inline constexpr const char* SilentDesktopText = "The desktop does not answer.";
+
 // Asks the list, icon by icon, for the rectangles of its icons and labels, on the screen. It waits
 // three seconds at the most.
 TIconRegion AskForIconRects(HWND list);

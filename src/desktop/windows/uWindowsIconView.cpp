@@ -92,6 +92,8 @@ public:
         const HWND list = FindDesktopListView();
         if (list == nullptr)
             return {{}, "The desktop shows no icons."};
+        if (!AskProgram(list, WM_NULL))
+            return {{}, SilentDesktopText};
         {
             const TRegionalStyle style(list);
             const TRegion region(CreateRectRgn(0, 0, 0, 0));

@@ -21,6 +21,8 @@ constexpr int TrimmedAtOnce = 10;
 constexpr std::ptrdiff_t UntouchedPositions = 10; // a hit up to this position moves nothing
 
 constexpr std::string_view OutOfResources = "Out of system resources.";
+constexpr std::string_view KeptElsewhere =
+    "It lies in a cloud only. \"Refresh Thumbnail\" fetches it.";
 
 // In whole seconds: a picture that changes within the second in which its thumbnail was made is
 // then as old as that, and counts as changed. Nothing when there is no such file.
@@ -166,6 +168,10 @@ try {
         m_making.reset();
         if (LoadKept(item, file))
             return {TThumbnailProgress::Made, &item, {}};
+        if (!m_refreshed.contains(item.FileName()) && IsElsewhere(item.FileName())) {
+            m_failed.insert_or_assign(item.FileName(), TClock::now());
+            return {TThumbnailProgress::Failed, &item, std::string(KeptElsewhere)};
+        }
         m_making = TMaking{&item, item.FileName(), TThumbnailMaker(item.FileName())};
     } else if (m_making->Maker.Step()) {
         TBitmap thumbnail = m_making->Maker.Take();
@@ -268,6 +274,7 @@ bool TThumbnailCache::Refresh(TMuWallpaper& item)
     m_list.FreeThumbnail(item);
     item.DeleteThumbnailFile();
     m_failed.erase(item.FileName());
+    m_refreshed.insert(item.FileName());
     m_making.reset();
     std::error_code error;
     const std::string file = item.ThumbnailNumber() != 0 ? item.ThumbnailFileName() : "";

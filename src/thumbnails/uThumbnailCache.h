@@ -2,10 +2,12 @@
 // limited number of them in memory.
 #pragma once
 
+#include "uCloudFile.h"
 #include "uThumbnailMaker.h"
 #include "uWallpaper.h"
 
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <span>
 #include <stdexcept>
@@ -85,6 +87,9 @@ public:
     std::string TakeNotice();
 
     std::chrono::milliseconds RetryPause{3000}; // at least, after a failure
+    // Pictures that a cloud service would have to fetch are left where they are, until they are
+    // refreshed.
+    std::function<bool(std::string_view file)> IsElsewhere = IsKeptElsewhere;
 
 private:
     struct TMaking {
@@ -114,7 +119,8 @@ private:
     std::string m_secondTry;                   // the file name of the item that failed once
     std::optional<std::int32_t> m_limitBefore; // it failed
     std::unordered_map<std::string, TClock::time_point> m_failed; // by file name
-    std::vector<std::uint64_t> m_shown;                           // ids
+    std::unordered_set<std::string> m_refreshed; // files that the user has asked for
+    std::vector<std::uint64_t> m_shown;          // ids
     std::unordered_set<std::string> m_shownFiles;
     std::unordered_set<std::string> m_undeletable; // kept files that are out of date
     std::string m_notice;

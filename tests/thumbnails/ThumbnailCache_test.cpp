@@ -120,6 +120,19 @@ TEST_F(ThumbnailCache, ScalesAJpegDownByItsPixels)
         EXPECT_EQ(ThumbnailDivisor(size), divisor) << size.Width;
 }
 
+TEST_F(ThumbnailCache, PicturesInACloudAreFetchedOnlyWhenTheyAreRefreshed)
+{
+    TMuWallpaper& kept = Add("a.bmp", 1);
+    Cache.GetThumbnail(kept);
+    SetAge(kept.FileName(), 60);
+    List.FreeAllThumbnails();
+    TMuWallpaper& cloud = Add("b.bmp", 2);
+    Cache.IsElsewhere = [](std::string_view) { return true; };
+    EXPECT_EQ(MakeAll(Items()), "ab!");
+    Cache.Refresh(cloud);
+    EXPECT_EQ(MakeAll(Items()), "b");
+}
+
 TEST_F(ThumbnailCache, AFileCountsOnlyWhenItIsStrictlyNewerThanItsPicture)
 {
     TMuWallpaper& item = Add("a.bmp", 0x0000FF);

@@ -27,6 +27,7 @@ class TMessages : public wxModalDialogHook
 public:
     std::vector<std::string> Texts;
     bool AreShown = false; // dialogs come up for real
+    std::function<void()> OnMessage;
     TMessages() { Register(); }
     ~TMessages() override { Unregister(); }
 
@@ -36,6 +37,8 @@ private:
         if (AreShown)
             return wxID_NONE;
         const auto* box = dynamic_cast<wxMessageDialogBase*>(dialog);
+        if (OnMessage)
+            OnMessage();
         Texts.push_back(box != nullptr ? box->GetMessage().utf8_string() : "another dialog");
         return wxID_OK;
     }

@@ -234,6 +234,37 @@ TEST_F(MainWindow, TheSessionsQuestionSavesAtOnceAlsoDuringADialog)
     EXPECT_TRUE(main);
 }
 
+TEST_F(MainWindow, NothingElseStandsBesideAMessageAtTheStart)
+{
+    for (const char* file : {"Murala.ini", "Murala.Wallpaper.List"})
+        std::filesystem::create_directory(NativePath(m_services.ProgramFolder + file));
+    m_messages.OnMessage = [] {
+        EXPECT_EQ(wxWindow::FindWindowByName("TfProgress"), nullptr);
+        wxMilliSleep(400); // after which the start would take too long to say nothing
+    };
+    Start();
+    EXPECT_GE(m_messages.Texts.size(), 2U);
+    m_messages.OnMessage = nullptr;
+}
+
+TEST_F(MainWindow, AnotherNumberOfDotsAnInchScalesThePanels)
+{
+    Start();
+    m_main->SetSize(1200, 900);
+    Pump(100);
+    auto& vertical = Control<wxSplitterWindow>("spVertical");
+    auto& horizontal = Control<wxSplitterWindow>("spHorizontal");
+    const auto rightWidth = [&] { return vertical.GetClientSize().x - vertical.GetSashPosition(); };
+    const int width = rightWidth(), height = horizontal.GetSashPosition();
+    wxDPIChangedEvent event({96, 96}, {144, 144});
+    event.SetEventObject(m_main);
+    m_main->ProcessWindowEvent(event);
+    EXPECT_TRUE(event.GetSkipped()) << "the toolkit changes the window's size";
+    Pump(100);
+    EXPECT_NEAR(rightWidth(), width * 3 / 2, 8);
+    EXPECT_NEAR(horizontal.GetSashPosition(), height * 3 / 2, 8);
+}
+
 TEST_F(MainWindow, WhatHadTheFocusHasItAgainAfterALongWork)
 {
     Start();

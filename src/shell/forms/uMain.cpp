@@ -84,11 +84,13 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
     };
     m_services.SessionEnd.ListenToQuestion(pass(&TfMain::SaveForSessionEnd));
     m_services.SessionEnd.Listen(GetHandle(), pass(&TfMain::EndSession));
-    TfProgress fProgress("Starting Up...");
+    fProgress = std::make_unique<TfProgress>("Starting Up...");
     m_murala.LoadSettings(DefaultPlacement(DesignSize()));
-    fProgress.Step();
+    if (fProgress)
+        fProgress->Step();
     m_murala.Storage.LoadList();
     ConnectTray();
+    fProgress.reset();
 }
 
 TfMain::~TfMain()

@@ -22,6 +22,7 @@ namespace murala
 
 class TAddOnsPage;
 class TSettingsPage;
+class TfProgress;
 
 class TfMain : public wxFrame, private TMainView, private TTrayView, private TListener
 {
@@ -140,6 +141,7 @@ private:
     TInstanceLink& m_link;
     std::optional<TDoorway> m_way; // until it closes
 
+    std::unique_ptr<TfProgress> fProgress; // while the program starts
     wxPanel* m_client = nullptr;
     wxSplitterWindow* spVertical = nullptr;
     wxSplitterWindow* spHorizontal = nullptr;

@@ -289,6 +289,7 @@ wxWindow* TfMain::TopWindow()
 
 void TfMain::ShowMessage(const std::string& text)
 {
+    fProgress.reset(); // nothing would paint it meanwhile
     // The hourglass is for work, not for a question.
     const TValueScope depth(m_busyDepth, 0);
     const bool wasBusy = m_busyCursor.has_value();

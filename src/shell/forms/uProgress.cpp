@@ -28,8 +28,10 @@ TfProgress::TfProgress(std::string text) : m_text(std::move(text))
 
 TfProgress::~TfProgress()
 {
-    if (m_window != nullptr)
-        m_window->Destroy();
+    if (m_window == nullptr)
+        return;
+    m_window->Hide(); // or it stays as long as it is the only one
+    m_window->Destroy();
 }
 
 void TfProgress::Step()

@@ -1,6 +1,5 @@
 #include "uWindowsMenu.h"
 
-#include "uDesktopWindows.h"
 #include "uWideText.h"
 #include "uWindowsHandles.h"
 
@@ -65,14 +64,11 @@ private:
 
 TMenuMetrics SystemMenuMetrics()
 {
-    const UINT dpi = TaskBarDpi();
-    NONCLIENTMETRICSW metrics{};
+    NONCLIENTMETRICSA metrics{};
     metrics.cbSize = sizeof metrics;
-    if (SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi) ==
-        FALSE)
+    if (SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0) == FALSE)
         return {};
-    return {metrics.iMenuHeight, metrics.iMenuHeight / 2,
-            GetSystemMetricsForDpi(SM_CYFIXEDFRAME, dpi)};
+    return {metrics.iMenuHeight, metrics.iMenuHeight / 2, GetSystemMetrics(SM_CYFIXEDFRAME)};
 }
 
 const TMenuItem* TrackMenu(const TMenuItem& menu, TPoint place, HWND owner)

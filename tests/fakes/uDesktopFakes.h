@@ -96,6 +96,7 @@ struct TFakeFileMenu : TFileMenu {
 
     void AddShellCommand(const TFileCommand& command) override
     {
+        RemoveShellCommand(command);
         if (!Refuses)
             Commands.push_back(command);
     }
@@ -118,8 +119,9 @@ struct TFakeFileQueue : TFileQueue {
 
     bool QueueFiles(const std::vector<std::string>& names) override
     {
-        if (!Refuses)
-            Names.insert(Names.end(), names.begin(), names.end());
+        for (const std::string& name : names)
+            if (!Refuses && std::ranges::find(Names, name) == Names.end())
+                Names.push_back(name);
         return !Refuses;
     }
     std::vector<std::string> TakeQueuedFiles() override { return std::exchange(Names, {}); }
@@ -131,6 +133,7 @@ struct TFakeIconView : TIconView {
     int Questions = 0;
     int Paintings = 0;
     std::vector<TRect> Region;
+    std::string RegionProblem; // a list that can be asked may not tell where its icons are
 
     bool CanBeAsked() override { return HasIcons; }
     TColor GetIconTextBackColor() override
@@ -147,7 +150,9 @@ struct TFakeIconView : TIconView {
     }
     TIconRegion GetIconRegion() override
     {
-        return HasIcons ? TIconRegion{Region, {}} : TIconRegion{{}, "There are none."};
+        if (!HasIcons)
+            return {{}, "There are none."};
+        return {RegionProblem.empty() ? Region : std::vector<TRect>(), RegionProblem};
     }
 };
 

@@ -54,9 +54,13 @@ TEST_F(AddOnDesk, TheDesktopHasBothAndThePreviewTheCalendarOnly)
     Apply(0);
     DrawIconBox(expected, m_murala->Core.Settings, m_services.IconView.Region);
     EXPECT_EQ(Difference(Installed(), expected), TRect{}) << "the calendar, then the box over it";
-    m_services.IconView.HasIcons = false;
-    Apply(0);
-    EXPECT_EQ(Difference(Installed(), m_murala->Preview.Picture(400)), TRect{}) << "no icon list";
+    for (const char* problem : {"It does not answer.", ""}) { // and then it goes
+        m_services.IconView.RegionProblem = problem;
+        m_services.IconView.HasIcons = *problem != '\0';
+        Apply(0);
+        EXPECT_EQ(Difference(Installed(), m_murala->Preview.Picture(400)), TRect{}) << problem;
+        EXPECT_NE(m_murala->AddOns.IconBoxProblem(), "");
+    }
 }
 
 TEST_F(AddOnDesk, TheSwitchesAndTheIconBoxOptionsAreSaved)

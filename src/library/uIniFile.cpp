@@ -21,15 +21,6 @@ std::string_view StripQuotes(std::string_view value)
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
-// A value must not end its line.
-std::string OneLine(std::string_view value)
-{
-    std::string line(value);
-    std::replace_if(
-        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
-    return line;
-}
-
 } // namespace
 
 std::string QuotedIniText(const std::string& value)

@@ -228,6 +228,15 @@ std::string DecodeText(std::string content)
     return text;
 }
 
+std::string OneLine(std::string_view text)
+{
+    std::string line;
+    for (const std::string_view part : SplitLines(text))
+        line.append(line.empty() ? "" : " ").append(part);
+    std::ranges::replace(line, '\0', ' ');
+    return line;
+}
+
 std::vector<std::string_view> SplitLines(std::string_view text)
 {
     std::vector<std::string_view> lines;

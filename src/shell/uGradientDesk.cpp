@@ -12,11 +12,19 @@ void AddGradient(TCore& core, TLibraryDesk& desk, TStorage& storage, const TGrad
     const std::string file =
         SaveGradient(GradientStrip(shade, direction, core.Services.Desktop.ScreenSize()),
                      core.Services.ProgramFolder);
-    if (desk.AddFiles({file}, "Gradients") == 0)
+    const bool isNew = desk.AddFiles({file}, "Gradients") > 0;
+    const int row = core.List.IndexOfFileName(file);
+    if (row < 0)
         return;
-    TMuWallpaper& item = *core.Selection.Item();
-    if (item.TransparentIcons == transparentIcons)
+    TMuWallpaper& item = core.List.Item(row);
+    if (!isNew) {
+        // The file of a gradient that is still in the list was gone: this one takes its place.
+        core.List.ForgetThumbnail(file);
+        item.FreeThumbnail();
+        core.Selection.Select(&item);
+    } else if (item.TransparentIcons == transparentIcons) {
         return;
+    }
     item.TransparentIcons = transparentIcons;
     core.Listeners.Tell(&TListener::ItemsChanged, TItems{&item});
     storage.SaveList();

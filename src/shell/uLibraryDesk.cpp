@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <unordered_set>
+#include <utility>
 
 namespace murala
 {
@@ -87,9 +88,10 @@ void TLibraryDesk::RemoveSelected()
 
 void TLibraryDesk::Rename(TMuWallpaper& item, const std::string& title)
 {
-    if (title == item.Title)
+    std::string line = OneLine(title);
+    if (line == item.Title)
         return;
-    item.Title = title;
+    item.Title = std::move(line);
     m_core.Listeners.Tell(&TListener::ItemsChanged, TItems{&item});
     m_storage.SaveList();
 }
@@ -126,7 +128,7 @@ std::vector<std::string> TLibraryDesk::Categories() const
 void TLibraryDesk::SetCategory(const TItems& items, const std::string& category)
 {
     for (TMuWallpaper* item : items)
-        item->Category = category;
+        item->Category = OneLine(category);
     m_core.Listeners.Tell(&TListener::ItemsChanged, items);
     m_storage.SaveList();
 }

@@ -19,12 +19,15 @@ void TSessionEntry::Load()
     m_isShellIntegrated = murala::IsShellIntegrated(m_core.Services.FileMenu);
 }
 
-void TSessionEntry::SetRunValue()
+std::string TSessionEntry::StartupCommand() const
 {
     const std::string& program = m_core.Services.ProgramFile;
-    m_core.Services.Autostart.SetRunValue(std::string(ApplicationTitle),
-                                          m_core.Settings.ApplyOnStartup ? program + " /apply"
-                                                                         : program);
+    return m_core.Settings.ApplyOnStartup ? program + " /apply" : program;
+}
+
+void TSessionEntry::SetRunValue()
+{
+    m_core.Services.Autostart.SetRunValue(std::string(ApplicationTitle), StartupCommand());
 }
 
 void TSessionEntry::SetStartAtStartup(bool start)
@@ -81,15 +84,20 @@ void TSessionEntry::OpenShipped(std::string_view name)
     const auto file = FindShippedFile(m_core.Services, name);
     if (!file)
         return m_core.Tell(FormatText("%s is not installed.", {name}));
-    if (ShellOpen(m_core.Services.Launcher, *file) < FirstShellSuccess)
-        m_core.Tell(FormatText("%s could not be opened.", {*file}));
+    OpenPage(*file);
+}
+
+void TSessionEntry::OpenPage(const std::string& page)
+{
+    if (ShellOpen(m_core.Services.Launcher, page) < FirstShellSuccess)
+        m_core.Tell(FormatText("%s could not be opened. Is there a program for it?", {page}));
 }
 
 void TSessionEntry::OpenHelp()
 {
     const std::string helpFile = JoinPath(m_core.FilePath("help"), "MuralaHelp.chm");
     if (IsReachableFile(helpFile))
-        ShellOpen(m_core.Services.Launcher, helpFile);
+        OpenPage(helpFile);
     else
         OpenShipped("help/index.html");
 }
@@ -100,7 +108,7 @@ void TSessionEntry::OpenDownloadPage()
     if (page.empty())
         OpenShipped("GetWallpaper.html");
     else
-        ShellOpen(m_core.Services.Launcher, std::string(page));
+        OpenPage(std::string(page));
 }
 
 } // namespace murala

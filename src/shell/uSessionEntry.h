@@ -43,7 +43,9 @@ public:
     void OpenDisplayProperties() { m_core.Services.Launcher.OpenDisplayProperties(); }
 
 private:
+    std::string StartupCommand() const;
     void SetRunValue();
+    void OpenPage(const std::string& page);
     void OpenShipped(std::string_view name);
 
     TCore& m_core;

@@ -250,6 +250,7 @@ TEST_F(MainWindow, NothingElseStandsBesideAMessageAtTheStart)
 TEST_F(MainWindow, AnotherNumberOfDotsAnInchScalesThePanels)
 {
     Start();
+    Pump(400); // until the window has settled in its place
     m_main->SetSize(1200, 900);
     Pump(100);
     auto& vertical = Control<wxSplitterWindow>("spVertical");

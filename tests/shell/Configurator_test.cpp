@@ -13,6 +13,9 @@ TEST_F(Configurator, ConfirmingSetsWhatTheDialogShowsAndNothingElse)
     configuration.Settings.ApplyOnStartup = true;
     configuration.Settings.NextOnStartup = true;
     configuration.Settings.StickyEdges = false;
+    configuration.Settings.UseWallpaperCategories = false;
+    configuration.Settings.RefreshIcons = false;
+    configuration.Settings.DefaultTransparentIcons = true;
     configuration.Settings.UseSchedule = true;
     configuration.Settings.ScheduleUnits = suHour;
     configuration.Settings.Titles.MaxTitleLength = 12;
@@ -28,7 +31,8 @@ TEST_F(Configurator, ConfirmingSetsWhatTheDialogShowsAndNothingElse)
     EXPECT_EQ(m_services.Autostart.Commands.begin()->second,
               m_services.ProgramFolder + "murala /apply");
     EXPECT_TRUE(settings.ApplyOnStartup && settings.NextOnStartup && settings.UseSchedule);
-    EXPECT_FALSE(settings.StickyEdges);
+    EXPECT_FALSE(settings.StickyEdges || settings.UseWallpaperCategories || settings.RefreshIcons);
+    EXPECT_TRUE(settings.DefaultTransparentIcons);
     EXPECT_EQ(settings.ScheduleUnits, suHour);
     EXPECT_EQ(settings.Titles.MaxTitleLength, 12);
     EXPECT_NEAR(settings.LastChangeDate, m_services.Clock.Time, 1e-5) << "counted from now";
@@ -82,6 +86,8 @@ TEST_F(Configurator, CategoriesComeInTheOrderOfTheListAndAreSetForMany)
     EXPECT_EQ(m_murala->Desk.Categories(), (std::vector<std::string>{"Sea", "Sky", "sea"}));
     m_murala->Core.Selection.SelectRows({0, 2}, 0);
     m_murala->Desk.SetCategory(Selected(), "Ice");
+    m_murala->Desk.Rename(Item(1), "pasted\r\nin two\nlines");
     Restart();
     EXPECT_EQ(m_murala->Desk.Categories(), (std::vector<std::string>{"Ice", "Sky", "Sea"}));
+    EXPECT_EQ(Item(1).Title, "pasted in two lines") << "the list has a line for each wallpaper";
 }

@@ -68,7 +68,7 @@ constexpr std::string_view Editors[] = {"gimp",
 bool OpenWithDefault(const std::string& uri)
 {
     return g_app_info_launch_default_for_uri(uri.c_str(), nullptr, nullptr) != FALSE ||
-           StartProgram({"xdg-open", uri}); // which may last as long as the viewer
+           StartProgramAndLook({"xdg-open", uri}); // which may last as long as the viewer
 }
 
 TGObject<GAppInfo> FindEditor(const std::string& file)

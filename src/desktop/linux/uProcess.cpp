@@ -4,6 +4,7 @@
 #include "uGLib.h"
 
 #include <sys/resource.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace murala
@@ -104,6 +105,24 @@ bool Start(const std::vector<std::string>& command, int flags, GPid* process)
 bool StartProgram(const std::vector<std::string>& command)
 {
     return Start(command, G_SPAWN_DEFAULT, nullptr);
+}
+
+bool StartProgramAndLook(const std::vector<std::string>& command)
+{
+    GPid process = 0;
+    if (!Start(command, G_SPAWN_DO_NOT_REAP_CHILD, &process))
+        return false;
+    constexpr int looks = 50;
+    constexpr gulong pauseMicroseconds = 20'000;
+    for (int i = 0; i < looks; ++i) {
+        int status = 0;
+        if (waitpid(process, &status, WNOHANG) == process)
+            return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+        g_usleep(pauseMicroseconds);
+    }
+    g_child_watch_add(
+        process, [](GPid ended, gint, gpointer) { g_spawn_close_pid(ended); }, nullptr);
+    return true;
 }
 
 int StartSilentProgram(const std::vector<std::string>& command, std::function<void()> onEnd)

@@ -31,8 +31,11 @@ bool HasProgram(const std::string& name);
 // Starts a program (looked up in PATH) on its own: it stays when this one ends, or is ended from a
 // terminal. Whether it could be started.
 bool StartProgram(const std::vector<std::string>& command);
-// The same; its number, 0 when it could not be started. `onEnd` is told, out of the main loop, when
-// it has ended.
+// Starts it as well, and waits up to a second: a program that ends with an error within that time
+// counts as one that could not be started.
+bool StartProgramAndLook(const std::vector<std::string>& command);
+// Starts it as well; its number, 0 when it could not be started. `onEnd` is told, out of the main
+// loop, when it has ended.
 int StartSilentProgram(const std::vector<std::string>& command, std::function<void()> onEnd);
 
 } // namespace murala

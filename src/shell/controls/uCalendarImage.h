@@ -22,6 +22,8 @@ public:
 
     // The picture with its calendar, shown in that size.
     void ShowPicture(TBitmap picture, const TCalendarSettings& settings, TSize size);
+    // The calendar's size or place changed; it is not drawn anew, but can be grabbed there.
+    void SetSettings(const TCalendarSettings& settings) { m_settings = settings; }
     // The same picture in another size.
     void ShowSize(TSize size);
     const TBitmap& Picture() const { return m_picture; }

@@ -26,17 +26,19 @@ wxSize TChannelBars::LikelySize(const wxWindow& parent)
 }
 
 TChannelBars::TChannelBars(wxWindow* parent, const wxString& caption, TChannelRange range,
-                           const TNames& names)
+                           const TNames& names, bool haveLetters)
     : wxPanel(parent)
 {
     auto* rows = new wxFlexGridSizer(2, FromDIP(Gap));
     rows->AddGrowableCol(1);
     for (std::size_t i = 0; i < m_bars.size(); ++i) {
-        rows->Add(new wxStaticText(this, wxID_ANY, Captions[i]), wxSizerFlags().CenterVertical());
+        const wxString plain = wxControl::RemoveMnemonics(Captions[i]);
+        rows->Add(new wxStaticText(this, wxID_ANY, haveLetters ? wxString(Captions[i]) : plain),
+                  wxSizerFlags().CenterVertical());
         m_bars[i] = new wxSlider(this, wxID_ANY, range.Maximum, range.Minimum, range.Maximum,
                                  wxDefaultPosition, wxSize(FromDIP(BarWidth), -1),
                                  wxSL_HORIZONTAL | wxSL_AUTOTICKS, wxDefaultValidator, names[i]);
-        SetAccessibleName(*m_bars[i], caption + ": " + wxControl::RemoveMnemonics(Captions[i]));
+        SetAccessibleName(*m_bars[i], caption + ": " + plain);
         m_bars[i]->SetPageSize(range.Page);
         m_bars[i]->SetTickFreq(range.Page);
         const auto channel = static_cast<TChannel>(i);

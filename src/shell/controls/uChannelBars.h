@@ -31,8 +31,9 @@ public:
     // What they will need, about, before they are made.
     static wxSize LikelySize(const wxWindow& parent);
     // `caption`: what a screen reader says before a slider's own name, that of their group.
+    // `haveLetters`: Alt and a letter lead to them; not where there are many of their kind.
     TChannelBars(wxWindow* parent, const wxString& caption, TChannelRange range,
-                 const TNames& names);
+                 const TNames& names, bool haveLetters = true);
 
     // Nobody is told. Where the channels differ no position of the slider for all of them is right:
     // it stands at 0.

@@ -1,6 +1,7 @@
 #include "uDialog.h"
 
 #include "uCallLater.h"
+#include "uWindowSystem.h"
 
 #include <wx/dialog.h>
 #include <wx/sizer.h>
@@ -17,6 +18,7 @@ void FinishDialog(wxDialog& dialog, wxSizer* content, wxWindow& first)
     dialog.FindWindow(wxID_OK)->SetLabel("Ok");
     dialog.FindWindow(wxID_CANCEL)->SetLabel("Cancel");
     frame->Add(buttons, wxSizerFlags().Expand().DoubleBorder());
+    ConnectMnemonics(dialog);
     dialog.SetSizerAndFit(frame);
     dialog.CentreOnParent();
     FocusFirst(dialog, first);

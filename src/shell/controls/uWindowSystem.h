@@ -42,6 +42,9 @@ THiddenFrame HiddenFrame(wxTopLevelWindow& window);
 // Whether the system's font dialog asks for lines and the colour, too.
 bool HasFontEffects();
 
+// The family that is drawn where this one is wanted: another one where it is missing.
+wxString DrawnFace(const wxString& face);
+
 // Runs it as if the user had just clicked into the window: some systems show menus only then.
 void RunAsClicked(wxWindow& window, const std::function<void()>& action);
 
@@ -65,6 +68,16 @@ void TakeAltKey(wxWindow& window);
 
 // Adds a page that Alt and the letter after "&" in its caption show, too.
 void AddPage(wxNotebook& book, wxWindow* page, const wxString& caption);
+
+// A file dialog's filter whose patterns also fit names in capitals, such as cameras write them.
+wxString AnyCaseFilter(const wxString& filter);
+
+// For a window whose controls are all made: Alt and the letter after "&" in a text or in a frame's
+// caption lead to the control that it names, and a button without "&" takes no letter.
+void ConnectMnemonics(wxWindow& window);
+
+// A link that stands in a column with texts: without the padding of a button.
+void AlignWithTexts(wxWindow& link);
 
 // A text that begins with names in scripts from the right still is a line from the left.
 wxString LeftToRight(const wxString& text);

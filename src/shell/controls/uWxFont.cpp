@@ -14,7 +14,7 @@ namespace murala
 wxFont ToWxFont(const TMuFont& font)
 {
     return wxFontInfo(std::clamp(font.Size, 1, 1000))
-        .FaceName(ToWx(font.Name))
+        .FaceName(DrawnFace(ToWx(font.Name)))
         .Bold(font.Bold)
         .Italic(font.Italic)
         .Underlined(font.Underline)
@@ -25,7 +25,8 @@ TMuFont FromWxFont(const wxFontData& chosen, const TMuFont& before)
 {
     const wxFont from = chosen.GetChosenFont();
     TMuFont font = before;
-    font.Name = from.GetFaceName().utf8_string();
+    if (from.GetFaceName() != DrawnFace(ToWx(before.Name)))
+        font.Name = from.GetFaceName().utf8_string();
     font.Size = from.GetPointSize();
     font.Bold = from.GetWeight() > wxFONTWEIGHT_MEDIUM;
     font.Italic = from.GetStyle() != wxFONTSTYLE_NORMAL;

@@ -29,11 +29,11 @@ TActionBinder::TActionBinder(wxWindow& window, TActionList& actions)
     };
     m_window.Bind(wxEVT_MENU, execute, m_firstId, lastId);
     m_window.Bind(wxEVT_BUTTON, execute, m_firstId, lastId);
-    m_window.Bind(wxEVT_UPDATE_UI, &TActionBinder::OnUpdate, this, m_firstId, lastId);
+    m_window.Bind(wxEVT_UPDATE_UI, &TActionBinder::alMainUpdate, this, m_firstId, lastId);
     wxUpdateUIEvent::SetUpdateInterval(100);
 }
 
-void TActionBinder::OnUpdate(wxUpdateUIEvent& event)
+void TActionBinder::alMainUpdate(wxUpdateUIEvent& event)
 {
     const TAction& action = m_actions[ActionOf(event.GetId())];
     event.Enable(action.Enabled());
@@ -43,6 +43,12 @@ void TActionBinder::OnUpdate(wxUpdateUIEvent& event)
         if (bar->GetToolShortHelp(event.GetId()) != ToWx(action.Hint))
             bar->SetToolShortHelp(event.GetId(), ToWx(action.Hint));
     }
+}
+
+std::string TActionBinder::HintOf(int id) const
+{
+    const bool isAction = id >= m_firstId && id < IdOf(ActionCount);
+    return isAction ? m_actions[ActionOf(id)].Hint : std::string();
 }
 
 wxMenuItem* TActionBinder::NewItem(wxMenu& menu, const TAction& action)

@@ -41,11 +41,13 @@ public:
     void FillToolBar(wxToolBar& bar, TLayout layout);
     wxButton* NewButton(wxWindow* parent, TActionId action, const wxString& name);
     wxButton* NewSpeedButton(wxWindow* parent, TActionId action, const wxString& name);
+    // Of the entry with this identifier; empty where it has none.
+    std::string HintOf(int id) const;
     // Runs the action when the box is clicked; what it shows is the caller's affair.
     wxCheckBox* NewCheckBox(wxWindow* parent, TActionId action, const wxString& name);
 
 private:
-    void OnUpdate(wxUpdateUIEvent& event);
+    void alMainUpdate(wxUpdateUIEvent& event);
     int IdOf(TActionId action) const { return m_firstId + action; }
     TActionId ActionOf(int id) const { return static_cast<TActionId>(id - m_firstId); }
     void Populate(wxMenu& menu, const TMenuPart*& part, const TMenuPart* end);

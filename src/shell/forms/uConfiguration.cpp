@@ -8,9 +8,11 @@
 
 #include <algorithm>
 
+#include <wx/dc.h>
 #include <wx/grid.h>
 #include <wx/hyperlink.h>
 #include <wx/panel.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 
 namespace murala
@@ -34,6 +36,26 @@ wxWindow* Finish(wxWindow* page, wxSizer* rows)
     return page;
 }
 
+// Makes blanks visible, and says where a text is replaced by nothing.
+class TReplacementRenderer : public wxGridCellStringRenderer
+{
+public:
+    void Draw(wxGrid& grid, wxGridCellAttr& attributes, wxDC& dc, const wxRect& rect, int row,
+              int column, bool isSelected) override
+    {
+        wxGridCellRenderer::Draw(grid, attributes, dc, rect, row, column, isSelected);
+        wxString text = grid.GetCellValue(row, column);
+        const bool isNothing = text.empty() && column == 1 && !grid.GetCellValue(row, 0).empty();
+        text.Replace(" ", wxUniChar(0x00B7)); // a middle dot
+        SetTextColoursAndFont(grid, attributes, dc, isSelected);
+        if (isNothing && !isSelected)
+            dc.SetTextForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
+        grid.DrawTextRectangle(dc, isNothing ? wxString("(nothing)") : text,
+                               wxRect(rect).Deflate(1), wxALIGN_LEFT, wxALIGN_CENTRE);
+    }
+    wxGridCellRenderer* Clone() const override { return new TReplacementRenderer; }
+};
+
 } // namespace
 
 TConvertGrid::TConvertGrid(wxWindow* parent, const TConvertList& list)
@@ -41,6 +63,9 @@ TConvertGrid::TConvertGrid(wxWindow* parent, const TConvertList& list)
                         wxWANTS_CHARS | wxBORDER_THEME, "sgConvertList"))
 {
     m_grid->CreateGrid(std::max<int>(1, static_cast<int>(list.size())), 2);
+    m_grid->SetDefaultRenderer(new TReplacementRenderer); // which the grid owns
+    m_grid->SetCellHighlightPenWidth(2);
+    m_grid->SetCellHighlightColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT));
     m_grid->SetColLabelValue(0, "From");
     m_grid->SetColLabelValue(1, "To");
     m_grid->HideRowLabels();
@@ -202,6 +227,9 @@ wxWindow* TfConfiguration::BuildTitlesPage(wxWindow* parent)
                        MaximumTitleLength, 40, "seMaxTitleLength");
     seMaxTitleLength->SetValue(std::clamp(titles.MaxTitleLength, 1, MaximumTitleLength));
     length->Add(seMaxTitleLength);
+    length->Add(
+        new wxStaticText(page, wxID_ANY, wxString::Format("letters, 1 to %d", MaximumTitleLength)),
+        wxSizerFlags().CenterVertical().Border(wxLEFT));
     rows->Add(length, wxSizerFlags().DoubleBorder(wxBOTTOM));
     rows->Add(new wxStaticText(page, wxID_ANY, "&Replace in titles"),
               wxSizerFlags().Border(wxBOTTOM));
@@ -266,6 +294,7 @@ wxWindow* TfConfiguration::BuildThumbnailsPage(wxWindow* parent)
     const std::string folder = m_murala.Core.List.ThumbnailFolder;
     auto* mulFolder = new wxHyperlinkCtrl(page, wxID_ANY, ToWx(folder), "", wxDefaultPosition,
                                           wxDefaultSize, wxHL_ALIGN_LEFT, "mulFolder");
+    AlignWithTexts(*mulFolder);
     mulFolder->SetToolTip("Explore the Thumbnail Folder");
     mulFolder->Bind(wxEVT_HYPERLINK, [this, folder](wxHyperlinkEvent&) {
         ShellExplore(m_murala.Core.Services.Launcher, folder);
@@ -279,11 +308,12 @@ wxWindow* TfConfiguration::BuildThumbnailsPage(wxWindow* parent)
     bDeleteThumbnailCache =
         new wxButton(page, wxID_ANY, "&Delete Thumbnails", wxDefaultPosition, wxDefaultSize, 0,
                      wxDefaultValidator, "bDeleteThumbnailCache");
-    bDeleteThumbnailCache->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { DeleteThumbnailCache(); });
+    bDeleteThumbnailCache->Bind(wxEVT_BUTTON,
+                                [this](wxCommandEvent&) { aDeleteThumbnailCacheExecute(); });
     buttons->Add(bDeleteThumbnailCache, wxSizerFlags().DoubleBorder(wxRIGHT));
     auto* refresh = new wxButton(page, wxID_ANY, "&Refresh Thumbnails", wxDefaultPosition,
                                  wxDefaultSize, 0, wxDefaultValidator, "bRefreshThumbnails");
-    refresh->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { RefreshThumbnails(); });
+    refresh->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { aRefreshThumbnailsExecute(); });
     buttons->Add(refresh);
     rows->Add(buttons);
     return Finish(page, rows);
@@ -293,6 +323,7 @@ void TfConfiguration::ShowStatistics()
 {
     for (wxStaticText* value : {lSize, lShare, lCount}) {
         value->SetLabel("Calculating...");
+        value->GetParent()->Layout();
         value->Update();
     }
     const TThumbnailStatistics statistics = m_murala.Configurator.ThumbnailStatistics();
@@ -300,20 +331,29 @@ void TfConfiguration::ShowStatistics()
     lSize->SetLabel(ToWx(statistics.SizeText()).Trim(false));
     lShare->SetLabel(ToWx(statistics.ShareText()).Trim(false));
     lCount->SetLabel(ToWx(statistics.CountText()));
+    lCount->GetParent()->Layout();
     bDeleteThumbnailCache->Enable(statistics.Count > 0);
 }
 
-void TfConfiguration::DeleteThumbnailCache()
+void TfConfiguration::aDeleteThumbnailCacheExecute()
 {
     m_murala.Configurator.DeleteThumbnailCache();
     ShowStatistics();
 }
 
-void TfConfiguration::RefreshThumbnails()
+void TfConfiguration::aRefreshThumbnailsExecute()
 {
     const wxBusyCursor busy;
     m_murala.Configurator.RefreshAllThumbnails();
     ShowStatistics();
+}
+
+// A length from the settings that the control cannot show stays, unless the user sets another one.
+int TfConfiguration::MaxTitleLength() const
+{
+    const int stored = m_configuration.Settings.Titles.MaxTitleLength;
+    const int shown = seMaxTitleLength->GetValue();
+    return shown == std::clamp(stored, 1, MaximumTitleLength) ? stored : shown;
 }
 
 TConfiguration TfConfiguration::Configuration() const
@@ -326,7 +366,7 @@ TConfiguration TfConfiguration::Configuration() const
     settings.ApplyOnStartup = cbApplyAtStartup->GetValue();
     settings.NextOnStartup = cbNextAtStartup->GetValue();
     settings.Titles = {cbCapitaliseFirstLetter->GetValue(), cbSpaceOutWords->GetValue(),
-                       seMaxTitleLength->GetValue(), sgConvertList->List()};
+                       MaxTitleLength(), sgConvertList->List()};
     settings.UseWallpaperCategories = cbUseWallpaperCategories->GetValue();
     settings.StickyEdges = cbStickyEdges->GetValue();
     settings.RefreshIcons = cbRefreshIcons->GetValue();

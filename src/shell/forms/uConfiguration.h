@@ -51,11 +51,12 @@ private:
                             const wxString& name, bool value);
 
     void UpdateStartBoxes();
+    int MaxTitleLength() const;
     void bScheduleClick();
     void ShowSchedule();
     void ShowStatistics();
-    void DeleteThumbnailCache();
-    void RefreshThumbnails();
+    void aDeleteThumbnailCacheExecute();
+    void aRefreshThumbnailsExecute();
 
     TMurala& m_murala;
     const TActionList& m_actions;

@@ -5,6 +5,7 @@
 #include "uDesktopPage.h"
 #include "uDialog.h"
 #include "uEffectPage.h"
+#include "uPlacement.h"
 #include "uPreviewSizes.h"
 #include "uProgramEntry.h"
 #include "uProgress.h"
@@ -28,7 +29,11 @@ namespace
 constexpr int RefreshInterval = 5000;
 constexpr int EndPatience = 1500; // at the end of the session
 
+// Device-independent pixels.
 constexpr int DesignWidth = 650, DesignHeight = 492;
+constexpr int SmallestWidth = 420, SmallestHeight = 300;
+constexpr int SmallestPane = 180;
+constexpr int InvisibleBorder = 8; // of a frame, around what is seen of it
 
 // Is painted where it goes to, and not before.
 class TSplitter : public wxSplitterWindow
@@ -43,6 +48,19 @@ private:
             wxSplitterWindow::DrawSash(dc);
     }
 };
+
+// Of all screens, the primary one first.
+std::vector<TRect> WorkAreas()
+{
+    std::vector<TRect> areas;
+    for (unsigned i = 0; i < wxDisplay::GetCount(); ++i) {
+        const wxDisplay display(i);
+        const wxRect area = display.GetClientArea();
+        areas.insert(display.IsPrimary() ? areas.begin() : areas.end(),
+                     {area.x, area.y, area.x + area.width, area.y + area.height});
+    }
+    return areas;
+}
 
 // Centred on the primary screen, which a narrow one is filled with.
 TPlacement DefaultPlacement(const wxSize& size)
@@ -136,12 +154,12 @@ void TfMain::BuildMenuBar()
                          aCalendar,
                          aCalendarOptions});
     m_binder.AppendMenu(*bar, "&View",
-                        {aViewList, aViewThumbnails, "-", "Thumbnail &Size>", aThumbSmall,
-                         aThumbNormal, aThumbLarge, "<", "&Preview Size>", aMiniSize, aNormalSize,
-                         aLargeSize, "<"});
+                        {aViewList, aViewThumbnails, aNextView, "-", "Thumbnail &Size>",
+                         aThumbSmall, aThumbNormal, aThumbLarge, "<", "&Preview Size>", aMiniSize,
+                         aNormalSize, aLargeSize, "<"});
     m_binder.AppendMenu(*bar, "&Options",
                         {aDesktopColor, aTransparentIcons, "-", aStartAtStartup, aApplyOnStartup,
-                         aNextOnStartup, "-", aConfiguration});
+                         aNextOnStartup, "-", aOptions, aConfiguration});
     m_binder.AppendMenu(*bar, "&Help", {aMuralaHelp, aDisplayProperties, "-", aAbout});
     SetMenuBar(bar);
 }
@@ -192,8 +210,9 @@ void TfMain::MeasurePages()
         size.IncTo(page->IsBuilt() ? page->GetSizer()->CalcMin() : page->LikelySize());
     // Not every notebook counts its own borders.
     m_pagesSize = pcEffect->CalcSizeFromPage(size) + FromDIP(wxSize(12, 0));
-    SetMinClientSize(wxSize(m_pagesSize.x, 0) + FromDIP(wxSize(240, 320)));
-    spVertical->SetMinimumPaneSize(FromDIP(100));
+    // The pages scroll, so that the window can be smaller than they need.
+    SetMinClientSize(FromDIP(wxSize(SmallestWidth, SmallestHeight)));
+    spVertical->SetMinimumPaneSize(FromDIP(SmallestPane));
     // The smallest preview; and below it tabs with a page that scrolls.
     spHorizontal->SetMinimumPaneSize(FromDIP(PreviewSizes[psMini].second));
 }
@@ -229,13 +248,15 @@ wxWindow* TfMain::BuildBottomPanel(wxWindow* parent)
                     wxGA_HORIZONTAL, wxDefaultValidator, "pbMain");
     pbMain->Hide();
     pStatusText = new wxStaticText(panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
-                                   wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE, "pStatusText");
+                                   wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "pStatusText");
+    lLastChange = new wxStaticText(panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                                   wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "lLastChange");
+    auto* texts = new wxBoxSizer(wxVERTICAL);
+    texts->Add(pStatusText, wxSizerFlags().Expand());
+    texts->Add(lLastChange, wxSizerFlags().Expand());
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(pbMain, wxSizerFlags().CenterVertical().Border());
-    row->Add(pStatusText, wxSizerFlags(1).CenterVertical().Border());
-    lLastChange =
-        new wxStaticText(panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lLastChange");
-    row->Add(lLastChange, wxSizerFlags().CenterVertical().Border());
+    row->Add(texts, wxSizerFlags(1).CenterVertical().Border());
     for (const TActionId action : {aPrevious, aNext, aApply})
         row->Add(m_binder.NewSpeedButton(panel, action, "sb" + ToWx(alMain[action].Name.substr(1))),
                  wxSizerFlags().CenterVertical().Border(wxTOP | wxBOTTOM | wxRIGHT));
@@ -292,14 +313,10 @@ void TfMain::WakeUp()
 
 void TfMain::Place(const TPlacement& placement)
 {
-    const wxRect frame(placement.Left, placement.Top, placement.Width, placement.Height);
-    // A monitor that is gone must not take the window with it: some of its title has to be visible.
-    const wxPoint title(frame.x + frame.width / 2, frame.y + FromDIP(10));
-    SetSize(frame.GetSize());
-    if (wxDisplay::GetFromPoint(title) != wxNOT_FOUND)
-        SetPosition(frame.GetPosition());
-    else
-        CentreOnScreen();
+    const TRect frame{placement.Left, placement.Top, placement.Left + placement.Width,
+                      placement.Top + placement.Height};
+    const TRect fitted = FitToScreens(frame, WorkAreas(), FromDIP(InvisibleBorder));
+    SetSize(fitted.Left, fitted.Top, fitted.Width(), fitted.Height());
     m_placement = {GetSize().x, GetSize().y, GetPosition().x, GetPosition().y};
 }
 
@@ -328,7 +345,7 @@ void TfMain::FormClose(wxCloseEvent& event)
         return event.Veto();
     }
     for (wxTimer* timer : {&tSelectItem, &tLoadPreview, &tPreviewUpdate, &tSchedule, &tRefreshIcons,
-                           &tIcons, &tPlacement})
+                           &tIcons, &tPlacement, &tHideAppWindow})
         timer->Stop();
     m_way.reset();
     m_murala.Tray.Remove();

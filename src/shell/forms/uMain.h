@@ -85,7 +85,7 @@ private:
     void FormClose(wxCloseEvent& event);
     void WakeUp();
     void ConnectTray();
-    void HideWhenMinimised();
+    void tHideAppWindowTimer();
     void ShowFrame();
     void ShowAtStart();
     void ShowIconized();
@@ -155,7 +155,7 @@ private:
     wxStaticText* pStatusText = nullptr;
     wxStaticText* lLastChange = nullptr;
     wxTimer tSelectItem, tLoadPreview, tPreviewUpdate, tSchedule, tRefreshIcons, tIcons, tPlacement,
-        tEnd;
+        tHideAppWindow, tEnd;
     int m_rightWidth = 0, m_previewHeight = 0;
     TPlacement m_placement;
     std::optional<wxBusyCursor> m_busyCursor;

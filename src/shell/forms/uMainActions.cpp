@@ -182,7 +182,7 @@ void TfMain::aAddExecute()
     // A first add begins where there is something to see.
     if (folder.empty() || folder == m_services.ProgramFolder)
         folder = FindShippedFile(m_services, "samples").value_or(folder);
-    wxFileDialog dialog(this, "Add", ToWx(folder), "", PictureFilter,
+    wxFileDialog dialog(this, "Add", ToWx(folder), "", AnyCaseFilter(PictureFilter),
                         wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
     if (RunModal(dialog) != wxID_OK)
         return;

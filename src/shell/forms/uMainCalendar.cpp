@@ -2,11 +2,13 @@
 
 #include "uCompose.h"
 #include "uDialog.h"
+#include "uFileDialogs.h"
 #include "uFileError.h"
 #include "uPath.h"
 #include "uPictureFile.h"
 #include "uScopes.h"
 #include "uShippedFile.h"
+#include "uWindowSystem.h"
 #include "uWxBitmap.h"
 #include "uWxFont.h"
 #include "uWxText.h"
@@ -54,6 +56,7 @@ TfMainCalendar::TfMainCalendar(wxWindow* parent, const TServices& services,
     frame->Add(toolBar, wxSizerFlags().Expand().Border());
     frame->Add(client, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT));
     frame->Add(BuildBottom(), wxSizerFlags().Expand().Border());
+    ConnectMnemonics(*this);
     SetSizerAndFit(frame);
     SetMinSize(GetSize());
     BindEvents();
@@ -163,7 +166,7 @@ void TfMainCalendar::aFontExecute(TMuFont TCalendarSettings::*font, const wxStri
 
 void TfMainCalendar::aBackgroundFileExecute()
 {
-    wxFileDialog dialog(this, "Background File", "", "", BackgroundFilter,
+    wxFileDialog dialog(this, "Background File", "", "", AnyCaseFilter(BackgroundFilter),
                         wxFD_OPEN | wxFD_FILE_MUST_EXIST);
     if (const auto path = BackgroundPath())
         dialog.SetDirectory(ToWx(FolderPart(*path)));
@@ -183,15 +186,11 @@ void TfMainCalendar::aBackgroundFileExecute()
 
 void TfMainCalendar::aSaveExecute()
 {
-    wxFileDialog dialog(this, "Save Image", "", "", "Bitmaps (*.bmp)|*.bmp",
-                        wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
-    if (dialog.ShowModal() != wxID_OK)
+    const auto path = AskWhereToSave(*this, "Save Image", "Bitmaps (*.bmp)|*.bmp", ".bmp");
+    if (!path)
         return;
-    std::string path = dialog.GetPath().utf8_string();
-    if (NativePath(path).extension().empty())
-        path += ".bmp";
     try {
-        SaveBitmapFile(iCalendar->Picture(), path);
+        SaveBitmapFile(iCalendar->Picture(), *path);
     } catch (const EFileError& error) {
         ShowMessage(error.what());
     }
@@ -253,16 +252,25 @@ void TfMainCalendar::TitleFormatChanged()
 void TfMainCalendar::WidthTyped(const wxString& text)
 {
     long width = 0;
-    if (!m_isShowing && text.ToLong(&width))
-        m_calendar.Settings.CalendarWidth = static_cast<int>(width);
+    int& stored = m_calendar.Settings.CalendarWidth;
+    if (m_isShowing || !text.ToLong(&width))
+        return;
+    // A width that is out of the control's range stays as it was typed, or as it stood in the file,
+    // when the control brings its own text back into the range.
+    if (width == std::clamp(stored, seCalendarWidth->GetMin(), seCalendarWidth->GetMax()))
+        return;
+    stored = static_cast<int>(width);
+    iCalendar->SetSettings(m_calendar.Settings);
 }
 
 void TfMainCalendar::HeightTyped(const wxString& text)
 {
     long height = 0;
-    if (!m_isShowing && text.ToLong(&height))
-        m_calendar.Settings.CalendarHeight = static_cast<int>(
-            std::clamp<long>(height, seCalendarHeight->GetMin(), seCalendarHeight->GetMax()));
+    if (m_isShowing || !text.ToLong(&height))
+        return;
+    m_calendar.Settings.CalendarHeight = static_cast<int>(
+        std::clamp<long>(height, seCalendarHeight->GetMin(), seCalendarHeight->GetMax()));
+    iCalendar->SetSettings(m_calendar.Settings);
 }
 
 void TfMainCalendar::ShowMessage(const std::string& text)

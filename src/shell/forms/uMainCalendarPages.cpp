@@ -8,6 +8,8 @@
 #include "uWxBitmap.h"
 #include "uWxText.h"
 
+#include <algorithm>
+
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
@@ -278,7 +280,7 @@ wxSizer* TfMainCalendar::BuildArea(wxWindow* page, std::size_t index)
     auto* group = new wxStaticBoxSizer(wxHORIZONTAL, page, row.Caption);
     area.Box = group->GetStaticBox();
     area.Tint = row.Tint;
-    area.Bars = new TChannelBars(area.Box, row.Caption, BlendingRange, row.Bars);
+    area.Bars = new TChannelBars(area.Box, row.Caption, BlendingRange, row.Bars, false);
     area.Bars->ShowChannels(false);
     area.Bars->OnChange = [this, &area](TChannel channel, int value) {
         TTint& tint = m_calendar.Settings.*area.Tint;
@@ -309,7 +311,18 @@ void TfMainCalendar::BuildPreview()
 {
     sbCalendar = new wxScrolledWindow(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(420, 360)),
                                       wxHSCROLL | wxVSCROLL | wxBORDER_THEME, "sbCalendar");
-    sbCalendar->SetScrollRate(FromDIP(16), FromDIP(16));
+    // Pixel by pixel, or a strip of up to a line would stay empty behind the picture's end.
+    sbCalendar->SetScrollRate(1, 1);
+    const auto scrollLine = [this](wxScrollWinEvent& event) {
+        const bool isAcross = event.GetOrientation() == wxHORIZONTAL;
+        const int way = event.GetEventType() == wxEVT_SCROLLWIN_LINEUP ? -1 : 1;
+        const wxPoint start = sbCalendar->GetViewStart();
+        const int place = (isAcross ? start.x : start.y) + way * FromDIP(16);
+        sbCalendar->Scroll(isAcross ? std::max(place, 0) : wxDefaultCoord,
+                           isAcross ? wxDefaultCoord : std::max(place, 0));
+    };
+    sbCalendar->Bind(wxEVT_SCROLLWIN_LINEUP, scrollLine);
+    sbCalendar->Bind(wxEVT_SCROLLWIN_LINEDOWN, scrollLine);
     iCalendar = new TCalendarImage(sbCalendar, "iCalendar");
     SetAccessibleName(*sbCalendar, "Calendar");
 }

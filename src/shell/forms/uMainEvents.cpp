@@ -29,7 +29,8 @@ namespace
 // Milliseconds.
 constexpr int SettleTime = 500; // until a selection or a changed setting is shown
 constexpr int ScheduleInterval = 1000;
-constexpr int StepPause = 1; // in which the window answers
+constexpr int StepPause = 1;     // in which the window answers
+constexpr int MinimiseTime = 50; // until a minimised window leaves the task bar
 
 } // namespace
 
@@ -72,6 +73,14 @@ void TfMain::BindEvents()
     Bind(wxEVT_CLOSE_WINDOW, &TfMain::FormClose, this);
     Bind(wxEVT_CHAR_HOOK, &TfMain::FormCharHook, this);
     Bind(wxEVT_DROP_FILES, &TfMain::FormDropFiles, this);
+    Bind(wxEVT_MENU_HIGHLIGHT, [this](wxMenuEvent& event) {
+        const std::string hint = m_binder.HintOf(event.GetMenuId());
+        hint.empty() ? ShowSelectionStatus() : SetStatus(hint);
+    });
+    Bind(wxEVT_MENU_CLOSE, [this](wxMenuEvent& event) {
+        event.Skip();
+        ShowSelectionStatus();
+    });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
         TrackPlacement();
@@ -96,7 +105,7 @@ void TfMain::BindEvents()
     Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
         event.Skip();
         if (event.IsIconized())
-            return CallLater(*this, [this] { HideWhenMinimised(); });
+            return static_cast<void>(tHideAppWindow.StartOnce(MinimiseTime));
         PreviewChanged(true);
         SendSizeEvent(wxSEND_EVENT_POST); // its borders may have come while it was an icon
     });
@@ -114,6 +123,7 @@ void TfMain::BindTimers()
     bind(tPlacement, &TfMain::tPlacementTimer);
     bind(tRefreshIcons, &TfMain::tRefreshIconsTimer);
     bind(tIcons, &TfMain::tIconsTimer);
+    bind(tHideAppWindow, &TfMain::tHideAppWindowTimer);
     // Everything is saved; a message that nobody answers must not hold up the end of the session.
     tEnd.Bind(wxEVT_TIMER, [](wxTimerEvent&) { std::_Exit(0); });
 }
@@ -132,7 +142,8 @@ void TfMain::BindSplitters()
     const auto isDragged = [] { return wxGetMouseState().LeftIsDown(); };
     spVertical->Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [=, this](wxSplitterEvent& event) {
         const int width = spVertical->GetClientSize().x;
-        event.SetSashPosition(std::min(event.GetSashPosition(), width - m_pagesSize.x));
+        const int last = std::max(width - m_pagesSize.x, spVertical->GetMinimumPaneSize());
+        event.SetSashPosition(std::min(event.GetSashPosition(), last));
         if (isDragged())
             m_rightWidth = width - event.GetSashPosition();
     });
@@ -302,8 +313,10 @@ void TfMain::ShowMessage(const std::string& text)
 void TfMain::SetStatus(const std::string& text)
 {
     const wxString label = wxControl::EscapeMnemonics(LeftToRight(ToWx(text)));
-    if (label != pStatusText->GetLabel())
-        pStatusText->SetLabel(label);
+    if (label == pStatusText->GetLabel())
+        return;
+    pStatusText->SetLabel(label);
+    pStatusText->SetToolTip(ToWx(text)); // which may be longer than its place
 }
 
 namespace
@@ -416,7 +429,6 @@ void TfMain::ShowLastChange()
     if (text == lLastChange->GetLabel())
         return;
     lLastChange->SetLabel(text);
-    lLastChange->GetParent()->Layout();
 }
 
 void TfMain::ItemsChanged(const TItems&)

@@ -42,7 +42,8 @@ void TfMain::MinimiseWindow()
         m_murala.Tray.ExplainHiding();
 }
 
-void TfMain::HideWhenMinimised()
+// A minimised window leaves the task bar where the tray icon brings it back.
+void TfMain::tHideAppWindowTimer()
 {
     if (IsShown() && IsIconized() && m_murala.Tray.CanHide())
         MinimiseWindow();

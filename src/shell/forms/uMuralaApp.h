@@ -1,6 +1,8 @@
 // The application: what its windows have in common.
 #pragma once
 
+#include "uWheelFilter.h"
+
 #include <wx/app.h>
 
 namespace murala
@@ -15,6 +17,9 @@ public:
     wxLayoutDirection GetLayoutDirection() const override { return wxLayout_LeftToRight; }
     // The last net: what an event's handler has thrown is told, and the program goes on.
     bool OnExceptionInMainLoop() override;
+
+private:
+    TWheelFilter m_wheelFilter;
 };
 
 } // namespace murala

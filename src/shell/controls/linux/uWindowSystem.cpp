@@ -9,6 +9,7 @@
 #include <wx/dialog.h>
 #include <wx/menu.h>
 #include <wx/notebook.h>
+#include <wx/stattext.h>
 #include <wx/toplevel.h>
 #include <wx/weakref.h>
 
@@ -28,6 +29,20 @@ struct TEventFree {
     void operator()(GdkEvent* event) const noexcept { gdk_event_free(event); }
 };
 using TEvent = std::unique_ptr<GdkEvent, TEventFree>;
+
+struct TObjectUnref {
+    void operator()(gpointer object) const noexcept { g_object_unref(object); }
+};
+template<typename T>
+using TObject = std::unique_ptr<T, TObjectUnref>;
+
+struct TFontDescriptionFree {
+    void operator()(PangoFontDescription* font) const noexcept
+    {
+        pango_font_description_free(font);
+    }
+};
+using TFontDescription = std::unique_ptr<PangoFontDescription, TFontDescriptionFree>;
 
 // A click of the pointer into the window.
 TEvent NewClick(GdkWindow* window)
@@ -66,15 +81,50 @@ struct TFocus {
     std::shared_ptr<GtkWidget> Widget;
 };
 
+void AddStyle(GtkWidget* widget, const char* text)
+{
+    const TObject<GtkCssProvider> style(gtk_css_provider_new());
+    gtk_css_provider_load_from_data(style.get(), text, -1, nullptr);
+    gtk_style_context_add_provider(gtk_widget_get_style_context(widget),
+                                   GTK_STYLE_PROVIDER(style.get()),
+                                   GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+}
+
 // To the left of an entry.
 void DrawBar(GtkWidget* entry)
 {
-    GtkCssProvider* style = gtk_css_provider_new();
-    gtk_css_provider_load_from_data(
-        style, "menuitem { border-left: 1px solid alpha(currentColor, 0.3); }", -1, nullptr);
-    gtk_style_context_add_provider(gtk_widget_get_style_context(entry), GTK_STYLE_PROVIDER(style),
-                                   GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
-    g_object_unref(style);
+    AddStyle(entry, "menuitem { border-left: 1px solid alpha(currentColor, 0.3); }");
+}
+
+// Whether GTK gives it a caption of its own.
+bool IsStockButton(GtkWidget* widget)
+{
+    gboolean isStock = FALSE;
+    if (GTK_IS_BUTTON(widget))
+        g_object_get(widget, "use-stock", &isStock, nullptr);
+    return isStock != FALSE;
+}
+
+// The first control in the window that takes the keyboard, null for none.
+wxWindow* FirstInput(wxWindow& window)
+{
+    for (wxWindow* child : window.GetChildren())
+        if (wxWindow* found = FirstInput(*child))
+            return found;
+    return window.AcceptsFocus() ? &window : nullptr;
+}
+
+// The first one behind the text.
+wxWindow* NextInput(const wxWindow& text)
+{
+    bool isBehind = false;
+    for (wxWindow* sibling : text.GetParent()->GetChildren()) {
+        wxWindow* found = isBehind ? FirstInput(*sibling) : nullptr;
+        if (found != nullptr)
+            return found;
+        isBehind = isBehind || sibling == &text;
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -139,6 +189,18 @@ THiddenFrame HiddenFrame(wxTopLevelWindow& /*window*/)
 bool HasFontEffects()
 {
     return false;
+}
+
+wxString DrawnFace(const wxString& face)
+{
+    const TFontDescription wanted(pango_font_description_new());
+    pango_font_description_set_family(wanted.get(), face.utf8_str());
+    const TObject<PangoContext> context(gdk_pango_context_get());
+    const TObject<PangoFont> font(pango_context_load_font(context.get(), wanted.get()));
+    if (!font)
+        return face;
+    const TFontDescription drawn(pango_font_describe(font.get()));
+    return wxString::FromUTF8(pango_font_description_get_family(drawn.get()));
 }
 
 // GTK looks for the event that a menu is opened by, and complains without one.
@@ -217,6 +279,57 @@ void AddPage(wxNotebook& book, wxWindow* page, const wxString& caption)
         if (GTK_IS_LABEL(each->data))
             gtk_label_set_text_with_mnemonic(GTK_LABEL(each->data), text.utf8_str());
     g_list_free(parts);
+}
+
+// Descriptions and patterns take turns. GTK's patterns know "[jJ]".
+wxString AnyCaseFilter(const wxString& filter)
+{
+    wxString result;
+    bool isPattern = false;
+    for (const wxUniChar c : filter) {
+        if (c == '|')
+            isPattern = !isPattern;
+        if (isPattern && wxIsalpha(c))
+            result << '[' << wxTolower(c) << wxToupper(c) << ']';
+        else
+            result << c;
+    }
+    return result;
+}
+
+// The toolkit underlines the letters of texts and frames without telling GTK what they are for,
+// which then looks for something to press among all that the text lies in: at last the dialog's
+// default button. And it takes "Cancel" for GTK's own, which has a letter.
+void ConnectMnemonics(wxWindow& window)
+{
+    GtkWidget* widget = window.GetHandle();
+    wxWindow* target = nullptr;
+    GtkWidget* label = nullptr;
+    if (window.IsKindOf(wxCLASSINFO(wxStaticText))) {
+        label = widget;
+        target = NextInput(window);
+    } else if (GTK_IS_FRAME(widget)) {
+        label = gtk_frame_get_label_widget(GTK_FRAME(widget));
+        target = FirstInput(window);
+    } else if (IsStockButton(widget)) {
+        const wxString caption = window.GetLabel();
+        g_object_set(widget, "use-stock", FALSE, "use-underline", FALSE, "label",
+                     static_cast<const char*>(caption.utf8_str()), nullptr);
+    }
+    const auto focus = +[](GtkWidget*, gboolean, gpointer named) -> gboolean {
+        static_cast<wxWindow*>(named)->SetFocus();
+        return TRUE;
+    };
+    if (GTK_IS_LABEL(label) && target != nullptr)
+        g_signal_connect(label, "mnemonic-activate", G_CALLBACK(focus), target);
+    for (wxWindow* child : window.GetChildren())
+        if (!child->IsTopLevel())
+            ConnectMnemonics(*child);
+}
+
+void AlignWithTexts(wxWindow& link)
+{
+    AddStyle(link.GetHandle(), "button { padding: 0; border: none; min-height: 0; }");
 }
 
 // Pango takes a line's direction from its first letter: here from an invisible mark.

@@ -106,6 +106,12 @@ bool HasFontEffects()
     return true;
 }
 
+// The fonts that are wanted at first come with the system.
+wxString DrawnFace(const wxString& face)
+{
+    return face;
+}
+
 void RunAsClicked(wxWindow& /*window*/, const std::function<void()>& action)
 {
     action();
@@ -174,6 +180,21 @@ void AddPage(wxNotebook& book, wxWindow* page, const wxString& caption)
         book.SetSelection(place);
         TakeAltKey(book);
     });
+}
+
+// The system's patterns do so.
+wxString AnyCaseFilter(const wxString& filter)
+{
+    return filter;
+}
+
+// The system does all of it.
+void ConnectMnemonics(wxWindow& /*window*/)
+{
+}
+
+void AlignWithTexts(wxWindow& /*link*/)
+{
 }
 
 // A text's direction is the window's.

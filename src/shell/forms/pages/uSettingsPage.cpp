@@ -1,5 +1,7 @@
 #include "uSettingsPage.h"
 
+#include "uWindowSystem.h"
+
 #include <algorithm>
 
 #include <wx/sizer.h>
@@ -21,6 +23,7 @@ void TSettingsPage::Build()
     auto* frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(NewContent(), wxSizerFlags(1).Expand().DoubleBorder());
     SetSizer(frame);
+    ConnectMnemonics(*this);
     SetScrollRate(FromDIP(8), FromDIP(8));
     FitInside();
     m_murala.Core.Listeners.Add(*this);

@@ -63,6 +63,13 @@ TEST_F(AddOns, AGradientGoesFromTheDialogToTheSelectedLastItem)
     TMuWallpaperList saved;
     saved.LoadFromFile(m_folder.File(ListFileName));
     EXPECT_TRUE(saved.Item(2).TransparentIcons);
+
+    std::filesystem::remove(NativePath(item.FileName()));
+    Select(0);
+    InDialog("TfGradientEditor", [](wxDialog& dialog) { dialog.EndModal(wxID_OK); });
+    Execute(aNewGradient);
+    EXPECT_EQ(core.List.Count(), 3) << "its number is free, its item is there";
+    EXPECT_EQ(core.Selection.Rows(), std::vector<int>{2});
 }
 
 TEST_F(AddOns, DraggingTheSampleMakesTheNearerColourLighter)
@@ -252,6 +259,18 @@ TEST_F(AddOns, TheEditorsControlsChangeTheCalendarAndCancelForgetsThem)
         width.ProcessWindowEvent(spun);
         EXPECT_EQ(settings.CalendarWidth, 400);
         EXPECT_EQ(rendered(), drawn) << "a new size waits for the next drawing";
+        auto& image = Find<wxWindow>(window, "iCalendar");
+        Mouse(image, wxEVT_MOTION, 320 - 190, 240);
+        EXPECT_FALSE(image.GetToolTipText().empty()) << "it can be grabbed in its new size";
+        const auto type = [&width](const char* text) {
+            wxCommandEvent typed(wxEVT_TEXT, width.GetId());
+            typed.SetString(text);
+            width.ProcessWindowEvent(typed);
+        };
+        type("5000");
+        type("1600"); // which the control makes of it
+        EXPECT_EQ(settings.CalendarWidth, 5000) << "as it was typed";
+        type("400");
         Press(window, "bRender");
         EXPECT_GT(rendered(), drawn);
 

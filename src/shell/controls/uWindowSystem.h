@@ -10,6 +10,8 @@
 #include <functional>
 #include <vector>
 
+class wxButton;
+class wxColour;
 class wxMenu;
 class wxNotebook;
 class wxTopLevelWindow;
@@ -75,6 +77,9 @@ wxString AnyCaseFilter(const wxString& filter);
 // For a window whose controls are all made: Alt and the letter after "&" in a text or in a frame's
 // caption lead to the control that it names, and a button without "&" takes no letter.
 void ConnectMnemonics(wxWindow& window);
+
+// A button of one colour with its text in another one; the focus and being disabled still show.
+void SetButtonColors(wxButton& button, const wxColour& background, const wxColour& text);
 
 // A link that stands in a column with texts: without the padding of a button.
 void AlignWithTexts(wxWindow& link);

@@ -313,16 +313,23 @@ void TfMainCalendar::BuildPreview()
                                       wxHSCROLL | wxVSCROLL | wxBORDER_THEME, "sbCalendar");
     // Pixel by pixel, or a strip of up to a line would stay empty behind the picture's end.
     sbCalendar->SetScrollRate(1, 1);
-    const auto scrollLine = [this](wxScrollWinEvent& event) {
-        const bool isAcross = event.GetOrientation() == wxHORIZONTAL;
-        const int way = event.GetEventType() == wxEVT_SCROLLWIN_LINEUP ? -1 : 1;
+    const auto scroll = [this](bool isAcross, int lines) {
         const wxPoint start = sbCalendar->GetViewStart();
-        const int place = (isAcross ? start.x : start.y) + way * FromDIP(16);
-        sbCalendar->Scroll(isAcross ? std::max(place, 0) : wxDefaultCoord,
-                           isAcross ? wxDefaultCoord : std::max(place, 0));
+        const int place = std::max((isAcross ? start.x : start.y) + lines * FromDIP(16), 0);
+        sbCalendar->Scroll(isAcross ? place : wxDefaultCoord, isAcross ? wxDefaultCoord : place);
+    };
+    const auto scrollLine = [scroll](wxScrollWinEvent& event) {
+        scroll(event.GetOrientation() == wxHORIZONTAL,
+               event.GetEventType() == wxEVT_SCROLLWIN_LINEUP ? -1 : 1);
     };
     sbCalendar->Bind(wxEVT_SCROLLWIN_LINEUP, scrollLine);
     sbCalendar->Bind(wxEVT_SCROLLWIN_LINEDOWN, scrollLine);
+    sbCalendar->Bind(wxEVT_MOUSEWHEEL, [scroll](wxMouseEvent& event) {
+        const bool isAcross = event.GetWheelAxis() == wxMOUSE_WHEEL_HORIZONTAL;
+        const int lines = event.GetWheelRotation() * event.GetLinesPerAction() /
+                          std::max(event.GetWheelDelta(), 1);
+        scroll(isAcross, isAcross ? lines : -lines);
+    });
     iCalendar = new TCalendarImage(sbCalendar, "iCalendar");
     SetAccessibleName(*sbCalendar, "Calendar");
 }

@@ -5,6 +5,7 @@
 
 #include <gtk/gtk.h>
 #include <wx/artprov.h>
+#include <wx/button.h>
 #include <wx/control.h>
 #include <wx/dialog.h>
 #include <wx/menu.h>
@@ -325,6 +326,16 @@ void ConnectMnemonics(wxWindow& window)
     for (wxWindow* child : window.GetChildren())
         if (!child->IsTopLevel())
             ConnectMnemonics(*child);
+}
+
+void SetButtonColors(wxButton& button, const wxColour& background, const wxColour& text)
+{
+    const wxString colors =
+        wxString::Format("button, button label { background: %s; color: %s; }"
+                         "button:focus { outline: 2px dashed %s; outline-offset: -6px; }"
+                         "button:disabled { opacity: 0.4; }",
+                         background.GetAsString(), text.GetAsString(), text.GetAsString());
+    AddStyle(button.GetHandle(), colors.utf8_str());
 }
 
 void AlignWithTexts(wxWindow& link)

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <wx/access.h>
+#include <wx/button.h>
 #include <wx/icon.h>
 #include <wx/log.h>
 #include <wx/mimetype.h>
@@ -191,6 +192,13 @@ wxString AnyCaseFilter(const wxString& filter)
 // The system does all of it.
 void ConnectMnemonics(wxWindow& /*window*/)
 {
+}
+
+// The toolkit draws such a button, with its focus.
+void SetButtonColors(wxButton& button, const wxColour& background, const wxColour& text)
+{
+    button.SetBackgroundColour(background);
+    button.SetForegroundColour(text);
 }
 
 void AlignWithTexts(wxWindow& /*link*/)

@@ -1,6 +1,7 @@
 #include "uDesktopPage.h"
 
 #include "uSwatch.h"
+#include "uWindowSystem.h"
 #include "uWxBitmap.h"
 
 namespace murala
@@ -47,8 +48,7 @@ wxButton* TDesktopPage::NewColorButton(TColor color, const wxString& name, const
 {
     auto* button = new wxButton(this, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0,
                                 wxDefaultValidator, name);
-    button->SetBackgroundColour(ToWxColour(color));
-    button->SetForegroundColour(ToWxColour(White - color));
+    SetButtonColors(*button, ToWxColour(color), ToWxColour(White - color));
     button->SetToolTip(hint);
     button->Bind(wxEVT_BUTTON, [this, color](wxCommandEvent&) {
         m_murala.Editor.SetDesktopColor(Items(), color);

@@ -70,8 +70,14 @@ void TSessionEntry::ImportQueuedFiles()
     const TDisabledScope disabled(m_core.View);
     // A copy that starts meanwhile may queue more.
     for (auto files = m_core.Services.FileQueue.TakeQueuedFiles(); !files.empty();
-         files = m_core.Services.FileQueue.TakeQueuedFiles())
+         files = m_core.Services.FileQueue.TakeQueuedFiles()) {
         m_desk.AddFiles(files);
+        // The end of the session ends the work; the next start goes on with it.
+        if (m_core.IsSilent) {
+            m_core.Services.FileQueue.QueueFiles(files);
+            return;
+        }
+    }
 }
 
 void TSessionEntry::Open(const TMuWallpaper& item, TShellVerb verb)

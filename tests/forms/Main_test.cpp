@@ -208,9 +208,12 @@ TEST_F(MainWindow, TheSessionIsLetEndWithoutAMessageThoughNothingCanBeSaved)
     EXPECT_EQ(m_messages.Texts.size(), 1U) << "the session goes on, and the user is told";
     const wxWeakRef<TfMain> main(m_main);
     m_services.SessionEnd.OnEnd();
+    m_services.FileQueue.QueueFiles({Picture("C.bmp", 4, 4, 0)});
+    m_link.Wake();
     EXPECT_TRUE(PumpUntil([&] { return !main; }, 1000));
     m_main = nullptr;
     EXPECT_EQ(m_messages.Texts.size(), 1U);
+    EXPECT_EQ(m_services.FileQueue.Names.size(), 1U) << "they wait for the next start";
 }
 
 TEST_F(MainWindow, TheSessionsQuestionSavesAtOnceAlsoDuringADialog)

@@ -65,3 +65,12 @@ TEST_F(SessionEntry, QueuedFilesAreTakenInAlsoThoseThatComeMeanwhile)
     EXPECT_TRUE(m_services.FileQueue.Names.empty());
     EXPECT_EQ(m_view.Disabled, 0);
 }
+
+TEST_F(SessionEntry, WhatTheEndOfTheSessionCutsShortWaitsForTheNextStart)
+{
+    const std::vector<std::string> files = {Picture("A.bmp"), Picture("B.bmp")};
+    m_services.FileQueue.QueueFiles(files);
+    m_murala->Core.IsSilent = true;
+    m_murala->Session.ImportQueuedFiles();
+    EXPECT_EQ(m_services.FileQueue.Names, files);
+}

@@ -302,8 +302,9 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
 // Another copy was started: it has left its files and wants this one to be seen.
 void TfMain::WakeUp()
 {
-    if (m_isStarting)
-        return; // the activation takes the files in at its end
+    // The activation, or the next start, takes the files in.
+    if (m_isStarting || tEnd.IsRunning())
+        return;
     m_isWakePending = m_murala.Core.Pauses.IsPaused();
     if (m_isWakePending)
         return;

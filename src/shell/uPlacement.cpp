@@ -33,6 +33,22 @@ bool IsOnScreens(const TRect& window, const std::vector<TRect>& areas, int toler
 
 } // namespace
 
+TRect WithoutTaskBar(TRect area, const TRect& bar)
+{
+    if (SharedPixels(area, bar) == 0)
+        return area;
+    const bool isAcross = bar.Width() > bar.Height();
+    if (isAcross && bar.Top > area.Top)
+        area.Bottom = bar.Top;
+    else if (isAcross)
+        area.Top = bar.Bottom;
+    else if (bar.Left > area.Left)
+        area.Right = bar.Left;
+    else
+        area.Left = bar.Right;
+    return area;
+}
+
 TRect FitToScreens(const TRect& window, const std::vector<TRect>& areas, int tolerance)
 {
     if (IsOnScreens(window, areas, tolerance))

@@ -14,4 +14,7 @@ namespace murala
 // the primary one where there is none, and made no larger than that.
 TRect FitToScreens(const TRect& window, const std::vector<TRect>& areas, int tolerance);
 
+// What is left of a screen where its task bar stands, docked to an edge, that its work area counts.
+TRect WithoutTaskBar(TRect area, const TRect& bar);
+
 } // namespace murala

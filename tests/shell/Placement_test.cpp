@@ -4,6 +4,17 @@
 
 using namespace murala;
 
+TEST(Placement, ATaskBarTakesItsEdge)
+{
+    constexpr TRect area{0, 0, 1280, 1024};
+    EXPECT_EQ(WithoutTaskBar(area, {0, 1004, 1280, 1024}), (TRect{0, 0, 1280, 1004}));
+    EXPECT_EQ(WithoutTaskBar(area, {-2, -2, 1282, 30}), (TRect{0, 30, 1280, 1024}));
+    EXPECT_EQ(WithoutTaskBar(area, {-2, -2, 60, 1026}), (TRect{60, 0, 1280, 1024}));
+    EXPECT_EQ(WithoutTaskBar(area, {1200, 0, 1282, 1024}), (TRect{0, 0, 1200, 1024}));
+    EXPECT_EQ(WithoutTaskBar({1280, 0, 2560, 1024}, {0, 1004, 1280, 1024}),
+              (TRect{1280, 0, 2560, 1024}));
+}
+
 TEST(Placement, AWindowIsBroughtWhollyOntoTodaysScreens)
 {
     constexpr TRect main{0, 0, 1280, 984}, second{1280, 0, 3200, 1080};

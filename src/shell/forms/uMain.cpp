@@ -50,7 +50,7 @@ private:
 };
 
 // Of all screens, the primary one first.
-std::vector<TRect> WorkAreas()
+std::vector<TRect> WorkAreas(TTaskBar& taskBar)
 {
     std::vector<TRect> areas;
     for (unsigned i = 0; i < wxDisplay::GetCount(); ++i) {
@@ -58,6 +58,11 @@ std::vector<TRect> WorkAreas()
         const wxRect area = display.GetClientArea();
         areas.insert(display.IsPrimary() ? areas.begin() : areas.end(),
                      {area.x, area.y, area.x + area.width, area.y + area.height});
+    }
+    try {
+        areas.front() = WithoutTaskBar(areas.front(), taskBar.GetTaskBarRect());
+    } catch (const ETaskBarMissing&) {
+        // Then nothing is in the way.
     }
     return areas;
 }
@@ -316,7 +321,8 @@ void TfMain::Place(const TPlacement& placement)
 {
     const TRect frame{placement.Left, placement.Top, placement.Left + placement.Width,
                       placement.Top + placement.Height};
-    const TRect fitted = FitToScreens(frame, WorkAreas(), FromDIP(InvisibleBorder));
+    const TRect fitted =
+        FitToScreens(frame, WorkAreas(m_services.TaskBar), FromDIP(InvisibleBorder));
     SetSize(fitted.Left, fitted.Top, fitted.Width(), fitted.Height());
     m_placement = {GetSize().x, GetSize().y, GetPosition().x, GetPosition().y};
 }

@@ -1,6 +1,7 @@
 #include "uWindowSystem.h"
 
 #include "uDialog.h"
+#include "uMnemonics.h"
 #include "uTrayFrames.h"
 
 #include <gtk/gtk.h>
@@ -10,7 +11,6 @@
 #include <wx/dialog.h>
 #include <wx/menu.h>
 #include <wx/notebook.h>
-#include <wx/stattext.h>
 #include <wx/toplevel.h>
 #include <wx/weakref.h>
 
@@ -91,12 +91,6 @@ void AddStyle(GtkWidget* widget, const char* text)
                                    GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
 }
 
-// To the left of an entry.
-void DrawBar(GtkWidget* entry)
-{
-    AddStyle(entry, "menuitem { border-left: 1px solid alpha(currentColor, 0.3); }");
-}
-
 // Whether GTK gives it a caption of its own.
 bool IsStockButton(GtkWidget* widget)
 {
@@ -106,26 +100,23 @@ bool IsStockButton(GtkWidget* widget)
     return isStock != FALSE;
 }
 
-// The first control in the window that takes the keyboard, null for none.
-wxWindow* FirstInput(wxWindow& window)
+// GTK gives "Cancel" and its like a caption of its own, with a letter.
+void TakeStockLetters(wxWindow& window)
 {
+    if (IsStockButton(window.GetHandle())) {
+        const wxString caption = window.GetLabel();
+        g_object_set(window.GetHandle(), "use-stock", FALSE, "use-underline", FALSE, "label",
+                     static_cast<const char*>(caption.utf8_str()), nullptr);
+    }
     for (wxWindow* child : window.GetChildren())
-        if (wxWindow* found = FirstInput(*child))
-            return found;
-    return window.AcceptsFocus() ? &window : nullptr;
+        if (!child->IsTopLevel())
+            TakeStockLetters(*child);
 }
 
-// The first one behind the text.
-wxWindow* NextInput(const wxWindow& text)
+// To the left of an entry.
+void DrawBar(GtkWidget* entry)
 {
-    bool isBehind = false;
-    for (wxWindow* sibling : text.GetParent()->GetChildren()) {
-        wxWindow* found = isBehind ? FirstInput(*sibling) : nullptr;
-        if (found != nullptr)
-            return found;
-        isBehind = isBehind || sibling == &text;
-    }
-    return nullptr;
+    AddStyle(entry, "menuitem { border-left: 1px solid alpha(currentColor, 0.3); }");
 }
 
 } // namespace
@@ -303,29 +294,17 @@ wxString AnyCaseFilter(const wxString& filter)
 // default button. And it takes "Cancel" for GTK's own, which has a letter.
 void ConnectMnemonics(wxWindow& window)
 {
-    GtkWidget* widget = window.GetHandle();
-    wxWindow* target = nullptr;
-    GtkWidget* label = nullptr;
-    if (window.IsKindOf(wxCLASSINFO(wxStaticText))) {
-        label = widget;
-        target = NextInput(window);
-    } else if (GTK_IS_FRAME(widget)) {
-        label = gtk_frame_get_label_widget(GTK_FRAME(widget));
-        target = FirstInput(window);
-    } else if (IsStockButton(widget)) {
-        const wxString caption = window.GetLabel();
-        g_object_set(widget, "use-stock", FALSE, "use-underline", FALSE, "label",
-                     static_cast<const char*>(caption.utf8_str()), nullptr);
-    }
-    const auto focus = +[](GtkWidget*, gboolean, gpointer named) -> gboolean {
-        static_cast<wxWindow*>(named)->SetFocus();
+    const auto focus = +[](GtkWidget*, gboolean, gpointer target) -> gboolean {
+        static_cast<wxWindow*>(target)->SetFocus();
         return TRUE;
     };
-    if (GTK_IS_LABEL(label) && target != nullptr)
-        g_signal_connect(label, "mnemonic-activate", G_CALLBACK(focus), target);
-    for (wxWindow* child : window.GetChildren())
-        if (!child->IsTopLevel())
-            ConnectMnemonics(*child);
+    for (const TMnemonic& mnemonic : MnemonicsIn(window)) {
+        GtkWidget* name = mnemonic.Name->GetHandle();
+        GtkWidget* label = GTK_IS_FRAME(name) ? gtk_frame_get_label_widget(GTK_FRAME(name)) : name;
+        if (GTK_IS_LABEL(label))
+            g_signal_connect(label, "mnemonic-activate", G_CALLBACK(focus), mnemonic.Target);
+    }
+    TakeStockLetters(window);
 }
 
 void SetButtonColors(wxButton& button, const wxColour& background, const wxColour& text)

@@ -1,6 +1,8 @@
 #include "uWindowSystem.h"
 
+#include "uMnemonics.h"
 #include <algorithm>
+
 #include <memory>
 #include <utility>
 
@@ -189,9 +191,23 @@ wxString AnyCaseFilter(const wxString& filter)
     return filter;
 }
 
-// The system does all of it.
-void ConnectMnemonics(wxWindow& /*window*/)
+// The system looks for a frame's letter only among the dialog's own children.
+void ConnectMnemonics(wxWindow& window)
 {
+    const auto onKey = [&window, mnemonics = MnemonicsIn(window)](wxKeyEvent& event) {
+        event.Skip();
+        if (event.GetModifiers() != wxMOD_ALT)
+            return;
+        for (const TMnemonic& mnemonic : mnemonics) {
+            if (mnemonic.Letter != event.GetKeyCode() || !mnemonic.Target->IsShownOnScreen() ||
+                !mnemonic.Target->IsEnabled())
+                continue;
+            mnemonic.Target->SetFocus();
+            TakeAltKey(window);
+            return event.Skip(false);
+        }
+    };
+    window.Bind(wxEVT_CHAR_HOOK, onKey);
 }
 
 // The toolkit draws such a button, with its focus.

@@ -3,6 +3,7 @@
 #include "uWindowSystem.h"
 #include "uWxText.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <vector>
@@ -24,6 +25,9 @@ constexpr int FirstId = wxID_HIGHEST + 10000;
 
 // Milliseconds.
 constexpr int LongestWait = 400, WaitingStep = 10;
+constexpr int QuickestClose = 50; // of a user
+constexpr int LongestClick = 3000;
+constexpr int MostTries = 10;
 
 // Menus below are filled when the entry that leads to them is reached: ten thousand entries take
 // the toolkit a second.
@@ -83,6 +87,14 @@ private:
     std::map<int, wxMenu*> m_unfilled;
 };
 
+void Await(const std::function<bool()>& condition, int longest)
+{
+    for (int waited = 0; !condition() && waited < longest; waited += WaitingStep) {
+        wxYield();
+        wxMilliSleep(WaitingStep);
+    }
+}
+
 // Shows it and waits, but not for long, until the desktop has done so.
 void ShowNow(wxFrame& window)
 {
@@ -96,10 +108,30 @@ void ShowNow(wxFrame& window)
         *isThere = true;
     });
     window.Show();
-    for (int waited = 0; !*isThere && waited < LongestWait; waited += WaitingStep) {
-        wxYield();
-        wxMilliSleep(WaitingStep);
+    Await([&] { return *isThere; }, LongestWait);
+}
+
+bool IsClickOver()
+{
+    const wxMouseState mouse = wxGetMouseState();
+    return !mouse.LeftIsDown() && !mouse.RightIsDown() && !mouse.MiddleIsDown();
+}
+
+// The click that asks for it may go on, and its end would close the menu. One that closes at once
+// could not take the pointer and the keys yet: some window managers hold them until the window has
+// its frame.
+int ChooseFrom(wxFrame& owner, wxMenu& menu)
+{
+    Await(IsClickOver, LongestClick);
+    int chosen = wxID_NONE;
+    for (int tries = 0; tries < MostTries; ++tries) {
+        const wxLongLong begin = wxGetUTCTimeMillis();
+        RunAsClicked(owner, [&] { chosen = owner.GetPopupMenuSelectionFromUser(menu, 0, 0); });
+        if (chosen != wxID_NONE || wxGetUTCTimeMillis() - begin >= QuickestClose)
+            break;
+        Await([] { return false; }, QuickestClose);
     }
+    return chosen;
 }
 
 } // namespace
@@ -119,8 +151,7 @@ const TMenuItem* PopupMenuAt(const TMenuItem& menu, const wxPoint& place)
     });
     ShowNow(*owner);
     // There, whatever the window's place is: not every desktop tells it, or lets it be chosen.
-    int chosen = wxID_NONE;
-    RunAsClicked(*owner, [&] { chosen = owner->GetPopupMenuSelectionFromUser(built, 0, 0); });
+    const int chosen = ChooseFrom(*owner, built);
     owner->Destroy();
     return builder.Item(chosen);
 }

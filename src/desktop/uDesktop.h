@@ -29,7 +29,8 @@ public:
     virtual int ScreenBitsPerPixel() = 0;
 
     // From now on `onChange` is told out of the message loop, a second after monitors were plugged
-    // in or out, moved, turned or given another resolution; nothing ends that.
+    // in or out, moved, turned or given another resolution; nothing ends that. At once where that
+    // was while Murala did not run.
     virtual void ListenToScreens(std::function<void()> onChange) = 0;
 
     // Before a picture is composed. Mode 0: the desktop is to tile it, mode 1: not to; any other

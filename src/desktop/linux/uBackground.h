@@ -34,6 +34,9 @@ public:
     // or out of the main loop, perhaps when this object is gone.
     virtual void SetPicture(const std::string& path, TColor color, TOnTook onTook) = 0;
 
+    // Whether it shows a picture of ours that was made for a screen of another size.
+    virtual bool IsOutdated() { return false; }
+
     // Nothing when this desktop keeps no colour, or in a form of its own.
     virtual std::optional<TColor> Color() { return std::nullopt; }
     virtual void SetColor(TColor /*color*/) {}

@@ -114,6 +114,8 @@ public:
 
     void ListenToScreens(std::function<void()> onChange) override
     {
+        if (m_background->IsOutdated())
+            onChange();
         m_screens.Listen(std::move(onChange));
     }
 

@@ -4,6 +4,7 @@
 #include "uBackground.h"
 #include "uBitmap.h"
 #include "uImageFile.h"
+#include "uRootKeeper.h"
 #include "uScreens.h"
 #include "uWork.h"
 #include "uX11.h"
@@ -21,7 +22,8 @@ namespace murala
 namespace
 {
 
-constexpr const char* PixmapProperties[] = {"_XROOTPMAP_ID", "ESETROOT_PMAP_ID"};
+constexpr const char* PixmapProperties[] = {RootPictureProperty, "ESETROOT_PMAP_ID",
+                                            OurPictureProperty};
 
 struct TImageDestroy {
     void operator()(XImage* image) const noexcept
@@ -57,7 +59,20 @@ public:
     {
     }
 
-    bool HasPicture() const { return Stored(PixmapProperties[0]) != None; }
+    bool HasPicture() const { return PictureOnRoot(m_display) != None; }
+    // One of ours, made when the screen had another size.
+    bool HasOutdatedPicture() const
+    {
+        const Pixmap picture = PictureOnRoot(m_display);
+        Window root = None;
+        int place = 0;
+        unsigned width = 0, height = 0, ignored = 0;
+        return picture != None && picture == Stored(OurPictureProperty) &&
+               XGetGeometry(m_display, picture, &root, &place, &place, &width, &height, &ignored,
+                            &ignored) != 0 &&
+               (static_cast<int>(width) != DisplayWidth(m_display, m_screen) ||
+                static_cast<int>(height) != DisplayHeight(m_display, m_screen));
+    }
 
     void FillWithColor(TColor color)
     {
@@ -105,7 +120,7 @@ private:
     // to a running program, which XKillClient would end.
     void FreeBefore()
     {
-        const Pixmap before = Stored(PixmapProperties[0]);
+        const Pixmap before = PictureOnRoot(m_display);
         if (before != None && before == Stored(PixmapProperties[1]))
             XKillClient(m_display, before);
     }
@@ -188,7 +203,26 @@ public:
     {
         if (IsBelowWayland())
             return onTook(TTook::No, "");
-        ShowOnRootLater(path, color, std::move(onTook));
+        if (!m_keeper)
+            m_keeper = std::make_shared<TRootKeeper>([this] { m_showAgain(); });
+        const auto show = [path, color, keeper = std::weak_ptr(m_keeper)](const TOnTook& onShown) {
+            ShowOnRootLater(path, color, [=](TTook took, const std::string& advice) {
+                if (const auto still = keeper.lock())
+                    still->Keep();
+                onShown(took, advice);
+            });
+        };
+        m_showAgain = [show] { show([](TTook, const std::string&) {}); };
+        show(onTook);
+    }
+
+    bool IsOutdated() override
+    {
+        const TSharedDisplay display = IsBelowWayland() ? nullptr : SharedDisplay();
+        if (!display)
+            return false;
+        TXErrorGuard guard(display.get());
+        return TRootWindow(display.get()).HasOutdatedPicture();
     }
 
     // A picture covers all of the root window.
@@ -202,6 +236,10 @@ public:
         if (!root.HasPicture())
             root.FillWithColor(color);
     }
+
+private:
+    std::shared_ptr<TRootKeeper> m_keeper; // from the first picture on
+    std::function<void()> m_showAgain;
 };
 
 } // namespace

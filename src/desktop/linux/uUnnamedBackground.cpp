@@ -5,6 +5,7 @@
 #include "uText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace murala
 {
@@ -31,7 +32,9 @@ public:
     void SetPicture(const std::string& path, TColor color, TOnTook onTook) override
     {
         const std::string program = DesktopWindowClass();
-        m_background = Find(program);
+        // The root window's is kept: it looks after its picture.
+        if (!m_background || std::exchange(m_program, program) != program)
+            m_background = Find(program);
         if (program.empty() || IsKnown(program))
             return m_background->SetPicture(path, color, std::move(onTook));
         // It shows when that program ends.
@@ -42,6 +45,8 @@ public:
                                   {program}));
             });
     }
+
+    bool IsOutdated() override { return Find(DesktopWindowClass())->IsOutdated(); }
 
     std::optional<TColor> Color() override { return Find(DesktopWindowClass())->Color(); }
     void SetColor(TColor color) override { Find(DesktopWindowClass())->SetColor(color); }
@@ -63,6 +68,7 @@ private:
                              : NewRootWindowBackground();
     }
 
+    std::string m_program;
     std::unique_ptr<TBackground> m_background; // while it works
 };
 

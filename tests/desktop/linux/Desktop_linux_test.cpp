@@ -90,6 +90,68 @@ TEST(RootWindow, ShowsThePictureForOthersToFind)
     EXPECT_FALSE(Installs(*desktop, session.SavePicture())) << "nobody would see it";
 }
 
+// Another program's picture on the root window, as long as this lives.
+struct TOtherPicture {
+    explicit TOtherPicture(std::vector<const char*> properties) : Connection(OpenDisplay())
+    {
+        const Window root = DefaultRootWindow(Connection.get());
+        Picture = XCreatePixmap(Connection.get(), root, 8, 8, 24);
+        for (const char* name : properties)
+            XChangeProperty(Connection.get(), root, XInternAtom(Connection.get(), name, False),
+                            XA_PIXMAP, 32, PropModeReplace,
+                            reinterpret_cast<unsigned char*>(&Picture), 1);
+        XSync(Connection.get(), False);
+    }
+    TDisplay Connection;
+    Pixmap Picture;
+};
+
+TEST(RootWindow, KeepsThePictureAgainstANewWindowManagerAndNotAgainstTheUser)
+{
+    TTestSession session;
+    const TTestScreen screen(session, "64x48x24");
+    const Window root = DefaultRootWindow(screen.Get());
+    const auto shown = [&] {
+        return ReadProperty32(screen.Get(), root, "_XROOTPMAP_ID", XA_PIXMAP);
+    };
+    screen.SetProperty("_NET_SUPPORTING_WM_CHECK", XA_WINDOW, {root});
+    screen.SetProperty("_NET_WM_PID", XA_CARDINAL, {1}); // of the system's first process
+    const auto desktop = NewDesktop(session.Path());
+    EXPECT_TRUE(Installs(*desktop, session.SavePicture(TestPicture(64, 48))));
+    const TOtherPicture users({"_XROOTPMAP_ID"});
+    const auto wait = [] {
+        for (int i = 0; i < 250; i++, g_usleep(10000))
+            g_main_context_iteration(nullptr, FALSE);
+    };
+    wait();
+    screen.SetProperty("_NET_SUPPORTING_WM_CHECK", XA_WINDOW, {root});
+    wait();
+    EXPECT_EQ(shown(), users.Picture);
+    EXPECT_TRUE(Installs(*desktop, session.SavePicture(TestPicture(64, 48))));
+    screen.SetProperty("_NET_SUPPORTING_WM_CHECK", XA_WINDOW, {root}); // it has started anew
+    Eventually([] { return g_main_context_pending(nullptr) == FALSE; });
+    const TOtherPicture managers({"_XROOTPMAP_ID"});
+    EXPECT_TRUE(Eventually([&] { return shown() != managers.Picture; }));
+    EXPECT_TRUE(SamePixels(screen.Picture(), TestPicture(64, 48)));
+}
+
+TEST(RootWindow, APictureOfAnotherSizeIsTakenForOursByItsMarkOnly)
+{
+    TTestSession session;
+    const TTestScreen screen(session, "64x48x24");
+    const auto desktop = NewDesktop(session.Path());
+    int told = 0;
+    const TOtherPicture others({"_XROOTPMAP_ID"});
+    desktop->ListenToScreens([&] { told++; });
+    EXPECT_EQ(told, 0);
+    const TOtherPicture ours({"_XROOTPMAP_ID", "_MURALA_PMAP_ID"});
+    desktop->ListenToScreens([&] { told++; });
+    EXPECT_EQ(told, 1);
+    EXPECT_TRUE(Installs(*desktop, session.SavePicture(TestPicture(64, 48))));
+    desktop->ListenToScreens([&] { told++; });
+    EXPECT_EQ(told, 1);
+}
+
 TEST(RootWindow, EveryMonitorHasThePicture)
 {
     TTestSession session;

@@ -1,0 +1,141 @@
+#include "uRootKeeper.h"
+
+#include "uDoor.h"
+
+#include <X11/Xatom.h>
+#include <glib-unix.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <string>
+#include <utility>
+
+namespace murala
+{
+
+namespace
+{
+
+// While a window manager is new its painting is looked for; the user's own is rare then.
+constexpr unsigned LookEveryMs = 2000;
+constexpr int NewForS = 60;
+constexpr int MostLosses = 3; // in this time
+
+constexpr const char* ManagerProperty = "_NET_SUPPORTING_WM_CHECK";
+
+// Since the system's start; 0 where it is not known.
+double SecondsOf(const std::string& process)
+{
+    constexpr int startField = 22;
+    std::ifstream file("/proc/" + process + "/stat");
+    std::string field;
+    std::getline(file, field, ')'); // the program's name may have blanks; it is the second field
+    for (int i = 2; i < startField && file; i++)
+        file >> field;
+    return file ? std::stod(field) / static_cast<double>(sysconf(_SC_CLK_TCK)) : 0;
+}
+
+// Not every one says which process it is.
+bool IsManagerOld(Display* display)
+{
+    TXErrorGuard guard(display);
+    const Window manager =
+        ReadProperty32(display, DefaultRootWindow(display), ManagerProperty, XA_WINDOW);
+    const unsigned long process =
+        manager != None ? ReadProperty32(display, manager, "_NET_WM_PID", XA_CARDINAL) : 0;
+    const double begin = process != 0 ? SecondsOf(std::to_string(process)) : 0;
+    double now = 0;
+    std::ifstream("/proc/uptime") >> now;
+    return begin > 0 && now - begin > NewForS;
+}
+
+} // namespace
+
+Pixmap PictureOnRoot(Display* display)
+{
+    return ReadProperty32(display, DefaultRootWindow(display), RootPictureProperty, XA_PIXMAP);
+}
+
+TRootKeeper::TRootKeeper(std::function<void()> onLost)
+    : m_onLost(std::move(onLost)), m_display(OpenDisplay())
+{
+    if (!m_display)
+        return;
+    XSelectInput(m_display.get(), DefaultRootWindow(m_display.get()), PropertyChangeMask);
+    XFlush(m_display.get());
+    m_events = g_unix_fd_add(
+        ConnectionNumber(m_display.get()), G_IO_IN,
+        [](gint descriptor, GIOCondition condition, gpointer self) {
+            return OnData(descriptor, condition, self);
+        },
+        this);
+    if (!IsManagerOld(m_display.get()))
+        Begin();
+}
+
+TRootKeeper::~TRootKeeper()
+{
+    End();
+    if (m_events != 0)
+        g_source_remove(m_events);
+}
+
+void TRootKeeper::Keep()
+{
+    if (m_display)
+        m_kept = ReadProperty32(m_display.get(), DefaultRootWindow(m_display.get()),
+                                OurPictureProperty, XA_PIXMAP);
+}
+
+int TRootKeeper::OnData(int /*descriptor*/, int /*condition*/, void* data)
+{
+    auto* self = static_cast<TRootKeeper*>(data);
+    Display* display = self->m_display.get();
+    const Atom manager = XInternAtom(display, ManagerProperty, False);
+    const Atom picture = XInternAtom(display, RootPictureProperty, False);
+    for (XEvent event; XPending(display) > 0;) {
+        XNextEvent(display, &event);
+        if (event.type != PropertyNotify)
+            continue;
+        if (event.xproperty.atom == manager)
+            self->Begin();
+        else if (event.xproperty.atom == picture && self->m_looking == 0)
+            self->m_kept = PictureOnRoot(display) == self->m_kept ? self->m_kept : None;
+    }
+    return G_SOURCE_CONTINUE;
+}
+
+void TRootKeeper::Begin()
+{
+    End();
+    m_looksLeft = NewForS * 1000 / static_cast<int>(LookEveryMs);
+    m_lossesLeft = MostLosses;
+    m_looking = g_timeout_add(
+        LookEveryMs,
+        [](gpointer data) -> gboolean {
+            auto* self = static_cast<TRootKeeper*>(data);
+            NoThrow([=] { self->Look(); });
+            if (--self->m_looksLeft > 0 && self->m_lossesLeft > 0)
+                return G_SOURCE_CONTINUE;
+            self->m_looking = 0;
+            return G_SOURCE_REMOVE;
+        },
+        this);
+}
+
+void TRootKeeper::End()
+{
+    if (const unsigned looking = std::exchange(m_looking, 0); looking != 0)
+        g_source_remove(looking);
+}
+
+void TRootKeeper::Look()
+{
+    if (m_kept == None || PictureOnRoot(m_display.get()) == m_kept)
+        return;
+    m_kept = None; // until it is there again
+    --m_lossesLeft;
+    m_onLost();
+}
+
+} // namespace murala

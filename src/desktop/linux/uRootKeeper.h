@@ -1,0 +1,44 @@
+// Keeps a picture on the X root window where a window manager paints its own when it starts: at
+// log-in that may be after us. What the user puts there later stays.
+#pragma once
+
+#include "uX11.h"
+
+#include <functional>
+
+namespace murala
+{
+
+// Where the picture's pixmap is named for all programs to find.
+inline constexpr const char* RootPictureProperty = "_XROOTPMAP_ID";
+// By this a later start knows ours.
+inline constexpr const char* OurPictureProperty = "_MURALA_PMAP_ID";
+// None: there is no picture.
+Pixmap PictureOnRoot(Display* display);
+
+class TRootKeeper
+{
+public:
+    // `onLost` runs out of the main loop when there is another picture than the one that was kept.
+    explicit TRootKeeper(std::function<void()> onLost);
+    TRootKeeper(const TRootKeeper&) = delete;
+    TRootKeeper& operator=(const TRootKeeper&) = delete;
+    ~TRootKeeper();
+
+    // Our picture, which has just been shown.
+    void Keep();
+
+private:
+    static int OnData(int descriptor, int condition, void* self);
+    void Begin();
+    void End();
+    void Look();
+
+    std::function<void()> m_onLost;
+    TDisplay m_display; // its own, whose events nobody else reads
+    Pixmap m_kept = None;
+    unsigned m_events = 0, m_looking = 0;
+    int m_looksLeft = 0, m_lossesLeft = 0;
+};
+
+} // namespace murala

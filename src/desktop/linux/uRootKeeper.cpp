@@ -19,6 +19,8 @@ namespace
 // While a window manager is new its painting is looked for; the user's own is rare then.
 constexpr unsigned LookEveryMs = 2000;
 constexpr int NewForS = 60;
+constexpr int Looks = NewForS * 1000 / static_cast<int>(LookEveryMs);
+constexpr int LooksOfStart = 6;
 constexpr int MostLosses = 3; // in this time
 
 constexpr const char* ManagerProperty = "_NET_SUPPORTING_WM_CHECK";
@@ -108,7 +110,7 @@ int TRootKeeper::OnData(int /*descriptor*/, int /*condition*/, void* data)
 void TRootKeeper::Begin()
 {
     End();
-    m_looksLeft = NewForS * 1000 / static_cast<int>(LookEveryMs);
+    m_looksLeft = Looks;
     m_lossesLeft = MostLosses;
     m_looking = g_timeout_add(
         LookEveryMs,
@@ -129,10 +131,23 @@ void TRootKeeper::End()
         g_source_remove(looking);
 }
 
+// Who paints at the same moment as we did names a picture first and shows it later.
+void TRootKeeper::ShowKept()
+{
+    if (m_looksLeft <= Looks - LooksOfStart)
+        return;
+    TXErrorGuard guard(m_display.get());
+    const Window root = DefaultRootWindow(m_display.get());
+    XSetWindowBackgroundPixmap(m_display.get(), root, m_kept);
+    XClearWindow(m_display.get(), root);
+}
+
 void TRootKeeper::Look()
 {
-    if (m_kept == None || PictureOnRoot(m_display.get()) == m_kept)
+    if (m_kept == None)
         return;
+    if (PictureOnRoot(m_display.get()) == m_kept)
+        return ShowKept();
     m_kept = None; // until it is there again
     --m_lossesLeft;
     m_onLost();

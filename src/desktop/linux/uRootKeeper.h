@@ -33,6 +33,7 @@ private:
     void Begin();
     void End();
     void Look();
+    void ShowKept();
 
     std::function<void()> m_onLost;
     TDisplay m_display; // its own, whose events nobody else reads

@@ -33,7 +33,7 @@ public:
     std::string Text(nl_item item) const
     {
         const std::string text = nl_langinfo_l(item, m_locale);
-        const std::string encoding = nl_langinfo_l(CODESET, m_locale);
+        const std::string encoding = nl_langinfo_l(_NL_TIME_CODESET, m_locale);
         return encoding == "UTF-8" ? text : Converted(text, encoding);
     }
 
@@ -114,7 +114,8 @@ void TakeFormat(const TLanguage& language, nl_item item, std::string& format)
 TDateNames LanguageDateNames(const std::string& language)
 {
     TDateNames names = EnglishDateNames();
-    const TLocaleOwner locale(newlocale(LC_ALL_MASK, language.c_str(), nullptr));
+    // Another category may name a language that is not installed.
+    const TLocaleOwner locale(newlocale(LC_TIME_MASK, language.c_str(), nullptr));
     if (!locale)
         return names;
     const TLanguage known(locale.get());

@@ -14,14 +14,17 @@ struct TLocaleFree {
     void operator()(locale_t locale) const noexcept { freelocale(locale); }
 };
 
+// Another category may name a language that is not installed.
+constexpr int Categories = LC_CTYPE_MASK | LC_COLLATE_MASK;
+
 // Of its own, because the program's global locale is not ours to choose.
 class TLinuxLocale : public TLocale
 {
 public:
-    TLinuxLocale() : m_locale(newlocale(LC_ALL_MASK, "", nullptr))
+    TLinuxLocale() : m_locale(newlocale(Categories, "", nullptr))
     {
         if (!m_locale)
-            m_locale.reset(newlocale(LC_ALL_MASK, "C.UTF-8", nullptr));
+            m_locale.reset(newlocale(Categories, "C.UTF-8", nullptr));
     }
 
     std::string SortKey(const std::string& text) override

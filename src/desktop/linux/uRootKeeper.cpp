@@ -84,27 +84,39 @@ TRootKeeper::~TRootKeeper()
 
 void TRootKeeper::Keep()
 {
-    if (m_display)
-        m_kept = ReadProperty32(m_display.get(), DefaultRootWindow(m_display.get()),
-                                OurPictureProperty, XA_PIXMAP);
+    if (!m_display)
+        return;
+    // Not by its number, which the next program's may have when ours was freed: nobody may name
+    // another one from now on. That we have just named it is no news.
+    XSync(m_display.get(), False);
+    TakeEvents();
+    m_kept = ReadProperty32(m_display.get(), DefaultRootWindow(m_display.get()), OurPictureProperty,
+                            XA_PIXMAP);
+    m_isLost = PictureOnRoot(m_display.get()) != m_kept;
 }
 
 int TRootKeeper::OnData(int /*descriptor*/, int /*condition*/, void* data)
 {
-    auto* self = static_cast<TRootKeeper*>(data);
-    Display* display = self->m_display.get();
-    const Atom manager = XInternAtom(display, ManagerProperty, False);
-    const Atom picture = XInternAtom(display, RootPictureProperty, False);
-    for (XEvent event; XPending(display) > 0;) {
-        XNextEvent(display, &event);
+    static_cast<TRootKeeper*>(data)->TakeEvents();
+    return G_SOURCE_CONTINUE;
+}
+
+// What other calls have read of the connection makes it ready no more: this is called by them, too.
+void TRootKeeper::TakeEvents()
+{
+    const Atom manager = XInternAtom(m_display.get(), ManagerProperty, False);
+    const Atom picture = XInternAtom(m_display.get(), RootPictureProperty, False);
+    for (XEvent event; XPending(m_display.get()) > 0;) {
+        XNextEvent(m_display.get(), &event);
         if (event.type != PropertyNotify)
             continue;
         if (event.xproperty.atom == manager)
-            self->Begin();
-        else if (event.xproperty.atom == picture && self->m_looking == 0)
-            self->m_kept = PictureOnRoot(display) == self->m_kept ? self->m_kept : None;
+            Begin();
+        else if (event.xproperty.atom == picture && m_looking == 0)
+            m_kept = None; // the user's
+        else if (event.xproperty.atom == picture)
+            m_isLost = true;
     }
-    return G_SOURCE_CONTINUE;
 }
 
 void TRootKeeper::Begin()
@@ -144,9 +156,10 @@ void TRootKeeper::ShowKept()
 
 void TRootKeeper::Look()
 {
+    TakeEvents();
     if (m_kept == None)
         return;
-    if (PictureOnRoot(m_display.get()) == m_kept)
+    if (!m_isLost)
         return ShowKept();
     m_kept = None; // until it is there again
     --m_lossesLeft;

@@ -32,12 +32,14 @@ private:
     static int OnData(int descriptor, int condition, void* self);
     void Begin();
     void End();
+    void TakeEvents();
     void Look();
     void ShowKept();
 
     std::function<void()> m_onLost;
     TDisplay m_display; // its own, whose events nobody else reads
     Pixmap m_kept = None;
+    bool m_isLost = false; // another one was named since
     unsigned m_events = 0, m_looking = 0;
     int m_looksLeft = 0, m_lossesLeft = 0;
 };

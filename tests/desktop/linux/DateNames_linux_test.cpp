@@ -49,6 +49,12 @@ TEST_F(DateNames, AreInTheLanguagesOwnScript)
               "Sonntag So M\xC3\xA4rz 2026 M\xC3\xA4r");
     EXPECT_EQ(Text("mmmm", "de_DE.ISO-8859-1"), "M\xC3\xA4rz");
     EXPECT_EQ(Text("mm/yyyy", "de_DE.UTF-8"), "03.2026");
+    unsetenv("LC_ALL");
+    setenv("LC_TIME", "de_DE.ISO-8859-1", 1);
+    setenv("LC_PAPER", "xx_XX.UTF-8", 1); // is not there
+    EXPECT_EQ(Text("mmmm", ""), "M\xC3\xA4rz");
+    unsetenv("LC_PAPER");
+    unsetenv("LC_TIME");
     EXPECT_EQ(Text("c", "de_DE.UTF-8"), "08.03.2026 15:04:05");
     EXPECT_EQ(Text("dddd ddd mmmm", "ja_JP.UTF-8"),
               "\xE6\x97\xA5\xE6\x9B\x9C\xE6\x97\xA5 \xE6\x97\xA5 3\xE6\x9C\x88");

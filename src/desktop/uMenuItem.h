@@ -13,6 +13,7 @@ inline constexpr std::string_view SeparatorCaption = "-";
 struct TMenuItem {
     std::string Name;
     std::string Caption; // "&" before the access key, "&&" for an "&"
+    bool IsPlain = false; // but for this one: "&" stands for itself, and there is no access key
     std::string Hint;
     int Action = -1; // what it runs besides; -1 for none
     bool Enabled = true;
@@ -26,6 +27,10 @@ struct TMenuItem {
         return Caption == SeparatorCaption && Items.empty() && Hint.empty();
     }
 };
+
+// The caption as menus take it, with "&&" for an "&". Never empty: some panels have a text of their
+// own for that, and the toolkit takes it for a mistake.
+std::string MenuLabel(const TMenuItem& item);
 
 // The first entry with this name, at any depth; null when there is none.
 const TMenuItem* FindMenuItem(const TMenuItem& menu, std::string_view name);

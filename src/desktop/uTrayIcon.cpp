@@ -14,6 +14,13 @@ std::string ShortHint(const std::string& hint)
     return WithoutMiddle(hint, most);
 }
 
+std::string MenuLabel(const TMenuItem& item)
+{
+    if (item.Caption.empty())
+        return " ";
+    return item.IsPlain ? ReplaceAll(item.Caption, "&", "&&") : item.Caption;
+}
+
 const TMenuItem* FindMenuItem(const TMenuItem& menu, std::string_view name)
 {
     for (const TMenuItem& item : menu.Items) {

@@ -88,6 +88,7 @@ void FillByCategory(TMenuItem& menu, const TMuWallpaperList& list, int current, 
         if (isNew) {
             indexes.emplace_back();
             menu.Items.push_back(NewItem("MainCategoryMenu", DisplayText(category)));
+            menu.Items.back().IsPlain = true;
         }
         indexes[known->second].push_back(i);
     }

@@ -47,8 +47,8 @@ void TFlatMenu::Append(const TMenuItem& item, int depth)
 {
     const std::size_t i = m_entries.size();
     const auto label = static_cast<std::uint32_t>(m_text.size());
-    if (!item.IsSeparator())
-        m_text += Utf8(WithAccessKey(item.Caption));
+    if (i > 0 && !item.IsSeparator())
+        m_text += Utf8(WithAccessKey(MenuLabel(item)));
     const auto name = static_cast<std::uint32_t>(m_text.size());
     m_text += item.Name;
     m_entries.push_back({label, name, 0, item.IsSeparator(), item.Enabled, item.Checked});

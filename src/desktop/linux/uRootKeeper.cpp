@@ -143,7 +143,7 @@ void TRootKeeper::End()
         g_source_remove(looking);
 }
 
-// Who paints at the same moment as we did names a picture first and shows it later.
+// Who paints at the same moment as we did may name a picture first and show it later.
 void TRootKeeper::ShowKept()
 {
     if (m_looksLeft <= Looks - LooksOfStart)
@@ -152,6 +152,7 @@ void TRootKeeper::ShowKept()
     const Window root = DefaultRootWindow(m_display.get());
     XSetWindowBackgroundPixmap(m_display.get(), root, m_kept);
     XClearWindow(m_display.get(), root);
+    m_isLost = guard.HasFailed(); // some free it and name none of their own
 }
 
 void TRootKeeper::Look()

@@ -38,7 +38,7 @@ private:
     void Append(HMENU menu, const TMenuItem& item)
     {
         m_items.push_back(&item);
-        std::wstring caption = WideText(item.Caption);
+        std::wstring caption = WideText(MenuLabel(item));
         MENUITEMINFOW info{};
         info.cbSize = sizeof info;
         info.fMask = MIIM_FTYPE | MIIM_ID | MIIM_STATE | MIIM_STRING;

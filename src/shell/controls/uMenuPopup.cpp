@@ -66,8 +66,7 @@ private:
             to.Break();
         const int id = FirstId + static_cast<int>(m_items.size());
         m_items.push_back(&item);
-        // An entry without a caption is none for the toolkit.
-        wxString caption = item.Caption.empty() ? wxString(" ") : ToWx(item.Caption);
+        wxString caption = ToWx(MenuLabel(item));
         auto below = item.Items.empty() ? nullptr : std::make_unique<wxMenu>();
         if (below != nullptr) {
             m_unfilled.emplace(id, below.get());

@@ -333,6 +333,16 @@ TEST_F(NotifierMenu, EachLevelIsToldAsFarAsItIsAskedFor)
     EXPECT_EQ(Called("GetProperty", g_variant_new("(is)", 5, "enabled")), "refused");
 }
 
+TEST_F(NotifierMenu, NamesHaveTheirAmpersandAndAnEmptyOneIsABlank)
+{
+    m_menu.Items[0].Caption.clear();
+    m_menu.Items[2].Caption = "Sea & Land_";
+    m_menu.Items[2].IsPlain = true;
+    m_area->SetMenu(m_menu);
+    EXPECT_EQ(NumberOf(" "), 1);
+    EXPECT_EQ(NumberOf("Sea & Land__"), 3);
+}
+
 TEST_F(NotifierMenu, StatesChangeInPlaceAndWhatIsGoneKeepsItsNumber)
 {
     TWords told;

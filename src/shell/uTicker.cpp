@@ -101,7 +101,7 @@ void TTicker::RefreshLabels()
 bool TTicker::IsDesktopOurs() const
 {
     const std::string name = WallpaperBitmapName(m_core.Services.Siblings.GetVeyraDesktop());
-    return m_core.Selection.Current() != nullptr && FileExists(m_core.FilePath(name));
+    return m_core.Selection.Current() != nullptr && IsReachableFile(m_core.FilePath(name));
 }
 
 // Also when the clock was set back: the calendar shows the day that it is.

@@ -144,7 +144,18 @@ std::string Script(const TFileCommand& command)
     if (std::ranges::count(command.Extensions, ".jpg") != 0)
         patterns += " | " + EndPattern(".jpeg");
     const TGText program(g_shell_quote(command.Program.c_str()));
+    // Caja takes "%" and the letter behind it out of the arguments; the lines of a variable are
+    // whole.
     return "#!/bin/sh\n"
+           "lines=$CAJA_SCRIPT_SELECTED_FILE_PATHS\n"
+           "lines=${lines:-$NAUTILUS_SCRIPT_SELECTED_FILE_PATHS}\n"
+           "lines=${lines:-$NEMO_SCRIPT_SELECTED_FILE_PATHS}\n"
+           "if [ -n \"$lines\" ]; then\n"
+           "    set -f\n"
+           "    IFS='\n'\n"
+           "    set -- $lines\n"
+           "    unset IFS\n"
+           "fi\n"
            "for file do\n"
            "    shift\n"
            "    case $file in\n"

@@ -128,6 +128,11 @@ TEST(FileMenu, EveryFormNamesItsTypesAndNoneOpensThem)
         ASSERT_TRUE(RunProgram({file, pictures[3]}));
         EXPECT_FALSE(FileExists(session.File("recorded"))) << "nothing to add";
     }
+    // Caja cuts its arguments.
+    const std::string percent = session.Write("100%f *.jpg", "x");
+    session.SetVariable("CAJA_SCRIPT_SELECTED_FILE_PATHS", percent + "\n" + pictures[0] + "\n");
+    ASSERT_TRUE(RunProgram({caja, session.File("100 *.jpg"), pictures[0]}));
+    EXPECT_EQ(session.Recorded(), (TWords{"my $murala", percent, pictures[0]}));
     const TGObject<GFile> first(g_file_new_for_path(pictures[0].c_str()));
     GList files{first.get(), nullptr, nullptr};
     ASSERT_TRUE(g_app_info_launch(LoadProgram(sendTo).get(), &files, nullptr, nullptr));

@@ -254,10 +254,14 @@ bool TNativeListView::TakesKey(int key, int modifiers)
         m_rows.UserWantsMenu(true);
         return true;
     }
-    const bool isSpace = key == WXK_SPACE && (modifiers & ~wxMOD_SHIFT) == 0;
-    if (isSpace && GetCurrentItem().IsOk())
-        SetCurrentItem(GetCurrentItem());
-    return isSpace;
+    if (key != WXK_SPACE || (modifiers & ~wxMOD_SHIFT) != 0)
+        return false;
+    GtkTreePath* path = nullptr;
+    gtk_tree_view_get_cursor(GTK_TREE_VIEW(GtkGetTreeView()), &path, nullptr);
+    if (path != nullptr)
+        gtk_tree_view_set_cursor(GTK_TREE_VIEW(GtkGetTreeView()), path, nullptr, FALSE);
+    gtk_tree_path_free(path);
+    return true;
 }
 
 // GTK drops what was typed when the focus goes elsewhere.

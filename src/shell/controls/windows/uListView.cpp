@@ -103,6 +103,14 @@ void TNativeListView::BindEvents()
     Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
         m_rows.UserWantsMenu(event.GetPosition() == wxDefaultPosition);
     });
+    Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+        const bool isSpace = event.GetKeyCode() == WXK_SPACE && !event.HasModifiers();
+        if (!isSpace || m_typeAhead.IsTyping() || FocusedRow() < 0)
+            return event.Skip();
+        SelectAllRows(false);
+        SelectRow(FocusedRow(), true);
+        SetAnchor(FocusedRow());
+    });
     // The control asks for titles by their beginnings in more than one way; not all find it.
     Bind(wxEVT_CHAR, [this](wxKeyEvent& event) {
         if (!m_typeAhead.IsLetter(event))
@@ -195,6 +203,11 @@ bool TNativeListView::MSWOnNotify(int id, WXLPARAM parameter, WXLPARAM* result)
     constexpr UINT telling = LVIS_SELECTED | LVIS_FOCUSED;
     UINT changed = 0;
     switch (reinterpret_cast<const NMHDR*>(parameter)->code) {
+    case LVN_KEYDOWN:
+        // The toolkit takes the space bar for Enter.
+        if (reinterpret_cast<const NMLVKEYDOWN*>(parameter)->wVKey == VK_SPACE)
+            return true;
+        return wxListView::MSWOnNotify(id, parameter, result);
     case LVN_ITEMCHANGED: {
         const auto& change = *reinterpret_cast<const NMLISTVIEW*>(parameter);
         changed = change.uOldState ^ change.uNewState;

@@ -397,6 +397,40 @@ TEST_F(MainWindow, GoesToTheTrayWhereThereIsOneAndComesBackWhereItWas)
     EXPECT_FALSE(m_services.TrayArea.HasIcon);
 }
 
+TEST_F(MainWindow, AfterAHiddenStartTheCurrentRowIsSeen)
+{
+    m_services.TrayArea.Place = TTrayState::There;
+    for (const TActionId view : {aViewList, aViewThumbnails}) {
+        Start();
+        std::vector<std::string> names;
+        for (int i = 0; i < 300; ++i)
+            names.push_back("P" + std::to_string(i) + ".bmp");
+        AddPictures(names);
+        Execute(view);
+        Select(250);
+        Execute(aApply);
+        m_services.TrayArea.Events->TrayLeftClick();
+        ASSERT_TRUE(PumpUntil([&] { return !m_main->IsShown(); }));
+        Close();
+        m_main = new TfMain(m_services.Services(), m_link);
+        m_main->Activate({});
+        Pump(300);
+        EXPECT_FALSE(m_main->IsShown());
+        m_services.TrayArea.Events->TrayLeftClick();
+        ASSERT_TRUE(PumpUntil([&] { return m_main->IsShown(); }));
+        Pump(800);
+        TWallpaperView& shown =
+            view == aViewList
+                ? static_cast<TWallpaperView&>(List())
+                : dynamic_cast<TMuThumbnailView&>(Control<wxWindow>("lvThumbnails"));
+        const wxRect row = shown.RowRect(250);
+        EXPECT_GT(row.height, 0) << view;
+        EXPECT_GE(row.y, 0) << view;
+        EXPECT_LE(row.GetBottom(), shown.Window().GetClientSize().y) << view;
+        Close();
+    }
+}
+
 TEST_F(MainWindow, AHiddenStartStaysHiddenUntilTheIconIsClicked)
 {
     m_services.TrayArea.Place = TTrayState::There;

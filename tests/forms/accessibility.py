@@ -75,6 +75,9 @@ def look_at_list():
     expect(f"titles {titles}", shown == titles)
     expect("file names in the second column",
            rows.getAccessibleAt(0, 1).name == os.path.basename(pictures[0]))
+    expect("the table has a name", table().name == "Wallpapers")
+    expect("the tabs have a name", all(node.name for node in descend(window())
+                                       if node.getRole() == pyatspi.ROLE_PAGE_TAB_LIST))
     expect("the last row is selected", rows.isRowSelected(len(titles) - 1))
     expect("the headers", [rows.getColumnDescription(i) or rows.getColumnHeader(i).name
                            for i in range(2)] == ["Title", "Filename"])

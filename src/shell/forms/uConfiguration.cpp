@@ -125,6 +125,7 @@ TfConfiguration::TfConfiguration(wxWindow* parent, TMurala& murala, const TActio
       m_murala(murala), m_actions(actions), m_configuration(murala.Configurator.Present())
 {
     auto* pages = new wxNotebook(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, "pcPages");
+    SetAccessibleName(*pages, "Configuration");
     AddPage(*pages, BuildStartPage(pages), "Start&up");
     AddPage(*pages, BuildSchedulePage(pages), "Sc&hedule");
     AddPage(*pages, BuildTitlesPage(pages), "&Titles");

@@ -193,6 +193,7 @@ wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
     iPreview->SetToolTip("Right click for menu");
     pcEffect =
         new wxNotebook(spHorizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, "pcEffect");
+    SetAccessibleName(*pcEffect, "Settings of the wallpaper");
     const auto addPage = [this](TSettingsPage* page, const char* caption) {
         m_pages.push_back(page);
         AddPage(*pcEffect, page, caption);
@@ -342,6 +343,9 @@ void TfMain::tPlacementTimer()
         Iconize();
     else if (!IsIconized() && !IsMaximized())
         SetSize(m_placement.Left, m_placement.Top, m_placement.Width, m_placement.Height);
+    // Where the rows were scrolled to before was in a view of another size.
+    if (IsShown() && !std::exchange(m_wasSettled, true))
+        CallLater(*this, [this] { m_wallpapers->BringFocusIntoView(); });
 }
 
 void TfMain::FormClose(wxCloseEvent& event)

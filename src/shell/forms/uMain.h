@@ -163,7 +163,7 @@ private:
     wxWeakRef<wxWindow> m_focusBefore; // of being disabled
     bool m_wasEnabled = true;
     bool m_isStarting = true;
-    bool m_wasShown = false, m_wasPainted = false;
+    bool m_wasShown = false, m_wasSettled = false, m_wasPainted = false;
     bool m_isComing = false;      // shown, but not on the screen yet
     bool m_isStartHidden = false; // until the window manager has taken it in
     bool m_isWakePending = false, m_isClosePending = false;

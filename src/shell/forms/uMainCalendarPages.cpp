@@ -110,6 +110,7 @@ wxSizer* TfMainCalendar::BuildToolBar()
 wxWindow* TfMainCalendar::BuildPages()
 {
     auto* pages = new wxNotebook(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, "pcCalendar");
+    SetAccessibleName(*pages, "Settings of the calendar");
     AddPage(*pages, BuildSizePage(pages), "&Size");
     AddPage(*pages, BuildFeaturesPage(pages), "&Features");
     AddPage(*pages, BuildBlendingPage(pages), "&Blending");

@@ -70,6 +70,7 @@ public:
                 ->EnableEllipsize(wxELLIPSIZE_END);
         MakeTitlesEditable(false);
         BindEvents();
+        atk_object_set_name(gtk_widget_get_accessible(GtkGetTreeView()), "Wallpapers");
     }
     // The control loses its selection, and tells of it, when this is gone already.
     ~TNativeListView() override

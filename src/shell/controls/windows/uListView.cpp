@@ -2,6 +2,7 @@
 
 #include "uListColumn.h"
 #include "uTypeAhead.h"
+#include "uWindowSystem.h"
 #include "uWxText.h"
 
 #include <wx/listctrl.h>
@@ -91,6 +92,7 @@ TNativeListView::TNativeListView(wxWindow* parent, TRows& rows, const wxString& 
     for (const TListColumnInfo& column : ListColumns)
         AppendColumn(ToWx(column.Caption), wxLIST_FORMAT_LEFT, FromDIP(column.Width));
     BindEvents();
+    SetAccessibleName(*this, "Wallpapers");
 }
 
 void TNativeListView::BindEvents()

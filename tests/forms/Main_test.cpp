@@ -299,6 +299,31 @@ TEST_F(MainWindow, AFailingActionIsToldAndTheProgramGoesOn)
     EXPECT_EQ(Murala().Core.List.Count(), 2);
 }
 
+TEST_F(MainWindow, ATitleBeingTypedIsKeptWhenTheFocusGoesElsewhere)
+{
+    Start();
+    AddTwo();
+    m_main->Raise();
+    wxUIActionSimulator keyboard;
+    for (const TActionId view : {aViewList, aViewThumbnails}) {
+        Execute(view);
+        Select(0);
+        for (const bool isKept : {true, false}) {
+            Execute(aRename);
+            Pump(200);
+            const std::string title = isKept ? "Kept" + std::to_string(view) : "Dropped";
+            keyboard.Text(title.c_str());
+            Pump(200);
+            if (!isKept)
+                keyboard.Char(WXK_ESCAPE);
+            Pump(100);
+            Control<wxWindow>("sbApply").SetFocus();
+            Pump(200);
+            EXPECT_EQ(Murala().Core.List.Item(0).Title, "Kept" + std::to_string(view));
+        }
+    }
+}
+
 TEST_F(MainWindow, AKeyThatWasPressedTwiceOpensOneDialog)
 {
     Start();
@@ -420,9 +445,8 @@ TEST_F(MainWindow, AfterAHiddenStartTheCurrentRowIsSeen)
         ASSERT_TRUE(PumpUntil([&] { return m_main->IsShown(); }));
         Pump(800);
         TWallpaperView& shown =
-            view == aViewList
-                ? static_cast<TWallpaperView&>(List())
-                : dynamic_cast<TMuThumbnailView&>(Control<wxWindow>("lvThumbnails"));
+            view == aViewList ? static_cast<TWallpaperView&>(List())
+                              : dynamic_cast<TMuThumbnailView&>(Control<wxWindow>("lvThumbnails"));
         const wxRect row = shown.RowRect(250);
         EXPECT_GT(row.height, 0) << view;
         EXPECT_GE(row.y, 0) << view;

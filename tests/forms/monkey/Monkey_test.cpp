@@ -14,7 +14,7 @@ using namespace murala;
 namespace
 {
 
-constexpr int PictureCount = 40;
+constexpr int PictureCount = 400;
 
 int Environment(const char* name, int otherwise)
 {
@@ -34,8 +34,8 @@ protected:
     {
         std::cout << "seed " << m_seed << std::endl;
         for (int i = 0; i < PictureCount; ++i)
-            m_pictures.push_back(Picture("P" + std::to_string(i) + ".bmp", 4 + i, 30 - i / 2,
-                                         static_cast<TColor>(i * 99991)));
+            m_pictures.push_back(Picture("P" + std::to_string(i) + ".bmp", 4 + i % 40,
+                                         30 - i % 40 / 2, static_cast<TColor>(i * 99991)));
         m_pictures.push_back(m_folder.Write("Broken.jpg", "no picture"));
         m_pictures.push_back(m_services.ProgramFolder + "Gr\xC3\xBCn, \"missing\".jpg");
         std::filesystem::create_directory(NativePath(m_folder.File("Plugins")));
@@ -88,10 +88,12 @@ protected:
                 {Below(m_main->Murala().Core.List.Count() + 1)}, -1);
         // What another copy has left waiting is added again.
         const auto& waiting = m_services.FileQueue.Names;
-        for (const TMuWallpaper* item : m_main->Murala().Core.Selection.Items())
-            if (std::ranges::find(waiting, item->FileName()) == waiting.end())
-                m_expected.erase(item->FileName());
-        m_main->Actions().Execute(aRemove);
+        const std::set<std::string> before = Names();
+        m_main->Actions().Execute(aRemove); // or not, while the program works
+        const std::set<std::string> left = Names();
+        for (const std::string& name : before)
+            if (!left.contains(name) && std::ranges::find(waiting, name) == waiting.end())
+                m_expected.erase(name);
     }
 
     void SelectRows()
@@ -100,7 +102,7 @@ protected:
         for (int row = 0; row < m_main->Murala().Core.List.Count(); ++row)
             if (Chance(20))
                 rows.push_back(row);
-        m_main->Murala().Core.Selection.SelectRows(rows, Below(50) - 1);
+        m_main->Murala().Core.Selection.SelectRows(rows, Below(PictureCount) - 1);
     }
 
     wxWindow& View()

@@ -140,20 +140,24 @@ void TMuTrayIcon::TellChanged()
         OnChanged();
 }
 
+void TMuTrayIcon::Count(const std::function<void()>& handle)
+{
+    if (!Added())
+        return;
+    if (Enabled)
+        handle();
+    else if (OnIgnoredClick)
+        OnIgnoredClick();
+}
+
 void TMuTrayIcon::TrayLeftClick()
 {
-    m_way.Post([this] {
-        if (Enabled && Added() && OnLeftClick)
-            OnLeftClick();
-    });
+    m_way.Post([this] { Count(OnLeftClick); });
 }
 
 void TMuTrayIcon::TrayRightClick(TPoint cursor)
 {
-    m_way.Post([=, this] {
-        if (Enabled && Added() && OnRightClick)
-            OnRightClick(cursor);
-    });
+    m_way.Post([=, this] { Count([&] { OnRightClick(cursor); }); });
 }
 
 // The desktop waits for what the menu is.
@@ -165,10 +169,7 @@ void TMuTrayIcon::TrayMenuOpens()
 
 void TMuTrayIcon::TrayMenuChosen(const std::string& name)
 {
-    m_way.Post([=, this] {
-        if (Enabled && OnMenuChosen)
-            OnMenuChosen(name);
-    });
+    m_way.Post([=, this] { Count([&] { OnMenuChosen(name); }); });
 }
 
 } // namespace murala

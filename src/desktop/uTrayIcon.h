@@ -101,6 +101,8 @@ public:
 
     std::function<void()> OnLeftClick;
     std::function<void(TPoint cursor)> OnRightClick;
+    // A click, or an entry chosen from the menu, while clicks do not count.
+    std::function<void()> OnIgnoredClick;
     std::function<void()> OnMenuOpens;
     std::function<void(const std::string& name)> OnMenuChosen;
     // Added may have changed, or the icon may have moved to another area.
@@ -135,6 +137,7 @@ private:
     TTrayArea* BestArea() const;
     bool IsInPlace();
     void TellChanged();
+    void Count(const std::function<void()>& handle);
 
     // TTrayEvents.
     void TrayLeftClick() override;

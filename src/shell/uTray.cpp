@@ -39,6 +39,10 @@ TTray::TTray(TCore& core, TStorage& storage, TApplier& applier)
 {
     m_icon.OnLeftClick = [this] { LeftClick(); };
     m_icon.OnRightClick = [this](TPoint cursor) { RightClick(cursor); };
+    m_icon.OnIgnoredClick = [this] {
+        if (!m_isDisabled && m_view != nullptr)
+            m_view->RaiseDialog();
+    };
     m_icon.OnMenuOpens = [this] { MenuPopup(); };
     m_icon.OnMenuChosen = [this](const std::string& name) { MenuChosen(name); };
     m_icon.OnChanged = [this] { IconChanged(); };

@@ -24,6 +24,8 @@ public:
 
     // Shows it, restored, in front.
     virtual void RestoreWindow() = 0;
+    // A message or a dialog waits for the user, perhaps behind other windows.
+    virtual void RaiseDialog() = 0;
     // Before a menu is shown, so that it closes when the user goes elsewhere.
     virtual void BringToFront() = 0;
     // Ticks of IconsTick, from now until it says that it is done.

@@ -19,6 +19,8 @@ struct TFakeTrayView : TTrayView {
         Restored++;
         View.Visible = true;
     }
+    void RaiseDialog() override { DialogsRaised++; }
+    int DialogsRaised = 0;
     void BringToFront() override { Raised++; }
     void StartIcons() override { Started++; }
     void ShowIcon(const TIconImage& image) override { Icons.push_back(image.size()); }
@@ -110,6 +112,7 @@ TEST_F(Tray, ALeftClickHidesTheWindowAndBringsItBackAndPausesIgnoreIt)
     EXPECT_TRUE(m_murala->Tray.IsEnabled());
     EXPECT_TRUE(m_view.Visible);
     EXPECT_TRUE(m_window.Places.empty());
+    EXPECT_EQ(m_window.DialogsRaised, 2) << "what waits for the user comes to the front";
     // A double click is two single ones.
     LeftClick();
     LeftClick();

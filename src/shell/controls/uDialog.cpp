@@ -3,6 +3,7 @@
 #include "uCallLater.h"
 #include "uWindowSystem.h"
 
+#include <wx/app.h>
 #include <wx/dialog.h>
 #include <wx/sizer.h>
 
@@ -44,6 +45,15 @@ std::vector<wxDialog*> ModalDialogs()
         if (auto* dialog = dynamic_cast<wxDialog*>(window); dialog != nullptr && dialog->IsModal())
             dialogs.push_back(dialog);
     return dialogs;
+}
+
+void TNestedDialogs::Exit(wxDialog*)
+{
+    wxTheApp->CallAfter([] {
+        const auto dialogs = ModalDialogs();
+        if (!dialogs.empty() && !dialogs.back()->IsActive())
+            dialogs.back()->Raise();
+    });
 }
 
 } // namespace murala

@@ -3,7 +3,8 @@
 
 #include <vector>
 
-class wxDialog;
+#include <wx/modalhook.h>
+
 class wxSizer;
 class wxWindow;
 
@@ -20,5 +21,20 @@ void FocusFirst(wxDialog& dialog, wxWindow& first);
 
 // Those that are shown, the topmost one last.
 std::vector<wxDialog*> ModalDialogs();
+
+// Makes the first dialog active again when one that it has opened ends: some window managers leave
+// that to the program. Works while it lives.
+class TNestedDialogs : public wxModalDialogHook
+{
+public:
+    TNestedDialogs() { Register(); }
+    TNestedDialogs(const TNestedDialogs&) = delete;
+    TNestedDialogs& operator=(const TNestedDialogs&) = delete;
+    ~TNestedDialogs() override { Unregister(); }
+
+private:
+    int Enter(wxDialog*) override { return wxID_NONE; }
+    void Exit(wxDialog*) override;
+};
 
 } // namespace murala

@@ -27,6 +27,12 @@ bool StartLean(const std::function<bool()>& start);
 // For the windows of the program.
 wxIcon ProgramIcon();
 
+// The same for all windows that have no icon of their own, messages too.
+void UseProgramIcon();
+
+// Brings the dialog or message that takes all input to the front, where there is one.
+void RaiseModalWindow();
+
 // Right before a window is shown for the first time, when its size has been set. `onShown` runs
 // whenever it has come to the screen, long after it was shown where the window manager is busy.
 void PrepareFirstShow(wxTopLevelWindow& window, std::function<void()> onShown);

@@ -87,6 +87,7 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
     wxFrame::Create(nullptr, wxID_ANY, "Murala", wxDefaultPosition, wxDefaultSize,
                     wxDEFAULT_FRAME_STYLE, "TfMain");
     SetIcon(ProgramIcon());
+    UseProgramIcon();
     BindWallpaperActions();
     BindItemActions();
     BindWindowActions();

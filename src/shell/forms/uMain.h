@@ -6,6 +6,7 @@
 #include "uMurala.h"
 #include "uPreviewPanel.h"
 #include "uToolkitTray.h"
+#include "uWindowSystem.h"
 #include "uWallpaperPanel.h"
 
 #include <optional>
@@ -119,6 +120,7 @@ private:
 
     // TTrayView.
     void RestoreWindow() override;
+    void RaiseDialog() override { RaiseModalWindow(); }
     void BringToFront() override;
     void StartIcons() override;
     void ShowIcon(const TIconImage& image) override;

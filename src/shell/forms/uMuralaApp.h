@@ -1,6 +1,7 @@
 // The application: what its windows have in common.
 #pragma once
 
+#include "uDialog.h"
 #include "uWheelFilter.h"
 
 #include <wx/app.h>
@@ -20,6 +21,7 @@ public:
 
 private:
     TWheelFilter m_wheelFilter;
+    TNestedDialogs m_nestedDialogs;
 };
 
 } // namespace murala

@@ -141,6 +141,24 @@ wxIcon ProgramIcon()
     return icon;
 }
 
+void UseProgramIcon()
+{
+    gtk_window_set_default_icon(ProgramIcon().GetPixbuf());
+}
+
+void RaiseModalWindow()
+{
+    GList* windows = gtk_window_list_toplevels(); // the youngest one first
+    for (GList* each = windows; each != nullptr; each = each->next) {
+        auto* window = GTK_WINDOW(each->data);
+        if (gtk_window_get_modal(window) && gtk_widget_get_visible(GTK_WIDGET(window))) {
+            gtk_window_present(window);
+            break;
+        }
+    }
+    g_list_free(windows);
+}
+
 // GTK 3 makes the window of the X server tiny and in the screen's corner, whatever was set. It lays
 // everything out in it when it is first shown, and complains about every widget that needs more;
 // and the window manager would leave it in that corner.

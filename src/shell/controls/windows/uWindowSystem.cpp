@@ -78,6 +78,24 @@ wxIcon ProgramIcon()
     return wxICON(murala);
 }
 
+// The system takes the program file's icon.
+void UseProgramIcon()
+{
+}
+
+// What takes all input is the only window that is enabled.
+void RaiseModalWindow()
+{
+    const auto raise = [](HWND window, LPARAM) -> BOOL {
+        const bool hasTitle = (GetWindowLongA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+        if (!hasTitle || !IsWindowVisible(window) || !IsWindowEnabled(window))
+            return TRUE;
+        SetForegroundWindow(window);
+        return FALSE;
+    };
+    EnumThreadWindows(GetCurrentThreadId(), raise, 0);
+}
+
 bool IsAskedWhileDragging()
 {
     return true;

@@ -1,0 +1,130 @@
+// What the program asks of the main window: messages, progress, the hourglass.
+
+#include "uMain.h"
+
+#include "uDialog.h"
+#include "uProgress.h"
+#include "uWindowSystem.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <wx/msgdlg.h>
+
+namespace murala
+{
+
+// What belongs to the window itself brings it before a modal dialog, and enables it when it ends.
+wxWindow* TfMain::TopWindow()
+{
+    if (const auto dialogs = ModalDialogs(); !dialogs.empty())
+        return dialogs.back();
+    return IsShown() ? this : nullptr;
+}
+
+void TfMain::ShowMessage(const std::string& text)
+{
+    fProgress.reset(); // nothing would paint it meanwhile
+    // The hourglass is for work, not for a question.
+    const TValueScope depth(m_busyDepth, 0);
+    const bool wasBusy = m_busyCursor.has_value();
+    m_busyCursor.reset();
+    // One of the hidden program has nothing to stay in front of but what the user works with.
+    wxWindow* top = TopWindow();
+    const long place = top == nullptr ? wxSTAY_ON_TOP : wxCENTRE;
+    wxMessageBox(ToWx(text), "Murala", wxOK | wxICON_INFORMATION | place, top);
+    if (wasBusy)
+        m_busyCursor.emplace();
+}
+
+void TfMain::SetStatus(const std::string& text)
+{
+    const wxString label = wxControl::EscapeMnemonics(LeftToRight(ToWx(text)));
+    if (label == pStatusText->GetLabel())
+        return;
+    pStatusText->SetLabel(label);
+    pStatusText->SetToolTip(ToWx(text)); // which may be longer than its place
+}
+
+namespace
+{
+
+// The bar in the bottom panel, and the dialog in which the user can end the work. The end of the
+// session ends it, too.
+class TMainWork : public TLongWork
+{
+public:
+    TMainWork(wxWindow* window, wxGauge& bar, int range, const wxTimer& sessionEnd)
+        : m_bar(bar), m_dialog(window, range), m_sessionEnd(sessionEnd)
+    {
+        m_bar.SetRange(std::max(range, 1));
+    }
+    ~TMainWork() override { Show(false); }
+
+    void Finish(const std::string& text) override
+    {
+        m_bar.GetParent()->Update();
+        m_dialog.Finish(text);
+    }
+
+    bool Step(int position, const std::string& text) override
+    {
+        if (m_dialog.IsDue()) {
+            m_bar.SetValue(std::min(position, m_bar.GetRange()));
+            Show(true);
+            m_bar.GetParent()->Update();
+        }
+        return m_dialog.Step(position, text) && !m_sessionEnd.IsRunning();
+    }
+
+private:
+    void Show(bool show)
+    {
+        if (m_bar.Show(show))
+            m_bar.GetParent()->Layout();
+    }
+
+    wxGauge& m_bar;
+    TProgressDialog m_dialog;
+    const wxTimer& m_sessionEnd;
+};
+
+} // namespace
+
+std::unique_ptr<TLongWork> TfMain::BeginWork(int range)
+{
+    return std::make_unique<TMainWork>(TopWindow(), *pbMain, range, tEnd);
+}
+
+void TfMain::SetBusy(bool busy)
+{
+    m_busyDepth += busy ? 1 : -1;
+    if (m_busyDepth == 0)
+        m_busyCursor.reset();
+    else if (!m_busyCursor)
+        m_busyCursor.emplace();
+}
+
+// Disabled, the window loses the focus.
+void TfMain::EnableWindow(bool enable)
+{
+    m_disabledDepth += enable ? -1 : 1;
+    if (!enable && m_disabledDepth == 1) {
+        m_wasEnabled = IsThisEnabled();
+        m_focusBefore = FindFocus();
+        Disable();
+    } else if (enable && m_disabledDepth == 0 && m_wasEnabled) {
+        Enable();
+        if (m_focusBefore && wxGetTopLevelParent(m_focusBefore) == this && IsActive())
+            m_focusBefore->SetFocus();
+    }
+}
+
+bool TfMain::IsWindowVisible()
+{
+    if (m_isStarting)
+        return m_murala.Core.Settings.WindowState;
+    return !m_isStartHidden && IsShown() && !IsIconized();
+}
+
+} // namespace murala

@@ -32,6 +32,8 @@ void UseProgramIcon();
 
 // Brings the dialog or message that takes all input to the front, where there is one.
 void RaiseModalWindow();
+// Gives it an entry in the task bar, which a message without a parent may lack.
+void ShowModalWindowInTaskBar();
 
 // Right before a window is shown for the first time, when its size has been set. `onShown` runs
 // whenever it has come to the screen, long after it was shown where the window manager is busy.

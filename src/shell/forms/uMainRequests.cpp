@@ -2,6 +2,7 @@
 
 #include "uMain.h"
 
+#include "uCallLater.h"
 #include "uDialog.h"
 #include "uProgress.h"
 #include "uWindowSystem.h"
@@ -32,6 +33,8 @@ void TfMain::ShowMessage(const std::string& text)
     // One of the hidden program has nothing to stay in front of but what the user works with.
     wxWindow* top = TopWindow();
     const long place = top == nullptr ? wxSTAY_ON_TOP : wxCENTRE;
+    if (top == nullptr)
+        CallLater(*this, [] { ShowModalWindowInTaskBar(); });
     wxMessageBox(ToWx(text), "Murala", wxOK | wxICON_INFORMATION | place, top);
     if (wasBusy)
         m_busyCursor.emplace();

@@ -91,6 +91,19 @@ void AddStyle(GtkWidget* widget, const char* text)
                                    GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
 }
 
+// The youngest one, null where there is none.
+GtkWindow* ModalWindow()
+{
+    GList* windows = gtk_window_list_toplevels(); // the youngest one first
+    GtkWindow* found = nullptr;
+    for (GList* each = windows; each != nullptr && found == nullptr; each = each->next)
+        if (gtk_window_get_modal(GTK_WINDOW(each->data)) &&
+            gtk_widget_get_visible(GTK_WIDGET(each->data)))
+            found = GTK_WINDOW(each->data);
+    g_list_free(windows);
+    return found;
+}
+
 // Whether GTK gives it a caption of its own.
 bool IsStockButton(GtkWidget* widget)
 {
@@ -148,15 +161,15 @@ void UseProgramIcon()
 
 void RaiseModalWindow()
 {
-    GList* windows = gtk_window_list_toplevels(); // the youngest one first
-    for (GList* each = windows; each != nullptr; each = each->next) {
-        auto* window = GTK_WINDOW(each->data);
-        if (gtk_window_get_modal(window) && gtk_widget_get_visible(GTK_WIDGET(window))) {
-            gtk_window_present(window);
-            break;
-        }
-    }
-    g_list_free(windows);
+    if (GtkWindow* window = ModalWindow())
+        gtk_window_present(window);
+}
+
+// GTK's messages are not in it.
+void ShowModalWindowInTaskBar()
+{
+    if (GtkWindow* window = ModalWindow())
+        gtk_window_set_skip_taskbar_hint(window, FALSE);
 }
 
 // GTK 3 makes the window of the X server tiny and in the screen's corner, whatever was set. It lays

@@ -96,6 +96,11 @@ void RaiseModalWindow()
     EnumThreadWindows(GetCurrentThreadId(), raise, 0);
 }
 
+// A message without an owner has one.
+void ShowModalWindowInTaskBar()
+{
+}
+
 bool IsAskedWhileDragging()
 {
     return true;

@@ -156,14 +156,20 @@ std::string Script(const TFileCommand& command)
            "    set -- $lines\n"
            "    unset IFS\n"
            "fi\n"
+           "missing=\n"
            "for file do\n"
            "    shift\n"
            "    case $file in\n"
            "    " +
            patterns +
-           ") [ ! -f \"$file\" ] || set -- \"$@\" \"$file\" ;;\n"
+           ") if [ -f \"$file\" ]; then set -- \"$@\" \"$file\"\n"
+           "       elif [ ! -e \"$file\" ]; then missing=\"$missing $file\"; fi ;;\n"
            "    esac\n"
            "done\n"
+           "if [ -n \"$missing\" ]; then\n"
+           "    notify-send Murala \"Not found:$missing\" || echo \"Murala: not found:$missing\" "
+           ">&2\n"
+           "fi\n"
            "[ $# -eq 0 ] || exec " +
            program.get() + " \"$@\"\n";
 }

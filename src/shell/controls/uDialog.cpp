@@ -3,7 +3,6 @@
 #include "uCallLater.h"
 #include "uWindowSystem.h"
 
-#include <wx/app.h>
 #include <wx/dialog.h>
 #include <wx/sizer.h>
 
@@ -49,11 +48,15 @@ std::vector<wxDialog*> ModalDialogs()
 
 void TNestedDialogs::Exit(wxDialog*)
 {
-    wxTheApp->CallAfter([] {
-        const auto dialogs = ModalDialogs();
-        if (!dialogs.empty() && !dialogs.back()->IsActive())
-            dialogs.back()->Raise();
-    });
+    constexpr int settlingTime =
+        100; // milliseconds, in which the window manager has made its choice
+    if (!m_settling)
+        m_settling.emplace().Bind(wxEVT_TIMER, [](wxTimerEvent&) {
+            const auto dialogs = ModalDialogs();
+            if (!dialogs.empty() && !dialogs.back()->IsActive())
+                dialogs.back()->Raise();
+        });
+    m_settling->StartOnce(settlingTime);
 }
 
 } // namespace murala

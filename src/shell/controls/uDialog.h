@@ -1,9 +1,11 @@
 // What the dialogs of ours have in common: how they end, and where the keyboard begins.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include <wx/modalhook.h>
+#include <wx/timer.h>
 
 class wxSizer;
 class wxWindow;
@@ -35,6 +37,9 @@ public:
 private:
     int Enter(wxDialog*) override { return wxID_NONE; }
     void Exit(wxDialog*) override;
+
+    std::optional<wxTimer>
+        m_settling; // a timer needs the toolkit, which is not there from the start
 };
 
 } // namespace murala

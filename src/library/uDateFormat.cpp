@@ -84,8 +84,11 @@ private:
             m_text += *text;
             return length;
         }
-        m_text += format.front();
-        return 1;
+        // All of them but the last one, with which a token for the half of the day may begin:
+        // looking at each again would take the square of their number.
+        const std::size_t plain = std::max<std::size_t>(length - 1, 1);
+        m_text += format.substr(0, plain);
+        return plain;
     }
 
     std::size_t TakeQuoted(std::string_view quoted)

@@ -32,6 +32,7 @@ TEST(DateFormat, EveryToken)
         {"h:n am/pm", evening, "9:5 pm"},
         {"hh AMPM", evening, "09 PM"},
         {"h a/p", midnight, "12 a"},
+        {"xxaaAM/PM", evening, "xxaapm"},
         {"h' am/pm'", evening, "21 am/pm"},
         {"mm hh 'm' mm mm/hh", morning, "03 09 m 05 03.09"},
         {"ddddd|dddddd", morning, "7.3.26|Saturday, the 7"},
@@ -45,6 +46,12 @@ TEST(DateFormat, EveryToken)
     };
     for (const auto& each : cases)
         EXPECT_EQ(FormatDate(each.Format, each.Date, names), each.Text) << each.Format;
+}
+
+TEST(DateFormat, AMillionLettersTakeAMoment)
+{
+    const std::string letters(1'000'000, 'w'); // minutes, were each looked at with all behind it
+    EXPECT_EQ(FormatDate(letters, 46000, EnglishDateNames()), letters);
 }
 
 TEST(DateFormat, ALanguageThatNamesItsOwnFormatEnds)

@@ -230,10 +230,9 @@ std::string DecodeText(std::string content)
 
 std::string OneLine(std::string_view text)
 {
-    std::string line;
-    for (const std::string_view part : SplitLines(text))
-        line.append(line.empty() ? "" : " ").append(part);
-    std::ranges::replace(line, '\0', ' ');
+    std::string line(text);
+    std::ranges::replace_if(
+        line, [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
     return line;
 }
 

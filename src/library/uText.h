@@ -61,8 +61,8 @@ inline constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 // A file's content that is UTF-16, with its mark, as UTF-8 with its mark; any other as it is.
 std::string DecodeText(std::string content);
 
-// With a blank for each line end and each null: a title that was pasted, say, has to stay on its
-// line of the list.
+// With a blank for each character of a line end and for each null: a title that was pasted, say,
+// has to stay on its line of the list.
 std::string OneLine(std::string_view text);
 
 // Split at CR LF, LF or CR. A line end at the very end opens no further line.

@@ -35,7 +35,7 @@ TEST(IniFile, ChangesOnlyTheLinesItWrites)
     file.Write("B", "z", " \"kept\" ");
     file.Write("C", "new", "a\r\n[A]\r\none=13");
     const std::string head = "\xEF\xBB\xBF[A]\r\n";
-    const std::string others = "\r\n[B]\r\nx=y\r\nz= \"kept\" \r\n[C]\r\nnew=a [A] one=13\r\n";
+    const std::string others = "\r\n[B]\r\nx=y\r\nz= \"kept\" \r\n[C]\r\nnew=a  [A]  one=13\r\n";
     EXPECT_EQ(file.ToText(), head + "One=11\r\n;two=2\r\nODD LINE\r\ntwo=22\r\n" + others);
     file.WriteSection("A", {{"b", "3"}, {"c", "4"}, {"c", "5"}});
     EXPECT_EQ(file.ToText(), head + "b=3\r\n;two=2\r\nODD LINE\r\nc=4\r\nc=5\r\n" + others);

@@ -86,7 +86,7 @@ TEST_F(Configurator, CategoriesComeInTheOrderOfTheListAndAreSetForMany)
     EXPECT_EQ(m_murala->Desk.Categories(), (std::vector<std::string>{"Sea", "Sky", "sea"}));
     m_murala->Core.Selection.SelectRows({0, 2}, 0);
     m_murala->Desk.SetCategory(Selected(), "Ice");
-    m_murala->Desk.Rename(Item(1), "pasted\r\nin two\nlines");
+    m_murala->Desk.Rename(Item(1), "pasted\nin two\rlines");
     Restart();
     EXPECT_EQ(m_murala->Desk.Categories(), (std::vector<std::string>{"Ice", "Sky", "Sea"}));
     EXPECT_EQ(Item(1).Title, "pasted in two lines") << "the list has a line for each wallpaper";

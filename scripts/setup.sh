@@ -7,10 +7,11 @@ run=(cmake ninja-build g++ pkg-config ccache libjpeg-dev libwxgtk3.2-dev libgtk-
     libxrandr-dev libxss-dev libsm-dev libice-dev libwayland-dev libglib2.0-dev
     libpango1.0-dev librsvg2-common fonts-liberation libgtest-dev libbenchmark-dev)
 # A virtual screen and what a demonstration on it needs.
-screen=(xvfb xauth openbox xdotool imagemagick x11-utils dbus fonts-dejavu-core adwaita-icon-theme)
+screen=(xvfb xauth openbox xdotool imagemagick x11-utils procps dbus fonts-dejavu-core
+    adwaita-icon-theme)
 # The desktops and tools that the tests run against.
 linux=(clang libclang-rt-14-dev xfconf xfdesktop4 gsettings-desktop-schemas libglib2.0-bin
-    dconf-gsettings-backend dconf-cli desktop-file-utils x11-apps procps locales
+    dconf-gsettings-backend dconf-cli desktop-file-utils x11-apps locales
     at-spi2-core python3-pyatspi)
 windows=(g++-mingw-w64-x86-64-posix nasm dpkg-dev wine wine64 fonts-wine)
 

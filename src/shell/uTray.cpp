@@ -205,7 +205,7 @@ void TTray::RightClick(TPoint cursor)
 const TMenuItem* TTray::ShowMenu(TPoint place)
 {
     const TPauseScope pause(m_core.Pauses);
-    // What came before it lets messages through, and the icon may be gone.
+    // Making the menu lets messages through, and one of them may have taken the icon away.
     if (!m_icon.Added())
         return nullptr;
     const std::optional<const TMenuItem*> shown = m_icon.Area()->ShowMenu(pmTrayIcon, place);

@@ -117,7 +117,7 @@ private:
     TMuWallpaperList& m_list;
     std::optional<TMaking> m_making;
     std::string m_secondTry;                   // the file name of the item that failed once
-    std::optional<std::int32_t> m_limitBefore; // it failed
+    std::optional<std::int32_t> m_limitBefore; // it was lowered
     std::unordered_map<std::string, TClock::time_point> m_failed; // by file name
     std::unordered_set<std::string> m_refreshed; // files that the user has asked for
     std::vector<std::uint64_t> m_shown;          // ids

@@ -119,6 +119,26 @@ TEST_F(Dialogs, ALetterLeadsToWhatItNames)
     EXPECT_EQ(m_scriptsRun, 1);
 }
 
+TEST_F(Dialogs, ALetterThatStandsTwiceLeadsToOneAfterTheOther)
+{
+    Start();
+    AddTwo();
+    Select(0);
+    Murala().Editor.SetGammaStyle(Murala().Core.Selection.Items(), gsHorizontal);
+    Control<wxNotebook>("pcEffect").SetSelection(1);
+    m_main->Raise();
+    PumpUntil([&] { return m_main->IsActive(); });
+    auto& start = Control<wxSlider>("tbGammaRedStart");
+    auto& end = Control<wxSlider>("tbGammaRedEnd");
+    Control<wxSlider>("tbGammaGreenStart").SetFocus();
+    Pump(100);
+    wxUIActionSimulator keys;
+    for (wxSlider* bar : {&start, &end, &start}) {
+        keys.Char('R', wxMOD_ALT);
+        EXPECT_TRUE(PumpUntil([=] { return bar->HasFocus(); })) << bar->GetName();
+    }
+}
+
 TEST_F(Dialogs, AFileToSaveHasItsEndingBeforeTheUserIsAskedToReplaceIt)
 {
     const std::string kept = m_folder.Write("kept.bmp", "a picture of the user's");

@@ -86,8 +86,9 @@ void TRootKeeper::Keep()
 {
     if (!m_display)
         return;
-    // Not by its number, which the next program's may have when ours was freed: nobody may name
-    // another one from now on. That we have just named it is no news.
+    // The pixmap's number would not tell ours: X gives the number of a freed one away again. So
+    // whoever names a root picture from now on has replaced ours. The notice of our own naming is
+    // taken out of the queue first.
     XSync(m_display.get(), False);
     TakeEvents();
     m_kept = ReadProperty32(m_display.get(), DefaultRootWindow(m_display.get()), OurPictureProperty,
@@ -101,7 +102,8 @@ int TRootKeeper::OnData(int /*descriptor*/, int /*condition*/, void* data)
     return G_SOURCE_CONTINUE;
 }
 
-// What other calls have read of the connection makes it ready no more: this is called by them, too.
+// Events that Xlib has read while it waited for an answer do not make the connection readable any
+// more. So this is also called after such a wait.
 void TRootKeeper::TakeEvents()
 {
     const Atom manager = XInternAtom(m_display.get(), ManagerProperty, False);
@@ -143,7 +145,7 @@ void TRootKeeper::End()
         g_source_remove(looking);
 }
 
-// Who paints at the same moment as we did may name a picture first and show it later.
+// A window manager that paints while we do may name its picture before ours and show it after.
 void TRootKeeper::ShowKept()
 {
     if (m_looksLeft <= Looks - LooksOfStart)

@@ -299,7 +299,7 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
     AcceptFileDrops(*this);
     tRefreshIcons.Start(RefreshInterval);
     tScheduleTimer();
-    // By the door: what is too much of it must not end the program.
+    // Through the door: a queue too large for the memory is then told, and the program goes on.
     m_way->Post([=, this] {
         QueueFilesFromCommandLine(m_services.FileQueue, arguments);
         m_murala.Session.ImportQueuedFiles();

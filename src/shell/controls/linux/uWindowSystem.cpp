@@ -322,7 +322,7 @@ wxString AnyCaseFilter(const wxString& filter)
 
 // The toolkit underlines the letters of texts and frames without telling GTK what they are for,
 // which then looks for something to press among all that the text lies in: at last the dialog's
-// default button. And it takes "Cancel" for GTK's own, which has a letter.
+// default button.
 void ConnectMnemonics(wxWindow& window)
 {
     const auto focus = +[](GtkWidget*, gboolean, gpointer target) -> gboolean {

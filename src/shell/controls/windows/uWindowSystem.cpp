@@ -221,14 +221,19 @@ void ConnectMnemonics(wxWindow& window)
         event.Skip();
         if (event.GetModifiers() != wxMOD_ALT)
             return;
-        for (const TMnemonic& mnemonic : mnemonics) {
-            if (mnemonic.Letter != event.GetKeyCode() || !mnemonic.Target->IsShownOnScreen() ||
-                !mnemonic.Target->IsEnabled())
-                continue;
-            mnemonic.Target->SetFocus();
-            TakeAltKey(window);
-            return event.Skip(false);
-        }
+        std::vector<wxWindow*> targets;
+        for (const TMnemonic& mnemonic : mnemonics)
+            if (mnemonic.Letter == event.GetKeyCode() && mnemonic.Target->IsShownOnScreen() &&
+                mnemonic.Target->IsEnabled())
+                targets.push_back(mnemonic.Target);
+        if (targets.empty())
+            return;
+        // Where several have the letter, each press leads to the next one.
+        const auto present = std::ranges::find(targets, wxWindow::FindFocus());
+        const bool hasNext = present != targets.end() && present + 1 != targets.end();
+        (hasNext ? *(present + 1) : targets.front())->SetFocus();
+        TakeAltKey(window);
+        event.Skip(false);
     };
     window.Bind(wxEVT_CHAR_HOOK, onKey);
 }

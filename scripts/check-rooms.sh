@@ -3,6 +3,7 @@
 # platform conditions stay in the platform folders, and that rooms only include rooms below them.
 set -uo pipefail
 cd "$(dirname "$0")/.."
+shopt -s lastpipe # complain, at a pipe's end, sets `failed` of this shell
 failed=0
 
 # complain TEXT: prints the lines that come in, if there are any.
@@ -33,24 +34,37 @@ outside '#\s*include\s*<(jpeglib|jerror)\.h>' 'src/compose/uJpegFile\.cpp' |
 outside '#\s*(if|ifdef|ifndef|elif)\b.*(WIN32|_WIN64|__WX|__linux__|__unix__|__MINGW)' \
     'src/[a-z/]*(windows|linux)/' | complain 'platform conditions stay in platform folders'
 
-# may_see ROOM FOLDER ROOMS_REGEX: headers of the house that the room includes from anywhere else.
+# The house's headers by name, with their folders.
+declare -A home
+while read -r folder header; do home[$header]=$folder; done \
+    < <(find src -name '*.h' -printf '%h %f\n')
+
+# may_see FOLDER FOLDERS_REGEX: headers that files of FOLDER (and of the folders below) include from
+# anywhere but there and the named folders of src.
 may_see() {
-    local room=$1 folder=$2 seen=$3 file header home
+    local folder=src/$1 allowed="^src/($1|$2)(/|$)" file header
+    if [ ! -d "$folder" ]; then
+        echo "there is no folder $folder" | complain 'a room is missing'
+        return
+    fi
     grep -rnoE --include='*.cpp' --include='*.h' '#include "[^"]+"' "$folder" |
         sed -E 's/^([^:]+):[0-9]+:#include "([^"]+)"/\1 \2/' |
         while read -r file header; do
-            home=$(find src -name "$(basename "$header")" -printf '%h\n' | head -1)
-            [ -z "$home" ] && continue
-            printf '%s\n' "$home" | grep -qE "^src/($room|$seen)(/|$)" ||
-                printf '%s includes %s of %s\n' "$file" "$header" "$home"
-        done | complain "$room sees more than it may"
+            header=${header##*/}
+            [ -z "${home[$header]:-}" ] && continue
+            [[ ${home[$header]} =~ $allowed ]] ||
+                printf '%s includes %s of %s\n' "$file" "$header" "${home[$header]}"
+        done | complain "$1 sees more than it may"
 }
-may_see library src/library 'library'
-may_see compose src/compose 'library'
-may_see thumbnails src/thumbnails 'library|compose'
-may_see desktop src/desktop 'library|compose'
-may_see addons src/addons 'library|compose|thumbnails|desktop'
-may_see startup src/startup 'library|desktop|compose'
+may_see library 'library'
+may_see compose 'library'
+may_see thumbnails 'library|compose'
+may_see desktop 'library|compose'
+may_see addons 'library|compose|thumbnails|desktop|shell'
+may_see startup 'library|desktop|compose'
+for room in wallpaper tray icons session system shared; do
+    may_see desktop/linux/$room 'library|compose|desktop/linux/shared|desktop$'
+done
 
 # Unit names are include paths: each may exist once.
 find src -name '*.h' -printf '%f\n' | sort | uniq -d | complain 'headers of the same name'

@@ -1,6 +1,7 @@
 #include "uBackground.h"
 #include "uDescriptor.h"
 #include "uDesktop.h"
+#include "uFileUri.h"
 #include "uTestSession.h"
 #include "uText.h"
 
@@ -87,7 +88,10 @@ TEST(SettingsBackground, EachDesktopHasThePictureUnderItsOwnKeysAndTheNextUnderA
         const auto shown = [&] {
             const std::string text = ReadSetting(each.Schema, each.Key);
             const TVariant value(g_variant_parse(nullptr, text.c_str(), nullptr, nullptr, nullptr));
-            return UriFile(g_variant_get_string(value.get(), nullptr));
+            const char* stored = g_variant_get_string(value.get(), nullptr);
+            const TGText path(each.IsUri ? g_filename_from_uri(stored, nullptr, nullptr)
+                                         : g_strdup(stored));
+            return std::string(path ? path.get() : "");
         };
         std::string before;
         for (const unsigned seed : {0U, 1U, 2U}) {

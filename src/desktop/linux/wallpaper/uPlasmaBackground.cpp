@@ -1,5 +1,6 @@
 // KDE Plasma, by a script that its shell runs.
 #include "uBackground.h"
+#include "uFileUri.h"
 #include "uSessionBus.h"
 #include "uText.h"
 

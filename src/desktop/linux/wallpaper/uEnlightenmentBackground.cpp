@@ -1,6 +1,7 @@
 // Enlightenment draws over the root window, and is told by one of its modules. (Its own command for
 // it ends with 0 whatever it is answered.)
 #include "uBackground.h"
+#include "uFileUri.h"
 #include "uScreens.h"
 #include "uSessionBus.h"
 

@@ -1,6 +1,7 @@
 // Desktops that keep their background in GSettings: GNOME and its relatives, Cinnamon, MATE.
 #define G_SETTINGS_ENABLE_BACKEND
 #include "uBackground.h"
+#include "uFileUri.h"
 #include "uGLib.h"
 
 #include <gio/gsettingsbackend.h>

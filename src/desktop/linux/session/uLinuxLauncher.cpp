@@ -1,9 +1,10 @@
-#include "uBackground.h"
+#include "uFileUri.h"
 #include "uGLib.h"
 #include "uLauncher.h"
 #include "uMimeType.h"
 #include "uPath.h"
 #include "uProcess.h"
+#include "uSession.h"
 #include "uSessionBus.h"
 
 #include <algorithm>

@@ -61,11 +61,4 @@ std::unique_ptr<TBackground> NewUnnamedBackground();
 std::string ColorToHexText(TColor color);
 std::optional<TColor> HexTextToColor(const std::string& text);
 
-// The file's "file:" address, and back (empty when it is none; a plain path stays as it is).
-std::string FileUri(const std::string& path);
-std::string UriFile(const std::string& uri);
-
-// Whether settings and messages, whose strings are UTF-8, can name the file as it is.
-bool IsText(const std::string& path);
-
 } // namespace murala

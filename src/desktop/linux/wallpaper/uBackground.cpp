@@ -57,23 +57,4 @@ std::optional<TColor> HexTextToColor(const std::string& text)
     return color;
 }
 
-std::string FileUri(const std::string& path)
-{
-    const TGText uri(g_filename_to_uri(path.c_str(), nullptr, nullptr));
-    return uri ? uri.get() : "";
-}
-
-std::string UriFile(const std::string& uri)
-{
-    if (uri.starts_with('/'))
-        return uri;
-    const TGText path(g_filename_from_uri(uri.c_str(), nullptr, nullptr));
-    return path ? path.get() : "";
-}
-
-bool IsText(const std::string& path)
-{
-    return g_utf8_validate(path.data(), static_cast<gssize>(path.size()), nullptr) != FALSE;
-}
-
 } // namespace murala

@@ -1,6 +1,7 @@
 // XFCE, whose desktop follows the properties of the xfconf channel "xfce4-desktop". There is one
 // set of them for each monitor and workspace.
 #include "uBackground.h"
+#include "uFileUri.h"
 #include "uScreens.h"
 #include "uSessionBus.h"
 

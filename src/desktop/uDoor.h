@@ -49,6 +49,16 @@ public:
             });
         };
     }
+    // Likewise for callers who need what is done at once (see TDoor::Pass).
+    template<typename TWork>
+    auto AtOnce(TWork work) const
+    {
+        return [&door = m_door, alive = std::weak_ptr(m_alive),
+                work = std::move(work)](const auto&... arguments) {
+            if (!alive.expired())
+                door.Pass([&] { work(arguments...); });
+        };
+    }
     template<typename TWork>
     void Post(TWork work) const
     {
@@ -57,7 +67,7 @@ public:
 
 private:
     TDoor& m_door;
-    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+    std::shared_ptr<const void> m_alive = std::make_shared<char>();
 };
 
 // For the functions that C calls: what gets as far as this is told on stderr.

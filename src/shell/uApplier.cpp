@@ -27,7 +27,7 @@ std::string EffectProblem(TEffectStart start, const std::string& effect)
 
 } // namespace
 
-TApplier::TApplier(TCore& core, TStorage& storage, TPreview& preview)
+TApplier::TApplier(TCore& core, TStorage& storage, TPreviewLoader& preview)
     : m_core(core), m_storage(storage), m_preview(preview),
       m_effects(core.Services.ProgramFolder, core.Services.Launcher, core.Services.Siblings,
                 core.Services.MessageLoop),
@@ -51,12 +51,6 @@ bool TApplier::Compose(TMuWallpaper* item, bool startEffect, TReport report,
     if (m_isComposing)
         return false;
     const TWorkScope work(m_core.Pauses);
-    TMuWallpaper* before = m_core.Selection.Current();
-    const auto setCurrent = [this](TMuWallpaper* current) {
-        if (current != m_core.Selection.Current())
-            m_core.Selection.SetCurrent(current);
-    };
-    setCurrent(item);
     bool done = false;
     std::string problem;
     {
@@ -75,8 +69,6 @@ bool TApplier::Compose(TMuWallpaper* item, bool startEffect, TReport report,
             problem = error.what();
         }
     }
-    if (!done)
-        setCurrent(before);
     const TValueScope telling(m_isComposing, true);
     if (!m_core.View.IsWindowVisible())
         m_preview.Release();
@@ -89,7 +81,7 @@ bool TApplier::Compose(TMuWallpaper* item, bool startEffect, TReport report,
 void TApplier::ComposeItem(TMuWallpaper& item)
 {
     TDesktop& desktop = m_core.Services.Desktop;
-    m_core.Problem.clear();
+    m_core.Status.SetProblem("");
     const auto source = m_preview.Open(item);
     if (item.DisplayMode <= dmFitVertically)
         desktop.WriteTileWallpaper(1);
@@ -102,8 +94,8 @@ void TApplier::ComposeItem(TMuWallpaper& item)
     Install(path, item.DesktopColor);
     ApplyLabels(item);
     m_core.Settings.LastChangeDate = m_core.Settings.CalendarDate = m_core.Services.Clock.Now();
+    m_core.Selection.SetCurrent(&item, TCurrentChange::Installed);
     m_storage.SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
-    m_core.Listeners.Tell(&TListener::CurrentChanged);
     if (!problem.empty())
         m_core.Report(TReport::StatusLine, problem);
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "uEffects.h"
-#include "uPreview.h"
+#include "uPreviewLoader.h"
 #include "uStorage.h"
 
 #include <functional>
@@ -16,14 +16,12 @@ namespace murala
 class TApplier
 {
 public:
-    TApplier(TCore& core, TStorage& storage, TPreview& preview);
+    TApplier(TCore& core, TStorage& storage, TPreviewLoader& preview);
 
     // Makes it the current wallpaper and puts it on the desktop.
     void Apply(TMuWallpaper& item);
     // Composes and installs the current wallpaper. Whether it is on the desktop now.
     bool ComposeWallpaper(bool startEffect, TReport report = TReport::MessageBox);
-    // The effect's start lets messages through; one of them could ask for the next wallpaper.
-    bool IsComposing() const { return m_isComposing; }
 
     // Fewer than two wallpapers: nothing. Whether the next one is on the desktop now.
     bool Next(TReport report = TReport::MessageBox);
@@ -43,7 +41,7 @@ public:
     void RunEffectSettings(TMuWallpaper& item);
 
 private:
-    // The item is the current wallpaper from now on; when it fails, the one before is again.
+    // The item is the current wallpaper as soon as the desktop has been given its picture.
     // `onInstalled` runs before the effect is started or ended.
     bool Compose(
         TMuWallpaper* item, bool startEffect, TReport report,
@@ -55,8 +53,9 @@ private:
 
     TCore& m_core;
     TStorage& m_storage;
-    TPreview& m_preview;
+    TPreviewLoader& m_preview;
     TEffects m_effects;
+    // An effect's start lets messages through, and one of them could ask for the next wallpaper.
     bool m_isComposing = false;
     int m_installs = 0; // pictures that the desktop was given
     TDoorway m_way;

@@ -3,9 +3,18 @@
 #include "uPath.h"
 
 #include <cstdio>
+#include <new>
+#include <utility>
 
 namespace murala
 {
+
+TCore::TCore(TServices services, TMainView& view) : Services(std::move(services)), View(view)
+{
+    Listeners.OnFailure = [this](const std::exception& error) {
+        Report(TReport::StatusLine, error);
+    };
+}
 
 std::string TCore::FilePath(std::string_view name) const
 {
@@ -26,8 +35,13 @@ void TCore::Report(TReport report, const std::string& text)
 {
     if (report == TReport::MessageBox)
         return Tell(text);
-    Problem = text;
-    View.SetStatus(text);
+    Status.SetProblem(text);
+}
+
+void TCore::Report(TReport report, const std::exception& error)
+{
+    const bool isMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
+    Report(report, isMemory ? "There is not enough memory for this." : error.what());
 }
 
 } // namespace murala

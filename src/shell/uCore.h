@@ -5,11 +5,12 @@
 #include "uSelection.h"
 #include "uServices.h"
 #include "uSettings.h"
+#include "uStatusLine.h"
 #include "uWallpaper.h"
 
+#include <exception>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace murala
 {
@@ -33,11 +34,9 @@ struct TCore {
     bool IsSilent = false;
     // While it is set nothing is saved and nothing is applied again.
     bool Updating = true;
-    // What went wrong with the wallpaper on the desktop. It stays in the status line until the next
-    // one is applied or the user goes on.
-    std::string Problem;
+    TStatusLine Status{View};
 
-    TCore(TServices services, TMainView& view) : Services(std::move(services)), View(view) {}
+    TCore(TServices services, TMainView& view);
     TCore(const TCore&) = delete;
     TCore& operator=(const TCore&) = delete;
 
@@ -46,6 +45,7 @@ struct TCore {
     // A message box, unless it is silent.
     void Tell(const std::string& text);
     void Report(TReport report, const std::string& text);
+    void Report(TReport report, const std::exception& error);
 };
 
 } // namespace murala

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "uApplier.h"
-#include "uPreview.h"
+#include "uPreviewLoader.h"
 #include "uStorage.h"
 
 #include <functional>
@@ -18,7 +18,7 @@ enum class TTintEnd { Start, End };
 class TItemEditor
 {
 public:
-    TItemEditor(TCore& core, TStorage& storage, TApplier& applier, TPreview& preview)
+    TItemEditor(TCore& core, TStorage& storage, TApplier& applier, TPreviewLoader& preview)
         : m_core(core), m_storage(storage), m_applier(applier), m_preview(preview)
     {
     }
@@ -45,7 +45,7 @@ private:
     TCore& m_core;
     TStorage& m_storage;
     TApplier& m_applier;
-    TPreview& m_preview;
+    TPreviewLoader& m_preview;
 };
 
 } // namespace murala

@@ -26,7 +26,7 @@ TWork::TWork(TCore& core, int range)
 
 void TWork::Finish(const std::string& text)
 {
-    m_core.View.SetStatus(text);
+    m_core.Status.Note(text);
     m_work->Finish(text);
 }
 

@@ -44,7 +44,7 @@ int TLibraryDesk::AddFiles(const std::vector<std::string>& fileNames, const std:
             const std::string text = FormatText("Loading images (%s)", {FileNamePart(fileName)});
             // Telling every single file would take longer than adding it.
             if (i % TellEach == 0)
-                m_core.View.SetStatus(text);
+                m_core.Status.Note(text);
             if (i % TellEach == 0 && !work.Step(i, text))
                 break;
             added += AddFile(fileName, category) ? 1 : 0;

@@ -3,13 +3,21 @@
 
 #include "uWallpaper.h"
 
-#include <utility>
+#include <functional>
+#include <memory>
+#include <string>
 #include <vector>
 
 namespace murala
 {
 
 using TItems = std::vector<TMuWallpaper*>;
+
+// What has become of the wallpaper that counts as the one on the desktop.
+enum class TCurrentChange {
+    Chosen,    // another one counts, but the desktop shows what it showed
+    Installed, // the desktop was given its picture, perhaps again
+};
 
 class TListener
 {
@@ -22,8 +30,8 @@ public:
     virtual void ItemsChanged(const TItems&) {}
     // Other items are selected, or another one of them has the focus.
     virtual void SelectionChanged() {}
-    // Another wallpaper is the one on the desktop, or it was put there again.
-    virtual void CurrentChanged() {}
+    // Once a change.
+    virtual void CurrentChanged(TCurrentChange) {}
     // The preview is out of date; `loadPicture`: its picture, too.
     virtual void PreviewChanged(bool /*loadPicture*/) {}
     // The user has confirmed another configuration.
@@ -34,25 +42,32 @@ public:
     virtual void AddOnsChanged() {}
 };
 
+// A listener keeps it, as its last member, and is told as long as it does.
+using TSubscription = std::shared_ptr<const void>;
+
 class TListeners
 {
 public:
-    void Add(TListener& listener) { m_listeners.push_back(&listener); }
-    // Also while something is told.
-    void Remove(TListener& listener);
+    // Gets what a listener throws; the others are told all the same.
+    std::function<void(const std::exception& error)> OnFailure;
 
-    // Tells all of them in the order in which they were added, e.g. Tell(&TListener::RowsChanged).
+    [[nodiscard]] TSubscription Listen(TListener& listener);
+
+    // Tells all of them in the order in which they came, e.g. Tell(&TListener::RowsChanged). The
+    // one told may let others listen, or end its own listening or that of others.
     template<typename... TParameters, typename... TArguments>
-    void Tell(void (TListener::*what)(TParameters...), TArguments&&... arguments)
+    void Tell(void (TListener::*what)(TParameters...), const TArguments&... arguments)
     {
         // NOLINTNEXTLINE(modernize-loop-convert): the one told may add another
         for (std::size_t i = 0; i < m_listeners.size(); ++i)
-            if (m_listeners[i] != nullptr)
-                (m_listeners[i]->*what)(arguments...);
+            if (const auto listener = m_listeners[i].lock())
+                Try([&] { ((*listener).*what)(arguments...); });
     }
 
 private:
-    std::vector<TListener*> m_listeners;
+    void Try(const std::function<void()>& tell) const noexcept;
+
+    std::vector<std::weak_ptr<TListener>> m_listeners;
 };
 
 } // namespace murala

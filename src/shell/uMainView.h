@@ -1,6 +1,7 @@
 // What the program asks of its one window. (What many are told is in uListeners.h.)
 #pragma once
 
+#include "uBitmap.h"
 #include "uSettings.h"
 
 #include <memory>
@@ -40,6 +41,13 @@ public:
     virtual bool IsWindowVisible() = 0;
     virtual void MinimiseWindow() = 0;
     virtual TPlacement NormalPlacement() = 0;
+
+    // The preview. A picture of `proportions` fills its room at so many device pixels.
+    virtual int PreviewWidth(TSize proportions) = 0;
+    virtual void ShowPreview(const TBitmap& picture) = 0;
+    virtual void ShowPreviewText(const std::string& text) = 0;
+    // Calls TPreviewLoader::Tick once, after so many milliseconds; an earlier wish is forgotten.
+    virtual void WakePreview(int milliseconds) = 0;
 };
 
 } // namespace murala

@@ -8,7 +8,7 @@
 #include "uCore.h"
 #include "uItemEditor.h"
 #include "uLibraryDesk.h"
-#include "uPreview.h"
+#include "uPreviewLoader.h"
 #include "uSessionEntry.h"
 #include "uStorage.h"
 #include "uThumbnailCache.h"
@@ -24,7 +24,7 @@ public:
     TCore Core;
     TStorage Storage{Core};
     TThumbnailCache Thumbnails{Core.List};
-    TPreview Preview{Core};
+    TPreviewLoader Preview{Core};
     TLibraryDesk Desk{Core, Storage};
     TApplier Applier{Core, Storage, Preview};
     TAddOnDesk AddOns{Core, Storage};

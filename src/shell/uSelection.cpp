@@ -2,16 +2,8 @@
 
 #include "uItemsAt.h"
 
-#include <algorithm>
-
 namespace murala
 {
-
-void TListeners::Remove(TListener& listener)
-{
-    // The places of the others must not change under a Tell.
-    std::ranges::replace(m_listeners, &listener, nullptr);
-}
 
 TSelection::TSelection(const TMuWallpaperList& list, TListeners& listeners)
     : m_list(list), m_listeners(listeners)
@@ -88,10 +80,10 @@ int TSelection::CurrentIndex() const
     return m_current != nullptr ? m_list.IndexOf(m_current) : -1;
 }
 
-void TSelection::SetCurrent(TMuWallpaper* item)
+void TSelection::SetCurrent(TMuWallpaper* item, TCurrentChange change)
 {
     m_current = item;
-    m_listeners.Tell(&TListener::CurrentChanged);
+    m_listeners.Tell(&TListener::CurrentChanged, change);
 }
 
 void TSelection::Forget(const std::vector<std::unique_ptr<TMuWallpaper>>& items)

@@ -39,7 +39,7 @@ public:
     TMuWallpaper* Current() const { return m_current; }
     int CurrentIndex() const;
     bool IsCurrent(const TMuWallpaper& item) const { return &item == m_current; }
-    void SetCurrent(TMuWallpaper* item);
+    void SetCurrent(TMuWallpaper* item, TCurrentChange change = TCurrentChange::Chosen);
 
     // Items that have left the list. Nobody is told: the caller does, when the rows are right
     // again.

@@ -103,7 +103,7 @@ void TStorage::ReloadSettings()
 void TStorage::Write(TUserFile& file, const TUserFile::TWork& write)
 {
     if (const std::string kept = file.Write(write); !kept.empty())
-        m_core.View.SetStatus(FormatText("The unreadable file was kept as %s", {kept}));
+        m_core.Status.Note(FormatText("The unreadable file was kept as %s", {kept}));
 }
 
 // Every change saves, and would tell the same again.

@@ -46,12 +46,7 @@ TTray::TTray(TCore& core, TStorage& storage, TApplier& applier)
     m_icon.OnMenuOpens = [this] { MenuPopup(); };
     m_icon.OnMenuChosen = [this](const std::string& name) { MenuChosen(name); };
     m_icon.OnChanged = [this] { IconChanged(); };
-    m_core.Listeners.Add(*this);
-}
-
-TTray::~TTray()
-{
-    m_core.Listeners.Remove(*this);
+    m_subscription = m_core.Listeners.Listen(*this);
 }
 
 void TTray::IconChanged()
@@ -105,13 +100,12 @@ void TTray::PauseChanged()
     m_icon.Enabled = !m_isDisabled && !m_core.Pauses.IsPaused();
 }
 
-void TTray::CurrentChanged()
+void TTray::CurrentChanged(TCurrentChange change)
 {
     m_isCheckStale = !IsMenuKept() && m_icon.Added() && m_icon.Area()->IsSlowToCheck();
     if (!m_isCheckStale)
         UpdateTrayChecks(pmTrayIcon, m_core.Selection.CurrentIndex());
-    // Before it is composed it is a wish.
-    if (!m_applier.IsComposing())
+    if (change != TCurrentChange::Installed)
         return;
     ShowHint();
     if (m_view != nullptr)

@@ -48,7 +48,6 @@ public:
     TTray(TCore& core, TStorage& storage, TApplier& applier);
     TTray(const TTray&) = delete;
     TTray& operator=(const TTray&) = delete;
-    ~TTray() override;
 
     // Adds the icon. All of them, and `others`, areas that the desktop's own one is preferred to,
     // live until Remove.
@@ -84,7 +83,7 @@ private:
     // TListener.
     void RowsChanged() override { m_menusDirty = true; }
     void ItemsChanged(const TItems&) override { m_menusDirty = true; }
-    void CurrentChanged() override;
+    void CurrentChanged(TCurrentChange change) override;
     void PauseChanged() override;
 
     // Events of the icon.
@@ -131,6 +130,7 @@ private:
     bool m_isDisabled = true;
     int m_menuRest = 0;       // until it is released
     int m_currentDesktop = 0; // of Veyra, as seen before
+    TSubscription m_subscription;
 };
 
 } // namespace murala

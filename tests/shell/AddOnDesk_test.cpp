@@ -99,8 +99,9 @@ TEST_F(AddOnDesk, ACalendarThatCannotBeDrawnIsToldAndTheWallpaperComesWithoutIt)
     EXPECT_EQ(Difference(m_murala->Preview.Picture(400), Plain()), TRect{});
     EXPECT_TRUE(m_view.Status.starts_with("The calendar is left out. "));
     m_services.Text.Fails = false;
+    m_murala->Core.Status.SetProblem("");
     m_murala->Preview.Picture(400);
-    EXPECT_EQ(m_murala->Core.Problem, "") << "what is mended is told of no more";
+    EXPECT_TRUE(m_view.Status.starts_with("Picture0 - ")) << "what is mended is told of no more";
 }
 
 TEST_F(AddOnDesk, ANewDayIsDrawnOnce)
@@ -143,13 +144,13 @@ TEST_F(AddOnDesk, TheDaysWorkIsUpdating)
         TCore* Core = nullptr;
         bool WasUpdating = false;
         int Previews = 0;
-        void CurrentChanged() override { WasUpdating = Core->Updating; }
+        void CurrentChanged(TCurrentChange) override { WasUpdating = Core->Updating; }
         void PreviewChanged(bool) override { Previews++; }
     } listener;
     listener.Core = &m_murala->Core;
-    m_murala->Core.Listeners.Add(listener);
+    TSubscription subscription = m_murala->Core.Listeners.Listen(listener);
     EXPECT_EQ(TickAt(m_services.Clock.Time + 3), 1U);
-    m_murala->Core.Listeners.Remove(listener);
+    subscription.reset();
     EXPECT_TRUE(listener.WasUpdating);
     EXPECT_EQ(listener.Previews, 1) << "the preview follows the day";
     EXPECT_FALSE(m_murala->Core.Updating);

@@ -73,19 +73,19 @@ TEST_F(Applier, AnUnwillingDesktopIsToldUntilTheNextWallpaperEvenIfItAnswersLate
     m_services.Desktop.TakesWallpaper = false;
     Apply(0);
     m_services.Door.Open();
-    EXPECT_EQ(m_murala->Core.Problem, "The desktop did not take the wallpaper.");
-    EXPECT_EQ(m_view.Status, m_murala->Core.Problem);
+    EXPECT_EQ(m_murala->Core.Status.Problem(), "The desktop did not take the wallpaper.");
+    EXPECT_EQ(m_view.Status, m_murala->Core.Status.Problem());
     m_services.Desktop.AnswersLater = true;
     Apply(1);
-    EXPECT_TRUE(m_murala->Core.Problem.empty());
+    EXPECT_TRUE(m_murala->Core.Status.Problem().empty());
     m_services.Desktop.Answer();
     m_services.Door.Open();
-    EXPECT_FALSE(m_murala->Core.Problem.empty());
+    EXPECT_FALSE(m_murala->Core.Status.Problem().empty());
     Apply(0);
     m_services.Desktop.Answer(); // on its way when the next one is applied
     Apply(1);
     m_services.Door.Open();
-    EXPECT_TRUE(m_murala->Core.Problem.empty());
+    EXPECT_TRUE(m_murala->Core.Status.Problem().empty());
     m_services.Desktop.Answer();
     m_murala.reset();
     m_services.Door.Open(); // there is nobody left to tell
@@ -171,39 +171,4 @@ TEST_F(Applier, HiddenNothingIsHeldForThePreview)
     m_view.Visible = true;
     Apply(0);
     EXPECT_GT(m_murala->Preview.Picture(20).Width(), 0) << "what was read to apply is held";
-}
-
-TEST_F(Applier, ThePreviewLoadsALargePictureInStepsAndAnotherOneFromItsBeginning)
-{
-    AddPictures(1);
-    m_murala->Desk.AddFiles({Picture("Large.bmp", 1500, 2200, 0x0000FF)});
-    const auto color = [this](int y) { return m_murala->Preview.Picture(20).Row(y)[0] & 0xFFFFFF; };
-    int steps = 1;
-    while (!m_murala->Preview.LoadSome())
-        ++steps;
-    EXPECT_GE(steps, 4);
-    EXPECT_EQ(color(0), ColorToPixel(0x0000FF));
-    EXPECT_EQ(color(10), ColorToPixel(0x0000FF));
-    m_murala->Preview.Release();
-    EXPECT_EQ(m_murala->Preview.LoadSome(), std::nullopt);
-    EXPECT_EQ(m_murala->Preview.LoadSome(), std::nullopt);
-    EXPECT_EQ(m_murala->Preview.Picture(20).Width(), 0) << "not before it is whole";
-    Select(0);
-    EXPECT_EQ(LoadPreview(), "");
-    EXPECT_EQ(color(10), ColorToPixel(0x204060));
-}
-
-TEST_F(Applier, ThePreviewFollowsAFileThatWasWrittenAgain)
-{
-    AddPictures(1);
-    EXPECT_EQ(LoadPreview(), "");
-    EXPECT_FALSE(m_murala->Preview.IsOutOfDate());
-    Picture("Picture0.bmp", 30, 20);
-    const auto path = NativePath(Item(0).FileName());
-    std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) +
-                                               std::chrono::seconds(5));
-    EXPECT_TRUE(m_murala->Preview.IsOutOfDate());
-    EXPECT_EQ(m_murala->Preview.Picture(20).Width(), 0);
-    EXPECT_EQ(LoadPreview(), "");
-    EXPECT_TRUE(m_murala->Preview.StatusText().ends_with("(30x20)"));
 }

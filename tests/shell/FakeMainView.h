@@ -4,6 +4,7 @@
 
 #include "uMainView.h"
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -47,6 +48,24 @@ struct TFakeMainView : TMainView {
     bool IsWindowVisible() override { return Visible; }
     void MinimiseWindow() override { Visible = false; }
     TPlacement NormalPlacement() override { return {}; }
+    int PreviewWidth(TSize) override { return 20; }
+    void ShowPreview(const TBitmap& picture) override
+    {
+        Preview = TBitmap(picture.Width(), picture.Height());
+        for (int y = 0; y < picture.Height(); ++y)
+            std::copy_n(picture.Row(y), picture.Width(), Preview.Row(y));
+        PreviewText.clear();
+    }
+    void ShowPreviewText(const std::string& text) override
+    {
+        Preview = {};
+        PreviewText = text;
+    }
+    void WakePreview(int milliseconds) override { PreviewWait = milliseconds; }
+
+    TBitmap Preview;
+    std::string PreviewText;
+    int PreviewWait = 0; // 0: nothing is waited for
 
     bool BusyInMessage = false;
 };

@@ -11,12 +11,11 @@ namespace
 
 // A view: whenever it is told something, everything that it could ask for is there.
 struct TStrictView : TListener {
-    explicit TStrictView(TCore& core) : Core(core) { core.Listeners.Add(*this); }
-    ~TStrictView() override { Core.Listeners.Remove(*this); }
+    explicit TStrictView(TCore& core) : Core(core) { Subscription = core.Listeners.Listen(*this); }
     void RowsChanged() override { Look(); }
     void SelectionChanged() override { Look(); }
     void ItemsChanged(const TItems&) override { Look(); }
-    void CurrentChanged() override { Look(); }
+    void CurrentChanged(TCurrentChange) override { Look(); }
     void Look()
     {
         Rows = 0;
@@ -30,6 +29,7 @@ struct TStrictView : TListener {
     }
     TCore& Core;
     int Rows = 0;
+    TSubscription Subscription;
 };
 
 } // namespace

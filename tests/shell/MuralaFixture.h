@@ -68,12 +68,12 @@ protected:
     }
     std::vector<int> SelectedRows() const { return m_murala->Core.Selection.Rows(); }
     TItems Selected() const { return m_murala->Core.Selection.Items(); }
+    // What the preview shows in the end; empty: a picture, or nothing.
     std::string LoadPreview()
     {
-        std::optional<std::string> problem;
-        while (!problem)
-            problem = m_murala->Preview.LoadSome();
-        return *problem;
+        while (std::exchange(m_view.PreviewWait, 0) > 0)
+            m_murala->Preview.Tick();
+        return m_view.PreviewText;
     }
     int CurrentIndex() const { return m_murala->Core.Selection.CurrentIndex(); }
     std::string Titles() const

@@ -58,9 +58,9 @@ TEST_F(SessionEntry, QueuedFilesAreTakenInAlsoThoseThatComeMeanwhile)
         }
     } late;
     late.OnRows = [&] { m_services.FileQueue.QueueFiles({Picture("Late.bmp")}); };
-    m_murala->Core.Listeners.Add(late);
+    TSubscription subscription = m_murala->Core.Listeners.Listen(late);
     m_murala->Session.ImportQueuedFiles();
-    m_murala->Core.Listeners.Remove(late);
+    subscription.reset();
     EXPECT_EQ(m_murala->Core.List.Count(), 4);
     EXPECT_TRUE(m_services.FileQueue.Names.empty());
     EXPECT_EQ(m_view.Disabled, 0);

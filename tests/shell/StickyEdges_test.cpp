@@ -20,8 +20,7 @@ TEST(StickyEdges, AWindowSnapsToTheEdgesThatItIsNear)
     for (const auto& [dragged, snapped] : rows)
         EXPECT_EQ(SnapToEdges(dragged, area, 10), snapped);
     // With a frame that nobody sees it is what is seen that touches the edge.
-    EXPECT_EQ(SnapToEdges({96, 300, 396, 500}, {7, 0, 6, 5}, area, 10),
-              (TRect{93, 300, 393, 500}));
+    EXPECT_EQ(SnapToEdges({96, 300, 396, 500}, {7, 0, 6, 5}, area, 10), (TRect{93, 300, 393, 500}));
     EXPECT_EQ(SnapToEdges({797, 505, 1097, 705}, {7, 0, 6, 5}, area, 10),
               (TRect{806, 505, 1106, 705}));
 }

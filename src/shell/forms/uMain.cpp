@@ -81,7 +81,13 @@ TPlacement DefaultPlacement(const wxSize& size)
 
 TfMain::TfMain(const TServices& services, TInstanceLink& link)
     : m_murala(services, *this),
-      alMain([this](const std::exception& error) { ReportError(error, TReport::MessageBox); }),
+      m_presence(*this,
+                 [this] {
+                     return TWayBack{m_murala.Tray.CanHide(), m_murala.Tray.IsAsking()};
+                 }),
+      alMain([this](const std::exception& error) {
+          m_murala.Core.Report(TReport::MessageBox, error);
+      }),
       m_binder(*this, alMain), m_services(services), m_link(link), m_way(services.Door)
 {
     wxFrame::Create(nullptr, wxID_ANY, "Murala", wxDefaultPosition, wxDefaultSize,
@@ -96,20 +102,13 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
     BuildMenuBar();
     BuildClient();
     BindEvents();
-    m_murala.Core.Listeners.Add(*this);
-    // The link outlives the window, and the end of the session does not wait for a turn of the
-    // loop.
+    m_subscription = m_murala.Core.Listeners.Listen(*this);
     m_link.Listen(nullptr, m_way->Through([this] { WakeUp(); }));
-    const auto pass = [this](void (TfMain::*what)()) {
-        return [this, what, self = wxWeakRef<TfMain>(this)] {
-            if (self)
-                m_services.Door.Pass([=, this] { (this->*what)(); });
-        };
-    };
-    m_services.SessionEnd.ListenToQuestion(pass(&TfMain::SaveForSessionEnd));
-    m_services.SessionEnd.Listen(GetHandle(), pass(&TfMain::EndSession));
+    // The end of the session does not wait for a turn of the loop.
+    m_services.SessionEnd.ListenToQuestion(m_way->AtOnce([this] { SaveForSessionEnd(); }));
+    m_services.SessionEnd.Listen(GetHandle(), m_way->AtOnce([this] { EndSession(); }));
     fProgress = std::make_unique<TfProgress>("Starting Up...");
-    m_murala.LoadSettings(DefaultPlacement(DesignSize()));
+    LoadSettings();
     if (fProgress)
         fProgress->Step();
     m_murala.Storage.LoadList();
@@ -119,9 +118,14 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
 
 TfMain::~TfMain()
 {
-    m_murala.Core.Listeners.Remove(*this);
     // The controls listen to the program, which goes before the window does.
     m_client->Destroy();
+}
+
+void TfMain::LoadSettings()
+{
+    m_murala.LoadSettings(DefaultPlacement(DesignSize()));
+    m_presence.WillStart(m_murala.Core.Settings.WindowState);
 }
 
 void TfMain::BuildMenuBar()
@@ -274,8 +278,7 @@ wxWindow* TfMain::BuildBottomPanel(wxWindow* parent)
 void TfMain::Activate(const std::vector<std::string>& arguments)
 {
     m_link.Unlock();
-    m_murala.LoadSettings(DefaultPlacement(DesignSize()));
-    m_isStartHidden = !m_murala.Core.Settings.WindowState;
+    LoadSettings();
     Place(m_murala.Core.Settings.Placement);
     m_murala.Core.Selection.Select(m_murala.Core.Selection.Current());
     if (IsApplyStart(arguments)) {
@@ -284,14 +287,14 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
         else
             m_murala.Applier.ComposeWallpaper(true, TReport::StatusLine);
     }
-    ShowAtStart();
+    m_presence.Start();
     SetPreviewSize(m_murala.Core.Settings.PreviewSize);
     SetViewMode(m_murala.Core.Settings.ViewMode);
     SetThumbnailSize(m_murala.Core.Settings.ThumbnailSize);
-    m_isStarting = false;
     m_murala.Core.Updating = false;
     CallLater(*this, [this] { m_wallpapers->View().Window().SetFocus(); });
-    SelectionChanged();
+    UpdateHints();
+    m_murala.Preview.SelectionChanged();
     ShowLastChange();
     if (IsApplyStart(arguments))
         m_murala.Storage.SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
@@ -309,11 +312,7 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
 // Another copy was started: it has left its files and wants this one to be seen.
 void TfMain::WakeUp()
 {
-    // The activation, or the next start, takes the files in.
-    if (m_isStarting || tEnd.IsRunning())
-        return;
-    m_isWakePending = m_murala.Core.Pauses.IsPaused();
-    if (m_isWakePending)
+    if (!m_presence.Wake(m_murala.Core.Pauses.IsPaused()))
         return;
     m_murala.Session.ImportQueuedFiles();
     RestoreWindow();
@@ -331,33 +330,18 @@ void TfMain::Place(const TPlacement& placement)
 
 void TfMain::TrackPlacement()
 {
-    const bool isSettled = IsShown() && !m_isComing && !tPlacement.IsRunning();
-    if (!isSettled || IsIconized() || IsMaximized() || IsFullScreen())
+    if (m_presence.Where() != TPresence::Shown || IsIconized() || IsMaximized() || IsFullScreen())
         return;
     m_placement = {GetSize().x, GetSize().y, GetPosition().x, GetPosition().y};
-}
-
-// Some window managers put a new window where they like, or show one that was to be hidden.
-void TfMain::tPlacementTimer()
-{
-    if (std::exchange(m_isStartHidden, false) && IsShown())
-        Iconize();
-    else if (!IsIconized() && !IsMaximized())
-        SetSize(m_placement.Left, m_placement.Top, m_placement.Width, m_placement.Height);
-    // Where the rows were scrolled to before was in a view of another size.
-    if (IsShown() && !std::exchange(m_wasSettled, true))
-        CallLater(*this, [this] { m_wallpapers->BringFocusIntoView(); });
 }
 
 void TfMain::FormClose(wxCloseEvent& event)
 {
     // The composition, or whoever waits for the user's answer, still needs the window.
-    if (event.CanVeto() && m_murala.Core.Pauses.IsPaused()) {
-        m_isClosePending = true;
+    if (!m_presence.Close(event.CanVeto() && m_murala.Core.Pauses.IsPaused()))
         return event.Veto();
-    }
-    for (wxTimer* timer : {&tSelectItem, &tLoadPreview, &tPreviewUpdate, &tSchedule, &tRefreshIcons,
-                           &tIcons, &tPlacement, &tHideAppWindow})
+    for (wxTimer* timer :
+         {&tPreview, &tSchedule, &tRefreshIcons, &tIcons, &tPlacement, &tHideAppWindow})
         timer->Stop();
     m_way.reset();
     m_murala.Tray.Remove();
@@ -379,17 +363,9 @@ void TfMain::EndSession()
     tEnd.StartOnce(EndPatience);
     m_murala.Core.IsSilent = true;
     m_murala.Close();
-    m_isClosePending = true;
-    if (!m_murala.Core.Pauses.IsPaused())
-        return CallLater(*this, [this] { CloseWhenAsked(); });
+    m_presence.EndSession(m_murala.Core.Pauses.IsPaused());
     for (wxDialog* dialog : ModalDialogs())
         dialog->EndModal(wxID_CANCEL);
-}
-
-void TfMain::CloseWhenAsked()
-{
-    if (std::exchange(m_isClosePending, false))
-        Close();
 }
 
 } // namespace murala

@@ -6,8 +6,10 @@
 #include "uMurala.h"
 #include "uPreviewPanel.h"
 #include "uToolkitTray.h"
-#include "uWindowSystem.h"
 #include "uWallpaperPanel.h"
+#include "uWindowPresence.h"
+#include "uWindowSystem.h"
+#include "uWxText.h"
 
 #include <optional>
 
@@ -25,7 +27,11 @@ class TAddOnsPage;
 class TSettingsPage;
 class TfProgress;
 
-class TfMain : public wxFrame, private TMainView, private TTrayView, private TListener
+class TfMain : public wxFrame,
+               private TMainView,
+               private TTrayView,
+               private TFrame,
+               private TListener
 {
 public:
     // Builds the window, invisible, with the settings and the list loaded. Other copies find this
@@ -39,8 +45,6 @@ public:
 
     TMurala& Murala() { return m_murala; }
     TActionList& Actions() { return alMain; }
-    // What an action, a timer or an event has thrown: tells it, and the program goes on.
-    void ReportError(const std::exception& error, TReport report);
 
 private:
     // Building, in this order.
@@ -72,9 +76,6 @@ private:
     void SetThumbnailSize(TThumbnailSize size);
 
     // Events.
-    void tSelectItemTimer();
-    void tLoadPreviewTimer();
-    void tPreviewUpdateTimer();
     void tScheduleTimer();
     void StartSchedule();
     void tRefreshIconsTimer();
@@ -86,16 +87,10 @@ private:
     void FormClose(wxCloseEvent& event);
     void WakeUp();
     void ConnectTray();
-    void tHideAppWindowTimer();
-    void ShowFrame();
-    void ShowAtStart();
-    void ShowIconized();
-    void ReleasePictures();
     void SaveForSessionEnd();
     void EndSession();
-    void CloseWhenAsked();
     void TrackPlacement();
-    void tPlacementTimer();
+    void LoadSettings();
 
     void MeasurePages();
     void BuildUnseen();
@@ -104,7 +99,6 @@ private:
     void PlaceSplitters();
     void Place(const TPlacement& placement);
     void UpdateHints();
-    void ShowSelectionStatus();
     void ShowLastChange();
     wxWindow* TopWindow();
 
@@ -114,29 +108,48 @@ private:
     std::unique_ptr<TLongWork> BeginWork(int range) override;
     void SetBusy(bool busy) override;
     void EnableWindow(bool enable) override;
-    bool IsWindowVisible() override;
-    void MinimiseWindow() override;
+    bool IsWindowVisible() override { return m_presence.IsVisible(); }
+    void MinimiseWindow() override { m_presence.Minimise(); }
     TPlacement NormalPlacement() override { return m_placement; }
+    int PreviewWidth(TSize proportions) override { return iPreview->PictureWidth(proportions); }
+    void ShowPreview(const TBitmap& picture) override { iPreview->ShowPicture(picture); }
+    void ShowPreviewText(const std::string& text) override { iPreview->ShowText(ToWx(text)); }
+    void WakePreview(int milliseconds) override { tPreview.StartOnce(milliseconds); }
+
+    // TFrame.
+    void ShowFrame() override;
+    void HideFrame() override;
+    void IconizeFrame(bool iconize) override { Iconize(iconize); }
+    bool IsIcon() const override { return IsIconized(); }
+    void RaiseFrame() override { Raise(); }
+    void PlaceFrame(bool isFirstTime) override;
+    void Appear() override { m_murala.Preview.SelectionChanged(); }
+    void ExplainHiding() override { m_murala.Tray.ExplainHiding(); }
+    void WaitToSettle() override;
+    void WaitToHideIcon() override;
+    void CloseLater() override;
+    void WakeLater() override;
 
     // TTrayView.
-    void RestoreWindow() override;
+    void RestoreWindow() override { m_presence.Restore(); }
     void RaiseDialog() override { RaiseModalWindow(); }
     void BringToFront() override;
     void StartIcons() override;
     void ShowIcon(const TIconImage& image) override;
     const TMenuItem* ShowMenu(const TMenuItem& menu, TPoint place) override;
-    void TrayChanged() override;
+    void TrayChanged() override { m_presence.WayBackChanged(); }
 
     // TListener.
-    void ItemsChanged(const TItems&) override;
-    void SelectionChanged() override;
-    void CurrentChanged() override;
-    void PreviewChanged(bool loadPicture) override;
+    void ItemsChanged(const TItems&) override { UpdateHints(); }
+    void SelectionChanged() override { UpdateHints(); }
+    void CurrentChanged(TCurrentChange change) override;
     void SettingsChanged() override;
     void PauseChanged() override;
 
-    std::unique_ptr<TTrayArea> m_toolkitTray; // null where the desktop needs no other
+    // The program's tray icon uses it to its end. Null where the desktop needs no other.
+    std::unique_ptr<TTrayArea> m_toolkitTray;
     TMurala m_murala;
+    TWindowPresence m_presence;
     TActionList alMain;
     TActionBinder m_binder;
     TServices m_services;
@@ -156,19 +169,15 @@ private:
     wxGauge* pbMain = nullptr;
     wxStaticText* pStatusText = nullptr;
     wxStaticText* lLastChange = nullptr;
-    wxTimer tSelectItem, tLoadPreview, tPreviewUpdate, tSchedule, tRefreshIcons, tIcons, tPlacement,
-        tHideAppWindow, tEnd;
+    wxTimer tPreview, tSchedule, tRefreshIcons, tIcons, tPlacement, tHideAppWindow, tEnd;
     int m_rightWidth = 0, m_previewHeight = 0;
     TPlacement m_placement;
     std::optional<wxBusyCursor> m_busyCursor;
     int m_busyDepth = 0, m_disabledDepth = 0;
     wxWeakRef<wxWindow> m_focusBefore; // of being disabled
     bool m_wasEnabled = true;
-    bool m_isStarting = true;
-    bool m_wasShown = false, m_wasSettled = false, m_wasPainted = false;
-    bool m_isComing = false;      // shown, but not on the screen yet
-    bool m_isStartHidden = false; // until the window manager has taken it in
-    bool m_isWakePending = false, m_isClosePending = false;
+    bool m_wasShown = false, m_wasPainted = false;
+    TSubscription m_subscription;
 };
 
 } // namespace murala

@@ -249,7 +249,7 @@ void TfMain::SetPreviewSize(TPreviewSize size)
         m_murala.Core.Settings.PreviewSize = size;
         FitRightPanel();
     }
-    PreviewChanged(false);
+    m_murala.Preview.PreviewChanged(false);
     m_murala.Storage.SaveSettings(TSaveFlags().set(sfPreviewSize));
 }
 

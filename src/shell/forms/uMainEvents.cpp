@@ -13,7 +13,7 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <new>
+#include <functional>
 #include <utility>
 
 #include <wx/display.h>
@@ -25,10 +25,7 @@ namespace
 {
 
 // Milliseconds.
-constexpr int SettleTime = 500; // until a selection or a changed setting is shown
 constexpr int ScheduleInterval = 1000;
-constexpr int StepPause = 1;     // in which the window answers
-constexpr int MinimiseTime = 50; // until a minimised window leaves the task bar
 
 } // namespace
 
@@ -43,8 +40,8 @@ void TfMain::BindEvents()
     });
     iPreview->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
-        if (!m_murala.Core.Updating && !tSelectItem.IsRunning())
-            PreviewChanged(false);
+        if (!m_murala.Core.Updating)
+            m_murala.Preview.PreviewChanged(false);
     });
     iPreview->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
         event.Skip();
@@ -73,11 +70,11 @@ void TfMain::BindEvents()
     Bind(wxEVT_DROP_FILES, &TfMain::FormDropFiles, this);
     Bind(wxEVT_MENU_HIGHLIGHT, [this](wxMenuEvent& event) {
         const std::string hint = m_binder.HintOf(event.GetMenuId());
-        hint.empty() ? ShowSelectionStatus() : SetStatus(hint);
+        hint.empty() ? m_murala.Core.Status.Show() : m_murala.Core.Status.Note(hint);
     });
     Bind(wxEVT_MENU_CLOSE, [this](wxMenuEvent& event) {
         event.Skip();
-        ShowSelectionStatus();
+        m_murala.Core.Status.Show();
     });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
@@ -96,40 +93,29 @@ void TfMain::BindEvents()
         if (!event.GetActive())
             return;
         m_murala.Thumbnails.ShowAnew();
-        if (m_murala.Preview.IsOutOfDate())
-            PreviewChanged(true);
+        m_murala.Preview.LookAgain();
     });
-    // What was not loaded while nobody saw it.
     Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
         event.Skip();
-        if (event.IsIconized())
-            return static_cast<void>(tHideAppWindow.StartOnce(MinimiseTime));
-        PreviewChanged(true);
-        SendSizeEvent(wxSEND_EVENT_POST); // its borders may have come while it was an icon
+        m_presence.Iconized(event.IsIconized());
+        if (!event.IsIconized())
+            SendSizeEvent(wxSEND_EVENT_POST); // its borders may have come while it was an icon
     });
 }
 
 void TfMain::BindTimers()
 {
-    const auto bind = [this](wxTimer& timer, void (TfMain::*tick)()) {
-        timer.Bind(wxEVT_TIMER, [this, tick](wxTimerEvent&) { (this->*tick)(); });
+    const auto bind = [](wxTimer& timer, std::function<void()> tick) {
+        timer.Bind(wxEVT_TIMER, [tick = std::move(tick)](wxTimerEvent&) { tick(); });
     };
-    bind(tSelectItem, &TfMain::tSelectItemTimer);
-    bind(tLoadPreview, &TfMain::tLoadPreviewTimer);
-    bind(tPreviewUpdate, &TfMain::tPreviewUpdateTimer);
-    bind(tSchedule, &TfMain::tScheduleTimer);
-    bind(tPlacement, &TfMain::tPlacementTimer);
-    bind(tRefreshIcons, &TfMain::tRefreshIconsTimer);
-    bind(tIcons, &TfMain::tIconsTimer);
-    bind(tHideAppWindow, &TfMain::tHideAppWindowTimer);
+    bind(tPreview, [this] { m_murala.Preview.Tick(); });
+    bind(tSchedule, [this] { tScheduleTimer(); });
+    bind(tPlacement, [this] { m_presence.Settled(); });
+    bind(tRefreshIcons, [this] { tRefreshIconsTimer(); });
+    bind(tIcons, [this] { tIconsTimer(); });
+    bind(tHideAppWindow, [this] { m_presence.HideIcon(); });
     // Everything is saved; a message that nobody answers must not hold up the end of the session.
     tEnd.Bind(wxEVT_TIMER, [](wxTimerEvent&) { std::_Exit(0); });
-}
-
-void TfMain::ReportError(const std::exception& error, TReport report)
-{
-    const bool isMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
-    m_murala.Core.Report(report, isMemory ? "There is not enough memory for this." : error.what());
 }
 
 // The right panel keeps its width and the preview its height when the window gets another size, as
@@ -182,46 +168,6 @@ void TfMain::FormCharHook(wxKeyEvent& event)
     alMain.Request(key == WXK_RIGHT ? aNext : aPrevious);
 }
 
-void TfMain::tSelectItemTimer()
-{
-    if (!IsWindowVisible())
-        return;
-    if (m_murala.Core.Selection.Item() == nullptr) {
-        m_murala.Preview.Release();
-        return iPreview->ShowText("");
-    }
-    tLoadPreviewTimer();
-}
-
-void TfMain::tLoadPreviewTimer()
-{
-    if (!IsWindowVisible())
-        return m_murala.Preview.Release();
-    const std::optional<std::string> problem = m_murala.Preview.LoadSome();
-    if (!problem) {
-        tLoadPreview.StartOnce(StepPause);
-        return;
-    }
-    if (problem->empty())
-        tPreviewUpdateTimer();
-    else
-        iPreview->ShowText(ToWx(*problem));
-    ShowSelectionStatus();
-}
-
-void TfMain::tPreviewUpdateTimer()
-{
-    if (!IsWindowVisible())
-        return;
-    // The picture was edited outside.
-    if (m_murala.Preview.IsOutOfDate())
-        return PreviewChanged(true);
-    const TSize screen = m_services.Desktop.ScreenSize();
-    const TBitmap picture = m_murala.Preview.Picture(iPreview->PictureWidth(screen));
-    if (picture.Width() > 0)
-        iPreview->ShowPicture(picture);
-}
-
 // Restarted after each tick, so that a slow change is never entered again.
 void TfMain::tScheduleTimer()
 {
@@ -256,7 +202,7 @@ void TfMain::FormDropFiles(wxDropFilesEvent& event)
         m_murala.Desk.AddFiles(pictures);
     } else {
         m_services.FileQueue.QueueFiles(pictures);
-        m_isWakePending = true;
+        m_presence.Wake(true);
     }
 }
 
@@ -284,7 +230,7 @@ void TfMain::FormDpiChanged(wxDPIChangedEvent& event)
         MeasurePages();
         m_rightWidth = std::max(m_rightWidth, m_pagesSize.x);
         PlaceSplitters();
-        PreviewChanged(false);
+        m_murala.Preview.PreviewChanged(false);
     });
 }
 
@@ -305,12 +251,6 @@ void TfMain::UpdateHints()
                                          : "This desktop has no icon list that can be asked for it";
 }
 
-void TfMain::ShowSelectionStatus()
-{
-    const std::string& problem = m_murala.Core.Problem;
-    SetStatus(problem.empty() ? m_murala.Preview.StatusText() : problem);
-}
-
 void TfMain::ShowLastChange()
 {
     const wxString text = ToWx(LastChangeText(m_murala.Core.Settings.LastChangeDate));
@@ -319,21 +259,10 @@ void TfMain::ShowLastChange()
     lLastChange->SetLabel(text);
 }
 
-void TfMain::ItemsChanged(const TItems&)
+void TfMain::CurrentChanged(TCurrentChange change)
 {
-    UpdateHints();
-    ShowSelectionStatus();
-}
-
-void TfMain::SelectionChanged()
-{
-    UpdateHints();
-    PreviewChanged(true);
-    ShowSelectionStatus();
-}
-
-void TfMain::CurrentChanged()
-{
+    if (change != TCurrentChange::Installed)
+        return;
     // Painting the desktop anew may have painted over the window.
     Refresh();
     ShowLastChange();
@@ -345,34 +274,15 @@ void TfMain::SettingsChanged()
     ShowLastChange();
 }
 
-void TfMain::PreviewChanged(bool loadPicture)
-{
-    if (!IsWindowVisible())
-        return;
-    if (loadPicture) {
-        // A picture that is loaded in part keeps its file open.
-        if (tLoadPreview.IsRunning())
-            m_murala.Preview.Release();
-        tLoadPreview.Stop();
-        iPreview->ShowText(m_murala.Core.Selection.Item() != nullptr ? "Loading..." : "");
-        tSelectItem.StartOnce(SettleTime);
-    } else {
-        tPreviewUpdate.StartOnce(SettleTime);
-    }
-}
-
 void TfMain::PauseChanged()
 {
     StartSchedule();
     if (m_murala.Core.Pauses.IsPaused())
         return;
     // What the change of a hidden program's wallpaper took.
-    if (!m_isStarting && !IsWindowVisible())
+    if (m_presence.Where() == TPresence::Hidden || m_presence.Where() == TPresence::Icon)
         GiveBackFreeMemory();
-    if (m_isClosePending)
-        CallLater(*this, [this] { CloseWhenAsked(); });
-    else if (m_isWakePending)
-        CallLater(*this, [this] { WakeUp(); });
+    m_presence.PauseEnded();
 }
 
 } // namespace murala

@@ -57,8 +57,8 @@ namespace
 class TMainWork : public TLongWork
 {
 public:
-    TMainWork(wxWindow* window, wxGauge& bar, int range, const wxTimer& sessionEnd)
-        : m_bar(bar), m_dialog(window, range), m_sessionEnd(sessionEnd)
+    TMainWork(wxWindow* window, wxGauge& bar, int range, const TWindowPresence& presence)
+        : m_bar(bar), m_dialog(window, range), m_presence(presence)
     {
         m_bar.SetRange(std::max(range, 1));
     }
@@ -77,7 +77,7 @@ public:
             Show(true);
             m_bar.GetParent()->Update();
         }
-        return m_dialog.Step(position, text) && !m_sessionEnd.IsRunning();
+        return m_dialog.Step(position, text) && m_presence.Where() != TPresence::Going;
     }
 
 private:
@@ -89,14 +89,14 @@ private:
 
     wxGauge& m_bar;
     TProgressDialog m_dialog;
-    const wxTimer& m_sessionEnd;
+    const TWindowPresence& m_presence;
 };
 
 } // namespace
 
 std::unique_ptr<TLongWork> TfMain::BeginWork(int range)
 {
-    return std::make_unique<TMainWork>(TopWindow(), *pbMain, range, tEnd);
+    return std::make_unique<TMainWork>(TopWindow(), *pbMain, range, m_presence);
 }
 
 void TfMain::SetBusy(bool busy)
@@ -121,13 +121,6 @@ void TfMain::EnableWindow(bool enable)
         if (m_focusBefore && wxGetTopLevelParent(m_focusBefore) == this && IsActive())
             m_focusBefore->SetFocus();
     }
-}
-
-bool TfMain::IsWindowVisible()
-{
-    if (m_isStarting)
-        return m_murala.Core.Settings.WindowState;
-    return !m_isStartHidden && IsShown() && !IsIconized();
 }
 
 } // namespace murala

@@ -2,6 +2,7 @@
 
 #include "uMain.h"
 
+#include "uCallLater.h"
 #include "uMenuPopup.h"
 #include "uProcessMemory.h"
 #include "uTrayFrames.h"
@@ -18,6 +19,7 @@ namespace
 // Milliseconds.
 constexpr int IconsInterval = 200;
 constexpr int SettlingTime = 300; // of a window that has come to the screen
+constexpr int MinimiseTime = 50;  // until a minimised window leaves the task bar
 
 } // namespace
 
@@ -30,77 +32,49 @@ void TfMain::ConnectTray()
     m_murala.Tray.Connect(*this, alMain, NewTrayFrame, others);
 }
 
-// Hidden where the tray icon brings it back, else minimised.
-void TfMain::MinimiseWindow()
-{
-    if (!m_murala.Tray.CanHide())
-        return Iconize();
-    const bool wasShown = IsShown();
-    Hide();
-    ReleasePictures();
-    if (wasShown)
-        m_murala.Tray.ExplainHiding();
-}
-
-// A minimised window leaves the task bar where the tray icon brings it back.
-void TfMain::tHideAppWindowTimer()
-{
-    if (IsShown() && IsIconized() && m_murala.Tray.CanHide())
-        MinimiseWindow();
-}
-
-// Nobody sees them.
-void TfMain::ReleasePictures()
-{
-    tSelectItem.Stop();
-    tPreviewUpdate.Stop();
-    tLoadPreview.Stop();
-    iPreview->ShowText("");
-    m_murala.Preview.Release();
-    m_murala.Core.List.FreeAllThumbnails();
-    GiveBackFreeMemory();
-}
-
-void TfMain::RestoreWindow()
-{
-    const bool wasHidden = !IsShown();
-    m_isStartHidden = false;
-    // First: a window that is shown as an icon would be hidden again.
-    Iconize(false);
-    if (wasHidden)
-        ShowFrame();
-    Raise();
-    if (wasHidden)
-        PreviewChanged(true);
-}
-
 // The window manager may put it elsewhere, and until it has done so the frame has no borders.
 void TfMain::ShowFrame()
 {
     if (!std::exchange(m_wasShown, true))
-        PrepareFirstShow(*this, [this] {
-            if (std::exchange(m_isComing, false))
-                tPlacement.StartOnce(SettlingTime);
-        });
-    m_isComing = true;
+        PrepareFirstShow(*this, [this] { m_presence.CameToScreen(); });
     Show();
 }
 
-// The window that starts hidden waits for the tray to be known.
-void TfMain::ShowAtStart()
+void TfMain::HideFrame()
 {
-    if (!m_isStartHidden)
-        return ShowFrame();
-    if (!m_murala.Tray.CanHide() && !m_murala.Tray.IsAsking())
-        ShowIconized();
+    Hide();
+    m_murala.Preview.Clear();
+    m_murala.Core.List.FreeAllThumbnails();
+    GiveBackFreeMemory();
 }
 
-// As an icon it may not come to the screen for long.
-void TfMain::ShowIconized()
+void TfMain::PlaceFrame(bool isFirstTime)
 {
-    Iconize();
-    ShowFrame();
+    if (!IsMaximized())
+        SetSize(m_placement.Left, m_placement.Top, m_placement.Width, m_placement.Height);
+    // Where the rows were scrolled to before was in a view of another size.
+    if (isFirstTime)
+        CallLater(*this, [this] { m_wallpapers->BringFocusIntoView(); });
+}
+
+void TfMain::WaitToSettle()
+{
     tPlacement.StartOnce(SettlingTime);
+}
+
+void TfMain::WaitToHideIcon()
+{
+    tHideAppWindow.StartOnce(MinimiseTime);
+}
+
+void TfMain::CloseLater()
+{
+    CallLater(*this, [this] { Close(); });
+}
+
+void TfMain::WakeLater()
+{
+    CallLater(*this, [this] { WakeUp(); });
 }
 
 void TfMain::BringToFront()
@@ -128,18 +102,6 @@ void TfMain::ShowIcon(const TIconImage& image)
 const TMenuItem* TfMain::ShowMenu(const TMenuItem& menu, TPoint place)
 {
     return PopupMenuAt(menu, wxPoint(place.X, place.Y));
-}
-
-void TfMain::TrayChanged()
-{
-    if (m_isStarting || m_murala.Tray.IsAsking())
-        return;
-    if (m_murala.Tray.CanHide()) {
-        if (IsShown() && IsIconized())
-            Hide();
-    } else if (!IsShown()) {
-        ShowIconized(); // without the tray's it could not be reached
-    }
 }
 
 } // namespace murala

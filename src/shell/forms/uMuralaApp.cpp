@@ -25,7 +25,7 @@ bool TMuralaApp::OnExceptionInMainLoop()
         throw;
     } catch (const std::exception& error) {
         if (auto* main = dynamic_cast<TfMain*>(GetTopWindow()))
-            main->ReportError(error, TReport::StatusLine);
+            main->Murala().Core.Report(TReport::StatusLine, error);
     } catch (...) {
         return wxApp::OnExceptionInMainLoop();
     }

@@ -25,7 +25,7 @@ TWallpaperPanel::TWallpaperPanel(wxWindow* parent, TMurala& murala, TActionList&
     rows->Add(lvThumbnails, wxSizerFlags(1).Expand());
     SetSizer(rows);
     Bind(wxEVT_CHAR_HOOK, &TWallpaperPanel::OnKey, this);
-    m_murala.Core.Listeners.Add(*this);
+    m_subscription = m_murala.Core.Listeners.Listen(*this);
 }
 
 void TWallpaperPanel::BuildToolBar()
@@ -127,7 +127,7 @@ bool TWallpaperPanel::MakeNext(const std::vector<int>& rows)
     if (const std::string notice = m_murala.Thumbnails.TakeNotice(); !notice.empty())
         m_murala.Core.Report(TReport::StatusLine, notice);
     if (step.Progress == TThumbnailProgress::Failed)
-        m_murala.Core.View.SetStatus(step.Error);
+        m_murala.Core.Status.Note(step.Error);
     return step.Progress != TThumbnailProgress::Nothing;
 }
 
@@ -182,7 +182,7 @@ bool TWallpaperPanel::IsCurrent(int row) const
 void TWallpaperPanel::UserSelects(const std::vector<int>& rows, int focusedRow)
 {
     const TValueScope selecting(m_isUserSelecting, true);
-    m_murala.Core.Problem.clear();
+    m_murala.Core.Status.SetProblem("");
     m_murala.Core.Selection.SelectRows(rows, focusedRow);
 }
 

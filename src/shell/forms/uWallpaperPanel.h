@@ -15,7 +15,6 @@ class TWallpaperPanel : public wxPanel, private TListener, private TRows, privat
 {
 public:
     TWallpaperPanel(wxWindow* parent, TMurala& murala, TActionList& actions, TActionBinder& binder);
-    ~TWallpaperPanel() override { m_murala.Core.Listeners.Remove(*this); }
 
     // The one that is shown.
     TWallpaperView& View();
@@ -40,7 +39,7 @@ private:
     void RowsChanged() override;
     void ItemsChanged(const TItems&) override { View().ShowTexts(); }
     void SelectionChanged() override;
-    void CurrentChanged() override { View().ShowTexts(); }
+    void CurrentChanged(TCurrentChange) override { View().ShowTexts(); }
 
     // TRows.
     int Count() const override { return m_murala.Core.List.Count(); }
@@ -63,6 +62,7 @@ private:
     TMuListView* lvWallpaper = nullptr;
     TMuThumbnailView* lvThumbnails = nullptr;
     bool m_isUserSelecting = false;
+    TSubscription m_subscription;
 };
 
 } // namespace murala

@@ -26,7 +26,7 @@ void TSettingsPage::Build()
     ConnectMnemonics(*this);
     SetScrollRate(FromDIP(8), FromDIP(8));
     FitInside();
-    m_murala.Core.Listeners.Add(*this);
+    m_subscription = m_murala.Core.Listeners.Listen(*this);
     SelectionChanged();
 }
 

@@ -13,8 +13,6 @@ namespace murala
 class TSettingsPage : public wxScrolledWindow, protected TListener
 {
 public:
-    ~TSettingsPage() override { m_murala.Core.Listeners.Remove(*this); }
-
     // Makes the controls, which takes longer than the rest of the window, and shows what is
     // selected from now on. Once; later calls do nothing.
     void Build();
@@ -37,6 +35,8 @@ protected:
 private:
     void SelectionChanged() override { ShowItem(m_murala.Core.Selection.Item()); }
     void ItemsChanged(const TItems& items) override;
+
+    TSubscription m_subscription;
 };
 
 } // namespace murala

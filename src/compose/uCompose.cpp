@@ -71,9 +71,9 @@ TBitmap Draw(TImageReader& source, const TDrawMap& map, TPixel background)
 
 } // namespace
 
-std::string WallpaperBitmapName(int desktop)
+std::string WallpaperBitmapName(int desktop, const std::string& screens)
 {
-    return "MuralaWallpaper" + (desktop > 1 ? std::to_string(desktop) : std::string()) + ".bmp";
+    return "MuralaWallpaper" + (desktop > 1 ? std::to_string(desktop) : "") + screens + ".bmp";
 }
 
 TBitmap ComposeDisplayMode(TImageReader& source, const TMuWallpaper& item, TSize screen)

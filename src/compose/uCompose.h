@@ -12,8 +12,9 @@
 namespace murala
 {
 
-// "MuralaWallpaper.bmp", with the number behind the name from 2 on.
-std::string WallpaperBitmapName(int desktop);
+// "MuralaWallpaper.bmp", with the number behind the name from 2 on, then what the screens are
+// called.
+std::string WallpaperBitmapName(int desktop, const std::string& screens = "");
 
 // Draws on the composed picture before it is saved or shown: the tint, then the add-ons.
 using TBeforeSave = std::function<void(TBitmap&)>;

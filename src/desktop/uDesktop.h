@@ -7,9 +7,21 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace murala
 {
+
+// Screens that show the same picture, which is made in this size.
+struct TScreenGroup {
+    std::string Name; // is part of the picture's file name; empty: all screens
+    TSize Size;
+};
+struct TScreenPicture {
+    TScreenGroup Screens;
+    std::string Path; // of a BMP file, in full
+};
+using TScreenPictures = std::vector<TScreenPicture>;
 
 // Whether the desktop took the wallpaper. If not, what the user can do about it may be said.
 struct TInstalled {
@@ -25,6 +37,9 @@ public:
 
     // The primary screen in pixels.
     virtual TSize ScreenSize() = 0;
+    // What the desktop is given pictures for. In both homes one picture, made for the primary
+    // screen, is shown on all.
+    virtual std::vector<TScreenGroup> Screens() { return {{"", ScreenSize()}}; }
     // Colours of more than 256 kinds; otherwise pictures are written with 8 bits a pixel.
     virtual int ScreenBitsPerPixel() = 0;
 
@@ -37,13 +52,14 @@ public:
     // mode changes nothing.
     virtual void WriteTileWallpaper(int mode) = 0;
 
-    // Makes a BMP file (full path) the wallpaper and `color` what shows around and behind it. It
-    // does not wait for a desktop that is slow or has not started yet: that goes on in the
-    // background, for a minute at the most.
+    // Makes the pictures, one for each of Screens, the wallpaper and `color` what shows around and
+    // behind them. It does not wait for a desktop that is slow or has not started yet: that goes
+    // on in the background, for a minute at the most.
     // `onInstalled` is called once, in this thread: before Install returns where the answer is
     // known by then, otherwise later out of the message loop. A further Install takes the place of
     // one that is not done, which then tells nothing any more.
-    virtual void Install(const std::string& path, TColor color, TOnInstalled onInstalled) = 0;
+    virtual void Install(const TScreenPictures& pictures, TColor color,
+                         TOnInstalled onInstalled) = 0;
 
     // Stores the colour's text, then sets the colour, at once.
     virtual void ApplyDesktopColor(TColor color) = 0;

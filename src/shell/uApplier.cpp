@@ -82,16 +82,21 @@ void TApplier::ComposeItem(TMuWallpaper& item)
 {
     TDesktop& desktop = m_core.Services.Desktop;
     m_core.Status.SetProblem("");
-    const auto source = m_preview.Open(item);
+    auto source = m_preview.Open(item);
     if (item.DisplayMode <= dmFitVertically)
         desktop.WriteTileWallpaper(1);
     std::string problem;
-    const TBitmap picture =
-        ComposePicture(*source, item, desktop.ScreenSize(), AddOnsForDesktop(m_core, problem));
-    const std::string name = WallpaperBitmapName(m_core.Services.Siblings.GetVeyraDesktop());
-    const std::string path =
-        SaveWallpaper(picture, m_core.FilePath(name), desktop.ScreenBitsPerPixel());
-    Install(path, item.DesktopColor);
+    TScreenPictures pictures;
+    for (const TScreenGroup& screens : desktop.Screens()) {
+        const auto reader = source ? std::move(source) : m_preview.Open(item);
+        const TBitmap picture =
+            ComposePicture(*reader, item, screens.Size, AddOnsForDesktop(m_core, problem));
+        const std::string name =
+            WallpaperBitmapName(m_core.Services.Siblings.GetVeyraDesktop(), screens.Name);
+        pictures.push_back(
+            {screens, SaveWallpaper(picture, m_core.FilePath(name), desktop.ScreenBitsPerPixel())});
+    }
+    Install(pictures, item.DesktopColor);
     ApplyLabels(item);
     m_core.Settings.LastChangeDate = m_core.Settings.CalendarDate = m_core.Services.Clock.Now();
     m_core.Selection.SetCurrent(&item, TCurrentChange::Installed);
@@ -100,11 +105,11 @@ void TApplier::ComposeItem(TMuWallpaper& item)
         m_core.Report(TReport::StatusLine, problem);
 }
 
-void TApplier::Install(const std::string& path, TColor color)
+void TApplier::Install(const TScreenPictures& pictures, TColor color)
 {
     // The answer may come when the program has long gone on.
     m_core.Services.Desktop.Install(
-        path, color, m_way.Through([this, number = ++m_installs](const TInstalled& installed) {
+        pictures, color, m_way.Through([this, number = ++m_installs](const TInstalled& installed) {
             if (!installed.Took && number == m_installs)
                 m_core.Report(TReport::StatusLine,
                               std::string(Trim("The desktop did not take the wallpaper. " +

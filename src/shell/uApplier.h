@@ -47,7 +47,7 @@ private:
         TMuWallpaper* item, bool startEffect, TReport report,
         const std::function<void()>& onInstalled = [] {});
     void ComposeItem(TMuWallpaper& item);
-    void Install(const std::string& path, TColor color);
+    void Install(const TScreenPictures& pictures, TColor color);
     void ApplyLabels(const TMuWallpaper& item);
     std::string StartEffect(const TMuWallpaper& item, bool startEffect);
 

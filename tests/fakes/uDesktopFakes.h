@@ -29,6 +29,7 @@ namespace murala
 
 struct TFakeDesktop : TDesktop {
     TSize Screen{64, 36};
+    std::vector<TScreenGroup> OtherScreens; // that have pictures of their own
     bool TakesWallpaper = true;
     bool AnswersLater = false; // the answer of the last installation then waits in Answer
     std::function<void()> Answer;
@@ -36,13 +37,20 @@ struct TFakeDesktop : TDesktop {
     TColor Color = 0;
 
     TSize ScreenSize() override { return Screen; }
+    std::vector<TScreenGroup> Screens() override
+    {
+        auto screens = TDesktop::Screens();
+        screens.insert(screens.end(), OtherScreens.begin(), OtherScreens.end());
+        return screens;
+    }
     int ScreenBitsPerPixel() override { return 32; }
     std::function<void()> OnScreens;
     void ListenToScreens(std::function<void()> onChange) override { OnScreens = onChange; }
     void WriteTileWallpaper(int mode) override { Calls.push_back("tile " + std::to_string(mode)); }
-    void Install(const std::string& path, TColor color, TOnInstalled onInstalled) override
+    void Install(const TScreenPictures& pictures, TColor color, TOnInstalled onInstalled) override
     {
-        Calls.push_back("install " + FileNamePart(path) + ' ' + std::to_string(color));
+        for (const TScreenPicture& picture : pictures)
+            Calls.push_back("install " + FileNamePart(picture.Path) + ' ' + std::to_string(color));
         Color = color;
         Answer = [this, onInstalled = std::move(onInstalled)] {
             onInstalled({TakesWallpaper, ""});

@@ -27,13 +27,16 @@ TEST_F(Applier, InstallsThePictureWithItsColourThenTheLabels)
     EXPECT_EQ(picture.Row(7)[9] & 0xFFFFFF, 0U) << "the tint is on the picture";
 }
 
-TEST_F(Applier, EachVirtualDesktopHasItsOwnPictureAndCurrentWallpaper)
+TEST_F(Applier, EachVirtualDesktopHasItsOwnPicturesAndCurrentWallpaper)
 {
     AddPictures(3);
+    m_services.Desktop.OtherScreens = {{"-right", {30, 50}}};
     Apply(1);
+    EXPECT_EQ(Installed().Size(), m_services.Desktop.Screen);
+    EXPECT_EQ(ImageFileSize(m_folder.File("MuralaWallpaper-right.bmp")), (TSize{30, 50}));
     m_services.Siblings.VeyraDesktop = 3;
     Apply(2);
-    EXPECT_EQ(m_services.Desktop.Calls.back(), "install MuralaWallpaper3.bmp 0");
+    EXPECT_EQ(m_services.Desktop.Calls.back(), "install MuralaWallpaper3-right.bmp 0");
     Restart();
     EXPECT_EQ(CurrentIndex(), 2);
     m_services.Siblings.VeyraDesktop = 1;

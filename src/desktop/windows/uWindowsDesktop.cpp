@@ -126,9 +126,9 @@ public:
             StoreTileFlag("0");
     }
 
-    void Install(const std::string& path, TColor color, TOnInstalled onInstalled) override
+    void Install(const TScreenPictures& pictures, TColor color, TOnInstalled onInstalled) override
     {
-        const bool took = SetWallpaperFile(path);
+        const bool took = SetWallpaperFile(pictures.front().Path);
         ApplyDesktopColor(color);
         onInstalled({took, ""});
     }

@@ -38,7 +38,10 @@ std::shared_ptr<std::optional<TInstalled>> Install(TDesktop& desktop, const std:
                                                    TColor color)
 {
     auto answer = std::make_shared<std::optional<TInstalled>>();
-    desktop.Install(picture, color, [answer](const TInstalled& installed) { *answer = installed; });
+    TScreenPictures pictures(1);
+    pictures[0].Path = picture;
+    desktop.Install(pictures, color,
+                    [answer](const TInstalled& installed) { *answer = installed; });
     return answer;
 }
 

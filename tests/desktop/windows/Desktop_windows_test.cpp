@@ -113,7 +113,9 @@ TEST(WindowsDesktop, TileFlagAndColourAreStoredWhereWindowsKeepsThem)
     desktop->ApplyDesktopColor(0x0A0B0C);
     expectColor(0x0A0B0C, "12 11 10");
     int answers = 0;
-    desktop->Install("C:\\missing.bmp", 0x010203, [&](const TInstalled&) { answers++; });
+    TScreenPictures pictures(1);
+    pictures[0].Path = "C:\\missing.bmp";
+    desktop->Install(pictures, 0x010203, [&](const TInstalled&) { answers++; });
     EXPECT_EQ(answers, 1);
     expectColor(0x010203, "3 2 1");
     desktop->ApplyDesktopColor(before);

@@ -122,8 +122,9 @@ public:
     // The picture is as large as the screen: there is nothing to tile.
     void WriteTileWallpaper(int /*mode*/) override {}
 
-    void Install(const std::string& path, TColor color, TOnInstalled onInstalled) override
+    void Install(const TScreenPictures& pictures, TColor color, TOnInstalled onInstalled) override
     {
+        const std::string& path = pictures.front().Path;
         StoreColor(color);
         m_job.reset();
         const bool isThere = FileExists(path);

@@ -179,8 +179,10 @@ void EndSession(bool reallyEnds)
 void SetWallpapers(int count, char** pictures)
 {
     const auto desktop = murala::NewDesktop("");
+    murala::TScreenPictures all(1);
     for (int i = 0; i < count; i++) {
-        desktop->Install(pictures[i], 0, [](const murala::TInstalled& installed) {
+        all[0].Path = pictures[i];
+        desktop->Install(all, 0, [](const murala::TInstalled& installed) {
             Log(installed.Took ? "set" : "failed");
         });
         while (GetFileAttributesA(logFile.c_str()) != INVALID_FILE_ATTRIBUTES)

@@ -24,3 +24,14 @@ function(platform_folders folder variable)
   list(REMOVE_DUPLICATES headers)
   set(${variable} ${headers} PARENT_SCOPE)
 endfunction()
+
+# windows_resources(TARGET FILE.rc): gives a program the resources of the file and the manifest beside
+# it, with the project's version in both.
+function(windows_resources target file)
+  get_filename_component(folder "${file}" DIRECTORY)
+  get_filename_component(name "${file}" NAME_WE)
+  foreach(ending rc manifest)
+    configure_file("${folder}/${name}.${ending}" "${CMAKE_BINARY_DIR}/resources/${name}.${ending}" @ONLY)
+  endforeach()
+  target_sources(${target} PRIVATE "${CMAKE_BINARY_DIR}/resources/${name}.rc")
+endfunction()

@@ -215,7 +215,7 @@ void TfMain::aAboutExecute()
 {
     wxAboutDialogInfo info;
     info.SetName("Murala");
-    info.SetVersion("1.0.0");
+    info.SetVersion(MURALA_VERSION);
     info.SetDescription("Shows your pictures on the desktop.\n\n" +
                         wxGetLibraryVersionInfo().GetVersionString() + ", libjpeg-turbo");
     info.SetCopyright("(C) 2026 The Murala developers, MIT licence");

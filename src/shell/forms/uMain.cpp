@@ -1,22 +1,16 @@
 #include "uMain.h"
 
-#include "uAddOnsPage.h"
 #include "uCallLater.h"
-#include "uDesktopPage.h"
 #include "uDialog.h"
-#include "uEffectPage.h"
 #include "uPlacement.h"
-#include "uPreviewSizes.h"
 #include "uProgramEntry.h"
 #include "uProgress.h"
 #include "uShellIntegration.h"
-#include "uTintPage.h"
 #include "uWindowSystem.h"
 
 #include <algorithm>
 #include <utility>
 
-#include <wx/dcclient.h>
 #include <wx/display.h>
 
 namespace murala
@@ -30,24 +24,8 @@ constexpr int RefreshInterval = 5000;
 constexpr int EndPatience = 1500; // at the end of the session
 
 // Device-independent pixels.
-constexpr int DesignWidth = 650, DesignHeight = 492;
 constexpr int SmallestWidth = 420, SmallestHeight = 300;
-constexpr int SmallestPane = 180;
 constexpr int InvisibleBorder = 8; // of a frame, around what is seen of it
-
-// Is painted where it goes to, and not before.
-class TSplitter : public wxSplitterWindow
-{
-public:
-    using wxSplitterWindow::wxSplitterWindow;
-
-private:
-    void DrawSash(wxDC& dc) override
-    {
-        if (dc.IsKindOf(wxCLASSINFO(wxPaintDC)))
-            wxSplitterWindow::DrawSash(dc);
-    }
-};
 
 // Of all screens, the primary one first.
 std::vector<TRect> WorkAreas(TTaskBar& taskBar)
@@ -100,7 +78,9 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
     BindSystemActions();
     BindAddOnActions();
     BuildMenuBar();
-    BuildClient();
+    m_panel = new TMainPanel(this, m_murala, alMain, m_binder);
+    SetSmallestSize();
+    ConnectActions();
     BindEvents();
     m_subscription = m_murala.Core.Listeners.Listen(*this);
     m_link.Listen(nullptr, m_way->Through([this] { WakeUp(); }));
@@ -119,13 +99,19 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
 TfMain::~TfMain()
 {
     // The controls listen to the program, which goes before the window does.
-    m_client->Destroy();
+    m_panel->Destroy();
 }
 
 void TfMain::LoadSettings()
 {
-    m_murala.LoadSettings(DefaultPlacement(DesignSize()));
+    m_murala.LoadSettings(DefaultPlacement(m_panel->DesignSize()));
     m_presence.WillStart(m_murala.Core.Settings.WindowState);
+}
+
+// The settings' pages scroll, so that the window can be smaller than they need.
+void TfMain::SetSmallestSize()
+{
+    SetMinClientSize(FromDIP(wxSize(SmallestWidth, SmallestHeight)));
 }
 
 void TfMain::BuildMenuBar()
@@ -174,107 +160,6 @@ void TfMain::BuildMenuBar()
     SetMenuBar(bar);
 }
 
-void TfMain::BuildClient()
-{
-    m_client =
-        new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "pMain");
-    spVertical = new TSplitter(m_client, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                               wxSP_LIVE_UPDATE, "spVertical");
-    spVertical->SetSashGravity(1); // it is the list that gives room, at once
-    m_wallpapers = new TWallpaperPanel(spVertical, m_murala, alMain, m_binder);
-    wxWindow* right = BuildRightPanel(spVertical);
-    spVertical->SplitVertically(m_wallpapers, right, -m_pagesSize.x);
-    auto* rows = new wxBoxSizer(wxVERTICAL);
-    rows->Add(spVertical, wxSizerFlags(1).Expand());
-    rows->Add(BuildBottomPanel(m_client), wxSizerFlags().Expand());
-    m_client->SetSizer(rows);
-}
-
-wxWindow* TfMain::BuildRightPanel(wxWindow* parent)
-{
-    spHorizontal = new TSplitter(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                 wxSP_LIVE_UPDATE, "spHorizontal");
-    iPreview = new TPreviewPanel(spHorizontal, "iPreview");
-    iPreview->SetToolTip("Right click for menu");
-    pcEffect =
-        new wxNotebook(spHorizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, "pcEffect");
-    SetAccessibleName(*pcEffect, "Settings of the wallpaper");
-    const auto addPage = [this](TSettingsPage* page, const char* caption) {
-        m_pages.push_back(page);
-        AddPage(*pcEffect, page, caption);
-    };
-    addPage(new TDesktopPage(pcEffect, m_murala, m_binder, alMain), "&Desktop");
-    addPage(new TTintPage(pcEffect, m_murala), "&Tint");
-    addPage(new TEffectPage(pcEffect, m_murala), "&Effect");
-    m_addOnsPage = new TAddOnsPage(pcEffect, m_murala, m_binder, alMain);
-    addPage(m_addOnsPage, "&Add Ons");
-    m_pages.front()->Build();
-    MeasurePages();
-    spHorizontal->SplitHorizontally(iPreview, pcEffect, FromDIP(PreviewSizes[psNormal].second));
-    return spHorizontal;
-}
-
-void TfMain::MeasurePages()
-{
-    wxSize size;
-    for (const TSettingsPage* page : m_pages)
-        size.IncTo(page->IsBuilt() ? page->GetSizer()->CalcMin() : page->LikelySize());
-    // Not every notebook counts its own borders.
-    m_pagesSize = pcEffect->CalcSizeFromPage(size) + FromDIP(wxSize(12, 0));
-    // The pages scroll, so that the window can be smaller than they need.
-    SetMinClientSize(FromDIP(wxSize(SmallestWidth, SmallestHeight)));
-    spVertical->SetMinimumPaneSize(FromDIP(SmallestPane));
-    // The smallest preview; and below it tabs with a page that scrolls.
-    spHorizontal->SetMinimumPaneSize(FromDIP(PreviewSizes[psMini].second));
-}
-
-// What is not seen at first, and takes as long to make as the rest of the window: it waits until
-// that is on the screen.
-void TfMain::BuildUnseen()
-{
-    m_binder.ShowFileIcons(*GetMenuBar());
-    for (TSettingsPage* page : m_pages)
-        page->Build();
-    MeasurePages();
-    FitRightPanel();
-}
-
-// The size of a first start: the list with its first columns beside pages that are not cut.
-wxSize TfMain::DesignSize() const
-{
-    wxSize content = m_pagesSize;
-    content.IncTo(FromDIP(wxSize(PreviewSizes[psNormal].first, 0)));
-    content += wxSize(std::max(FromDIP(340), m_wallpapers->ToolBarWidth() + FromDIP(8)),
-                      FromDIP(PreviewSizes[psNormal].second + 120));
-    content.IncTo(FromDIP(wxSize(DesignWidth, DesignHeight)));
-    return content;
-}
-
-wxWindow* TfMain::BuildBottomPanel(wxWindow* parent)
-{
-    auto* panel =
-        new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "pBottom");
-    pbMain =
-        new wxGauge(panel, wxID_ANY, 100, wxDefaultPosition, wxSize(FromDIP(120), GetCharHeight()),
-                    wxGA_HORIZONTAL, wxDefaultValidator, "pbMain");
-    pbMain->Hide();
-    pStatusText = new wxStaticText(panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
-                                   wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "pStatusText");
-    lLastChange = new wxStaticText(panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
-                                   wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "lLastChange");
-    auto* texts = new wxBoxSizer(wxVERTICAL);
-    texts->Add(pStatusText, wxSizerFlags().Expand());
-    texts->Add(lLastChange, wxSizerFlags().Expand());
-    auto* row = new wxBoxSizer(wxHORIZONTAL);
-    row->Add(pbMain, wxSizerFlags().CenterVertical().Border());
-    row->Add(texts, wxSizerFlags(1).CenterVertical().Border());
-    for (const TActionId action : {aPrevious, aNext, aApply})
-        row->Add(m_binder.NewSpeedButton(panel, action, "sb" + ToWx(alMain[action].Name.substr(1))),
-                 wxSizerFlags().CenterVertical().Border(wxTOP | wxBOTTOM | wxRIGHT));
-    panel->SetSizer(row);
-    return panel;
-}
-
 void TfMain::Activate(const std::vector<std::string>& arguments)
 {
     m_link.Unlock();
@@ -292,7 +177,7 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
     SetViewMode(m_murala.Core.Settings.ViewMode);
     SetThumbnailSize(m_murala.Core.Settings.ThumbnailSize);
     m_murala.Core.Updating = false;
-    CallLater(*this, [this] { m_wallpapers->View().Window().SetFocus(); });
+    CallLater(*this, [this] { m_panel->Wallpapers().View().Window().SetFocus(); });
     UpdateHints();
     m_murala.Preview.SelectionChanged();
     ShowLastChange();

@@ -3,28 +3,21 @@
 
 #include "uActionBinder.h"
 #include "uInstanceLink.h"
+#include "uMainPanel.h"
 #include "uMurala.h"
-#include "uPreviewPanel.h"
 #include "uToolkitTray.h"
-#include "uWallpaperPanel.h"
 #include "uWindowPresence.h"
 #include "uWindowSystem.h"
-#include "uWxText.h"
 
 #include <optional>
 
 #include <wx/frame.h>
-#include <wx/gauge.h>
-#include <wx/notebook.h>
-#include <wx/splitter.h>
 #include <wx/timer.h>
 #include <wx/weakref.h>
 
 namespace murala
 {
 
-class TAddOnsPage;
-class TSettingsPage;
 class TfProgress;
 
 class TfMain : public wxFrame,
@@ -54,12 +47,9 @@ private:
     void BindSystemActions();
     void BindAddOnActions();
     void BuildMenuBar();
-    void BuildClient();
-    wxWindow* BuildRightPanel(wxWindow* parent);
-    wxWindow* BuildBottomPanel(wxWindow* parent);
+    void ConnectActions();
     void BindEvents();
     void BindTimers();
-    void BindSplitters();
 
     // Actions.
     int RunModal(wxDialog& dialog);
@@ -92,11 +82,7 @@ private:
     void TrackPlacement();
     void LoadSettings();
 
-    void MeasurePages();
-    void BuildUnseen();
-    wxSize DesignSize() const;
-    void FitRightPanel();
-    void PlaceSplitters();
+    void SetSmallestSize();
     void Place(const TPlacement& placement);
     void UpdateHints();
     void ShowLastChange();
@@ -104,16 +90,16 @@ private:
 
     // TMainView.
     void ShowMessage(const std::string& text) override;
-    void SetStatus(const std::string& text) override;
+    void SetStatus(const std::string& text) override { m_panel->Bottom().ShowStatus(text); }
     std::unique_ptr<TLongWork> BeginWork(int range) override;
     void SetBusy(bool busy) override;
     void EnableWindow(bool enable) override;
     bool IsWindowVisible() override { return m_presence.IsVisible(); }
     void MinimiseWindow() override { m_presence.Minimise(); }
     TPlacement NormalPlacement() override { return m_placement; }
-    int PreviewWidth(TSize proportions) override { return iPreview->PictureWidth(proportions); }
-    void ShowPreview(const TBitmap& picture) override { iPreview->ShowPicture(picture); }
-    void ShowPreviewText(const std::string& text) override { iPreview->ShowText(ToWx(text)); }
+    int PreviewWidth(TSize screen) override { return m_panel->Preview().PictureWidth(screen); }
+    void ShowPreview(const TBitmap& picture) override { m_panel->Preview().ShowPicture(picture); }
+    void ShowPreviewText(const std::string& text) override;
     void WakePreview(int milliseconds) override { tPreview.StartOnce(milliseconds); }
 
     // TFrame.
@@ -157,20 +143,8 @@ private:
     std::optional<TDoorway> m_way; // until it closes
 
     std::unique_ptr<TfProgress> fProgress; // while the program starts
-    wxPanel* m_client = nullptr;
-    wxSplitterWindow* spVertical = nullptr;
-    wxSplitterWindow* spHorizontal = nullptr;
-    TWallpaperPanel* m_wallpapers = nullptr;
-    TPreviewPanel* iPreview = nullptr;
-    wxNotebook* pcEffect = nullptr;
-    std::vector<TSettingsPage*> m_pages; // of pcEffect
-    TAddOnsPage* m_addOnsPage = nullptr;
-    wxSize m_pagesSize; // what the largest page needs
-    wxGauge* pbMain = nullptr;
-    wxStaticText* pStatusText = nullptr;
-    wxStaticText* lLastChange = nullptr;
+    TMainPanel* m_panel = nullptr;
     wxTimer tPreview, tSchedule, tRefreshIcons, tIcons, tPlacement, tHideAppWindow, tEnd;
-    int m_rightWidth = 0, m_previewHeight = 0;
     TPlacement m_placement;
     std::optional<wxBusyCursor> m_busyCursor;
     int m_busyDepth = 0, m_disabledDepth = 0;

@@ -51,7 +51,7 @@ void TfMain::BindWallpaperActions()
     };
     bind(aAdd, [this] { aAddExecute(); });
     bindItem(aRemove, [this](TMuWallpaper&) { m_murala.Desk.RemoveSelected(); });
-    bindItem(aRename, [this](TMuWallpaper&) { m_wallpapers->EditTitle(); });
+    bindItem(aRename, [this](TMuWallpaper&) { m_panel->Wallpapers().EditTitle(); });
     bind(
         aSelectAll, [&selection] { selection.SelectAll(); }, has(1));
     bindItem(aApply, [this](TMuWallpaper& item) { m_murala.Applier.Apply(item); });
@@ -63,7 +63,8 @@ void TfMain::BindWallpaperActions()
         aNext, [this] { m_murala.Applier.Next(); }, has(2));
     bind(
         aPrevious, [this] { m_murala.Applier.Previous(); }, has(1));
-    bindItem(aRefreshThumbnail, [this](TMuWallpaper&) { m_wallpapers->RefreshThumbnails(); });
+    bindItem(aRefreshThumbnail,
+             [this](TMuWallpaper&) { m_panel->Wallpapers().RefreshThumbnails(); });
     bindItem(aShellOpen, [this](TMuWallpaper& i) { m_murala.Session.Open(i, TShellVerb::Open); });
     bindItem(aShellEdit, [this](TMuWallpaper& i) { m_murala.Session.Open(i, TShellVerb::Edit); });
     bindItem(aChangeCategory, [this](TMuWallpaper&) { aChangeCategoryExecute(); });
@@ -247,7 +248,7 @@ void TfMain::SetPreviewSize(TPreviewSize size)
         const wxWindowUpdateLocker lock(this);
         const TValueScope updating(m_murala.Core.Updating, true);
         m_murala.Core.Settings.PreviewSize = size;
-        FitRightPanel();
+        m_panel->FitRightPanel();
     }
     m_murala.Preview.PreviewChanged(false);
     m_murala.Storage.SaveSettings(TSaveFlags().set(sfPreviewSize));
@@ -256,7 +257,7 @@ void TfMain::SetPreviewSize(TPreviewSize size)
 void TfMain::SetViewMode(TViewMode mode)
 {
     m_murala.Core.Settings.ViewMode = mode == vmThumbnails ? vmThumbnails : vmList;
-    m_wallpapers->ShowViewMode();
+    m_panel->Wallpapers().ShowViewMode();
     UpdateHints();
     m_murala.Storage.SaveSettings(TSaveFlags().set(sfViewMode));
 }
@@ -264,7 +265,7 @@ void TfMain::SetViewMode(TViewMode mode)
 void TfMain::SetThumbnailSize(TThumbnailSize size)
 {
     m_murala.Core.Settings.ThumbnailSize = size >= tsSmall && size <= tsLarge ? size : tsNormal;
-    m_wallpapers->ShowThumbnailSize();
+    m_panel->Wallpapers().ShowThumbnailSize();
     m_murala.Storage.SaveSettings(TSaveFlags().set(sfThumbnailSize));
 }
 

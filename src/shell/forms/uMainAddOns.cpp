@@ -25,10 +25,9 @@ void TfMain::BindAddOnActions()
     alMain[aNewGradient].OnExecute = [this] { aNewGradientExecute(); };
     alMain[aCalendarOptions].OnExecute = [this] { aCalendarOptionsExecute(); };
     alMain[aIconBoxOptions].OnExecute = [this] { aIconBoxOptionsExecute(); };
-    alMain[aConfigureAddOn].OnExecute = [this] { alMain.Execute(m_addOnsPage->OptionsAction()); };
+    alMain[aConfigureAddOn].OnExecute = [this] { alMain.Execute(m_panel->AddOnOptions()); };
     alMain[aConfigureAddOn].OnEnabled = [this] {
-        const TActionId options =
-            m_addOnsPage != nullptr ? m_addOnsPage->OptionsAction() : ActionCount;
+        const TActionId options = m_panel != nullptr ? m_panel->AddOnOptions() : ActionCount;
         return options != ActionCount && alMain[options].Enabled();
     };
 }

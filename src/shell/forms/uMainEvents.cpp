@@ -4,9 +4,7 @@
 
 #include "uCallLater.h"
 #include "uPath.h"
-#include "uPreviewSizes.h"
 #include "uProcessMemory.h"
-#include "uSettingsPage.h"
 #include "uStickyEdges.h"
 #include "uText.h"
 #include "uWindowSystem.h"
@@ -29,34 +27,9 @@ constexpr int ScheduleInterval = 1000;
 
 } // namespace
 
-void TfMain::BindEvents()
+void TfMain::ConnectActions()
 {
-    iPreview->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
-        const std::unique_ptr<wxMenu> pmPreview(
-            m_binder.NewMenu({aMiniSize, aNormalSize, aLargeSize}));
-        const TPauseScope pause(m_murala.Core.Pauses);
-        const bool byKey = event.GetPosition() == wxDefaultPosition;
-        iPreview->PopupMenu(pmPreview.get(), byKey ? wxPoint() : wxDefaultPosition);
-    });
-    iPreview->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-        event.Skip();
-        if (!m_murala.Core.Updating)
-            m_murala.Preview.PreviewChanged(false);
-    });
-    iPreview->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
-        event.Skip();
-        if (!std::exchange(m_wasPainted, true))
-            CallLater(*this, [this] { BuildUnseen(); });
-    });
-    pcEffect->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
-        event.Skip();
-        TSettingsPage& page = *m_pages.at(static_cast<std::size_t>(event.GetSelection()));
-        page.Build();
-        page.Arrive();
-    });
-    BindSplitters();
-    BindTimers();
-    alMain.BeforeExecute = [this] { m_wallpapers->View().TellSelection(); };
+    alMain.BeforeExecute = [this] { m_panel->Wallpapers().View().TellSelection(); };
     const TPauses& pauses = m_murala.Core.Pauses;
     alMain.IsWorking = [&pauses] { return pauses.IsWorking(); };
     alMain.Post = [this, &pauses](std::function<void()> execute) {
@@ -65,6 +38,20 @@ void TfMain::BindEvents()
                 execute();
         });
     };
+}
+
+void TfMain::BindEvents()
+{
+    // What is not seen at first waits until the rest of the window is on the screen.
+    m_panel->Preview().Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
+        event.Skip();
+        if (!std::exchange(m_wasPainted, true))
+            CallLater(*this, [this] {
+                m_binder.ShowFileIcons(*GetMenuBar());
+                m_panel->BuildUnseen();
+            });
+    });
+    BindTimers();
     Bind(wxEVT_CLOSE_WINDOW, &TfMain::FormClose, this);
     Bind(wxEVT_CHAR_HOOK, &TfMain::FormCharHook, this);
     Bind(wxEVT_DROP_FILES, &TfMain::FormDropFiles, this);
@@ -116,46 +103,6 @@ void TfMain::BindTimers()
     bind(tHideAppWindow, [this] { m_presence.HideIcon(); });
     // Everything is saved; a message that nobody answers must not hold up the end of the session.
     tEnd.Bind(wxEVT_TIMER, [](wxTimerEvent&) { std::_Exit(0); });
-}
-
-// The right panel keeps its width and the preview its height when the window gets another size, as
-// the user has left them.
-void TfMain::BindSplitters()
-{
-    // The splitters tell of a new place also when they move a sash by themselves for lack of room.
-    const auto isDragged = [] { return wxGetMouseState().LeftIsDown(); };
-    spVertical->Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [=, this](wxSplitterEvent& event) {
-        const int width = spVertical->GetClientSize().x;
-        const int last = std::max(width - m_pagesSize.x, spVertical->GetMinimumPaneSize());
-        event.SetSashPosition(std::min(event.GetSashPosition(), last));
-        if (isDragged())
-            m_rightWidth = width - event.GetSashPosition();
-    });
-    spHorizontal->Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [=, this](wxSplitterEvent& event) {
-        if (isDragged())
-            m_previewHeight = event.GetSashPosition();
-    });
-    for (wxSplitterWindow* splitter : {spVertical, spHorizontal})
-        splitter->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-            event.Skip();
-            CallLater(*this, [this] { PlaceSplitters(); });
-        });
-}
-
-// The preview has its size, and the pages below it have the width that they need.
-void TfMain::FitRightPanel()
-{
-    const auto size = std::clamp(m_murala.Core.Settings.PreviewSize, psMini, psLarge);
-    const wxSize preview = FromDIP(wxSize(PreviewSizes[size].first, PreviewSizes[size].second));
-    m_rightWidth = std::max(preview.x, m_pagesSize.x);
-    m_previewHeight = preview.y;
-    PlaceSplitters();
-}
-
-void TfMain::PlaceSplitters()
-{
-    spVertical->SetSashPosition(-m_rightWidth);
-    spHorizontal->SetSashPosition(m_previewHeight);
 }
 
 // Keys that controls would keep for themselves.
@@ -220,18 +167,12 @@ void TfMain::FormMoving(wxMoveEvent& event)
 }
 
 // The window came to a screen with another number of dots an inch, or that was changed. The toolkit
-// has measured the controls anew, and changes the window's size behind this event.
+// changes the window's size behind this event.
 void TfMain::FormDpiChanged(wxDPIChangedEvent& event)
 {
     event.Skip();
-    m_rightWidth = event.GetNewDPI().x * m_rightWidth / event.GetOldDPI().x;
-    m_previewHeight = event.GetNewDPI().y * m_previewHeight / event.GetOldDPI().y;
-    CallLater(*this, [this] {
-        MeasurePages();
-        m_rightWidth = std::max(m_rightWidth, m_pagesSize.x);
-        PlaceSplitters();
-        m_murala.Preview.PreviewChanged(false);
-    });
+    SetSmallestSize();
+    m_panel->MeasureAnew(event.GetOldDPI().x, event.GetNewDPI().x);
 }
 
 void TfMain::UpdateHints()
@@ -253,10 +194,7 @@ void TfMain::UpdateHints()
 
 void TfMain::ShowLastChange()
 {
-    const wxString text = ToWx(LastChangeText(m_murala.Core.Settings.LastChangeDate));
-    if (text == lLastChange->GetLabel())
-        return;
-    lLastChange->SetLabel(text);
+    m_panel->Bottom().ShowLastChange(LastChangeText(m_murala.Core.Settings.LastChangeDate));
 }
 
 void TfMain::CurrentChanged(TCurrentChange change)

@@ -40,13 +40,9 @@ void TfMain::ShowMessage(const std::string& text)
         m_busyCursor.emplace();
 }
 
-void TfMain::SetStatus(const std::string& text)
+void TfMain::ShowPreviewText(const std::string& text)
 {
-    const wxString label = wxControl::EscapeMnemonics(LeftToRight(ToWx(text)));
-    if (label == pStatusText->GetLabel())
-        return;
-    pStatusText->SetLabel(label);
-    pStatusText->SetToolTip(ToWx(text)); // which may be longer than its place
+    m_panel->Preview().ShowText(ToWx(text));
 }
 
 namespace
@@ -96,7 +92,8 @@ private:
 
 std::unique_ptr<TLongWork> TfMain::BeginWork(int range)
 {
-    return std::make_unique<TMainWork>(TopWindow(), *pbMain, range, m_presence);
+    return std::make_unique<TMainWork>(TopWindow(), m_panel->Bottom().ProgressBar(), range,
+                                       m_presence);
 }
 
 void TfMain::SetBusy(bool busy)

@@ -54,7 +54,7 @@ void TfMain::PlaceFrame(bool isFirstTime)
         SetSize(m_placement.Left, m_placement.Top, m_placement.Width, m_placement.Height);
     // Where the rows were scrolled to before was in a view of another size.
     if (isFirstTime)
-        CallLater(*this, [this] { m_wallpapers->BringFocusIntoView(); });
+        CallLater(*this, [this] { m_panel->Wallpapers().BringFocusIntoView(); });
 }
 
 void TfMain::WaitToSettle()

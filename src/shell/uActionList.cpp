@@ -70,7 +70,7 @@ constexpr TActionRow ActionTable[] = {
     {aIconBoxOptions, "aIconBoxOptions", "", "aIconBoxOptions", "", ""},
 };
 
-// The table stands in the order of the identifiers.
+// The rows stand in the order of TActionId.
 constexpr bool IsInOrder()
 {
     for (int id = 0; id < ActionCount; ++id)

@@ -102,11 +102,11 @@ public:
 
     // Does nothing while the action is disabled or the program works.
     void Execute(TActionId id) const;
-    // Executes it from the event loop: for handlers of keys, and hooks, which must not be entered
-    // again, as whatever lets messages through would. What was wanted while the program works, or
-    // comes up behind a dialog that was opened since, is not done.
+    // Executes the action from the event loop. For handlers of keys, and hooks, which must not be
+    // entered again: an action may show dialogs. A request that comes while the program works, or
+    // whose turn comes when a dialog has opened since, is dropped.
     void Request(TActionId id) const;
-    // What has to be settled first.
+    // Runs before each action: views tell selections that they hold back.
     std::function<void()> BeforeExecute;
     std::function<bool()> IsWorking;
     // Runs it later.

@@ -12,7 +12,7 @@ namespace murala
 namespace
 {
 
-// Empty when it was started.
+// What to tell the user; empty when the effect was started.
 std::string EffectProblem(TEffectStart start, const std::string& effect)
 {
     switch (start) {
@@ -107,7 +107,7 @@ void TApplier::ComposeItem(TMuWallpaper& item)
 
 void TApplier::Install(const TScreenPictures& pictures, TColor color)
 {
-    // The answer may come when the program has long gone on.
+    // The desktop may answer when another wallpaper was installed since.
     m_core.Services.Desktop.Install(
         pictures, color, m_way.Through([this, number = ++m_installs](const TInstalled& installed) {
             if (!installed.Took && number == m_installs)
@@ -170,7 +170,8 @@ bool TApplier::TryRow(int row)
     TMuWallpaper* item = &m_core.List.Item(row);
     return Compose(item, true, TReport::StatusLine, [=, this] {
         m_preview.Release();
-        m_core.Selection.Select(item); // before Rovane is asked for: it belongs to the selected one
+        m_core.Selection.Select(
+            item); // before StartEffect, which closes Rovane only for the selected item
     });
 }
 
@@ -183,7 +184,7 @@ std::string TApplier::StartEffect(const TMuWallpaper& item, bool startEffect)
     }
     if (!startEffect)
         return {};
-    // Messages are let through meanwhile; the item may change.
+    // Copies: messages are let through meanwhile, and one may change the item.
     const std::string effect = item.Effect, fileName = item.FileName();
     const TDisabledScope disabled(m_core.View);
     return EffectProblem(m_effects.RunEffect(effect, fileName), effect);

@@ -1,4 +1,4 @@
-// Putting wallpapers on the desktop, with what belongs to them: colour, labels, effect.
+// Puts wallpapers on the desktop, with all that belongs to them: colour, labels, effect.
 #pragma once
 
 #include "uEffects.h"
@@ -20,28 +20,30 @@ public:
 
     // Makes it the current wallpaper and puts it on the desktop.
     void Apply(TMuWallpaper& item);
-    // Composes and installs the current wallpaper. Whether it is on the desktop now.
+    // Composes and installs the current wallpaper. Returns whether it is on the desktop now.
     bool ComposeWallpaper(bool startEffect, TReport report = TReport::MessageBox);
 
-    // Fewer than two wallpapers: nothing. Whether the next one is on the desktop now.
+    // Does nothing with fewer than two wallpapers. Returns whether the next one is on the desktop
+    // now.
     bool Next(TReport report = TReport::MessageBox);
     void Previous();
-    // The row becomes the current one, is selected and put on the desktop. Whether it is there now.
+    // Selects the row and puts it on the desktop. Returns whether it is there now.
     bool ApplyRow(int row, TReport report);
-    // The row on the desktop, and selected. When it cannot be shown, selection and current
-    // wallpaper stay what they were, and only the status line tells.
+    // Puts the row on the desktop, then selects it. When it cannot be shown, selection and current
+    // wallpaper stay as they were, and only the status line says so.
     bool TryRow(int row);
 
-    // Both only when the item is the wallpaper on the desktop.
+    // Both do something only for the wallpaper that is on the desktop.
     void RefreshColor(const TMuWallpaper& item);
     void RefreshLabels(const TMuWallpaper& item);
 
     std::vector<std::string> ListEffects() const { return m_effects.ListEffects(); }
-    // Starts the settings of the item's effect, on the desktop where it has to be.
+    // Starts the settings of the item's effect, after putting the item on the desktop if it is not
+    // there.
     void RunEffectSettings(TMuWallpaper& item);
 
 private:
-    // The item is the current wallpaper as soon as the desktop has been given its picture.
+    // The item becomes the current wallpaper as soon as the desktop has been given its picture.
     // `onInstalled` runs before the effect is started or ended.
     bool Compose(
         TMuWallpaper* item, bool startEffect, TReport report,

@@ -15,10 +15,10 @@
 namespace murala
 {
 
-// What a failure is reported with.
+// Where a failure is told.
 enum class TReport {
-    MessageBox, // the user asked for it and waits
-    StatusLine, // the program did it by itself, and nobody may be there
+    MessageBox, // the user asked for the work and waits
+    StatusLine, // the program worked by itself, and nobody may be there
 };
 
 struct TCore {
@@ -29,10 +29,10 @@ struct TCore {
     TSelection Selection{List, Listeners};
     TMuSettings Settings;
     TPauses Pauses{Listeners};
-    // At the end of the session nobody reads a message, and the system does not wait for one: it
-    // goes to the standard error output.
+    // Set at the end of the session, when nobody reads messages and the system does not wait for
+    // answers: Tell writes to stderr then.
     bool IsSilent = false;
-    // While it is set nothing is saved and nothing is applied again.
+    // While it is set, nothing is saved, and changed settings are not applied to the desktop.
     bool Updating = true;
     TStatusLine Status{View};
 
@@ -40,9 +40,9 @@ struct TCore {
     TCore(const TCore&) = delete;
     TCore& operator=(const TCore&) = delete;
 
-    // A file of the program folder.
+    // The path of a file in the program folder.
     std::string FilePath(std::string_view name) const;
-    // A message box, unless it is silent.
+    // Shows a message box; see IsSilent.
     void Tell(const std::string& text);
     void Report(TReport report, const std::string& text);
     void Report(TReport report, const std::exception& error);

@@ -18,7 +18,7 @@ void AddGradient(TCore& core, TLibraryDesk& desk, TStorage& storage, const TGrad
         return;
     TMuWallpaper& item = core.List.Item(row);
     if (!isNew) {
-        // The file of a gradient that is still in the list was gone: this one takes its place.
+        // The list has a gradient of that name whose file is gone: the new one takes its place.
         core.List.ForgetThumbnail(file);
         item.FreeThumbnail();
         core.Selection.Select(&item);

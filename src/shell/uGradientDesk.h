@@ -1,4 +1,4 @@
-// Gradients as wallpapers.
+// Makes wallpapers from gradients.
 #pragma once
 
 #include "uGradientShade.h"
@@ -7,9 +7,10 @@
 namespace murala
 {
 
-// Saves the gradient, as long as the screen, in the program folder and adds it to the category
-// "Gradients"; it is then the last and the selected wallpaper, with transparent icons when the
-// selected one before had them. Throws EFileError when it cannot be saved; nothing is added then.
+// Saves the gradient, as high or wide as the screen, in the program folder and adds it to the
+// category "Gradients". It is then the last wallpaper and the selected one, with transparent icons
+// if the one selected before had them. Throws EFileError when it cannot be saved; nothing is added
+// then.
 void AddGradient(TCore& core, TLibraryDesk& desk, TStorage& storage, const TGradientShade& shade,
                  TGradientDirection direction);
 

@@ -60,7 +60,7 @@ void DrawIcon(TBitmap& picture, const TExampleIcon& icon)
     FillRect(picture, {all.Left + 5, all.Top + 3, all.Right - 5, all.Top + 12}, icon.Color);
     for (const int y : {14, 17, 20})
         FillRect(picture, {all.Left + 5, all.Top + y, all.Right - 5, all.Top + y + 1}, 0xA0A0A0);
-    // Dashes for the letters.
+    // Dashes stand for the letters.
     for (int x = label.Left + 3; x + 4 <= label.Right - 2; x += 6)
         FillRect(picture, {x, label.Top + 2, x + 4, label.Bottom - 2}, 0x202020);
 }

@@ -1,4 +1,4 @@
-// An example of what the icon box looks like.
+// Draws an example of the icon box for its dialog.
 #pragma once
 
 #include "uBitmap.h"
@@ -6,7 +6,7 @@
 namespace murala
 {
 
-// A small desktop of 160 x 160 pixels with some icons, drawn with the icon box itself.
+// A small desktop of 160 x 160 pixels with some icons and the icon box around them.
 TBitmap IconBoxExample(bool onlyIcons);
 
 } // namespace murala

@@ -17,8 +17,8 @@ void TItemEditor::Tell(const TItems& items)
         m_core.Listeners.Tell(&TListener::PreviewChanged, false);
 }
 
-// Asking a file for its picture's size takes a moment; those that are left when the user ends it
-// stay as they are.
+// Reading a picture's size from its file takes a moment. The user can end the work; the items that
+// it did not reach keep their mode.
 void TItemEditor::ChangeModes(const TItems& items, const TModeChange& change)
 {
     WorkOn(m_core, items, "Changing Display Mode", change);
@@ -98,7 +98,7 @@ void TItemEditor::ToggleTransparentIcons(const TItems& items)
 {
     if (items.empty() || m_core.Updating)
         return;
-    const TMuWallpaper* checked = m_core.Selection.Item(); // whose state the action shows
+    const TMuWallpaper* checked = m_core.Selection.Item(); // the item whose state the action shows
     if (std::ranges::find(items, checked) == items.end())
         checked = items.front();
     const bool transparent = !checked->TransparentIcons;

@@ -1,4 +1,4 @@
-// The settings of wallpapers: how they are shown, and what goes with them.
+// Changes the settings of wallpapers: display mode, tint, colour, labels, effect.
 #pragma once
 
 #include "uApplier.h"
@@ -23,23 +23,23 @@ public:
     {
     }
 
-    // A mode that an item's picture is too large for becomes another one, with a message (each text
-    // once, however many items it concerns).
+    // Where an item's picture is too large for the mode, the item gets another one, and a message
+    // says so (each text once, however many items it concerns).
     void SetDisplayMode(const TItems& items, TDisplayMode mode);
     void StepDisplayMode(const TItems& items);
     void SetGammaStyle(const TItems& items, TGammaStyle style);
-    // Changes the items; the list is saved by Save when the user lets the slider go.
+    // Changes the items only. Save writes the list when the user lets the slider go.
     void SetTint(const TItems& items, TTintEnd end, TChannel channel, int value);
     void Save() { m_storage.SaveList(); }
     void SetDesktopColor(const TItems& items, TColor color);
-    // All of them become what the first one is not.
+    // All of them get the opposite of what the first one has.
     void ToggleTransparentIcons(const TItems& items);
     void SetEffect(const TItems& items, const std::string& effect);
 
 private:
     using TModeChange = std::function<void(TMuWallpaper& item)>;
     void ChangeModes(const TItems& items, const TModeChange& change);
-    // Tells of the items; the preview is made again when it shows one of them.
+    // Tells of the items, and has the preview drawn again when it shows one of them.
     void Tell(const TItems& items);
 
     TCore& m_core;

@@ -9,7 +9,7 @@
 namespace murala
 {
 
-// One piece of it at a time: whoever begins another one meanwhile is refused.
+// Only one work goes on at a time; beginning another one is refused.
 class TWork
 {
 public:
@@ -17,7 +17,7 @@ public:
     TWork(TCore& core, int range);
 
     bool Step(int position, const std::string& text) { return m_work->Step(position, text); }
-    // What is done at its end, and how long nobody knows.
+    // The last step, of unknown length: `text` says what it is.
     void Finish(const std::string& text);
 
 private:
@@ -26,9 +26,9 @@ private:
     std::unique_ptr<TLongWork> m_work;
 };
 
-// Does `each` with one item after the other, shows how far that is and lets the user end it between
-// two of them. How many were done. `what` stands before the item's title, e.g. "Renaming
-// Wallpaper".
+// Calls `each` with one item after the other, shows the progress, and lets the user end the work
+// between two items. Returns how many were done. `what` stands before the item's title, e.g.
+// "Renaming Wallpaper".
 std::size_t WorkOn(TCore& core, const TItems& items, std::string_view what,
                    const std::function<void(TMuWallpaper&)>& each);
 

@@ -6,7 +6,7 @@
 namespace murala
 {
 
-// In the order of the rows.
+// The items stand in the order of the rows.
 template<typename TRows>
 TItems ItemsAt(const TMuWallpaperList& list, const TRows& rows)
 {

@@ -42,7 +42,7 @@ int TLibraryDesk::AddFiles(const std::vector<std::string>& fileNames, const std:
         for (int i = 0; i < range; ++i) {
             const std::string& fileName = fileNames[static_cast<std::size_t>(i)];
             const std::string text = FormatText("Loading images (%s)", {FileNamePart(fileName)});
-            // Telling every single file would take longer than adding it.
+            // Showing each file would take longer than adding it.
             if (i % TellEach == 0)
                 m_core.Status.Note(text);
             if (i % TellEach == 0 && !work.Step(i, text))
@@ -52,7 +52,7 @@ int TLibraryDesk::AddFiles(const std::vector<std::string>& fileNames, const std:
     }
     if (added > 0)
         m_core.Listeners.Tell(&TListener::RowsChanged);
-    // Also when all were known: the status line still tells of the loading.
+    // Even when all files were known, this replaces "Loading images" in the status line.
     m_core.Selection.Select(added > 0 ? &m_core.List.Item(m_core.List.Count() - 1)
                                       : m_core.Selection.Item());
     if (added > 0)
@@ -69,14 +69,15 @@ void TLibraryDesk::RememberFolder(const std::string& folder)
 void TLibraryDesk::RemoveSelected()
 {
     std::vector<int> rows = m_core.Selection.Rows();
-    // Deleting thousands of files takes a while; what is left when the user ends it stays.
+    // Deleting thousands of thumbnails takes a while. When the user ends it, the items that were
+    // not reached stay in the list.
     rows.resize(WorkOn(m_core, ItemsAt(m_core.List, rows), "Removing", [this](TMuWallpaper& item) {
         m_core.List.FreeThumbnail(item);
         item.DeleteThumbnailFile();
     }));
     if (rows.empty())
         return;
-    // They live until everybody knows that they are gone.
+    // The items are kept until every listener knows that they are gone.
     const auto removed = m_core.List.DeleteMany(rows);
     m_core.Selection.Forget(removed);
     m_core.Listeners.Tell(&TListener::RowsChanged);

@@ -1,4 +1,4 @@
-// Adding, removing, naming and ordering wallpapers.
+// Adds, removes, names and orders wallpapers.
 #pragma once
 
 #include "uStorage.h"
@@ -15,22 +15,23 @@ class TLibraryDesk
 public:
     TLibraryDesk(TCore& core, TStorage& storage) : m_core(core), m_storage(storage) {}
 
-    // Files that are in the list already are left out. An empty category: each file's folder.
-    // Returns how many were added; the last of them is then the selected one.
+    // Leaves out files that the list has already. With an empty category each item gets its file's
+    // folder. Returns how many were added; the last of them is then selected.
     int AddFiles(const std::vector<std::string>& fileNames, const std::string& category = {});
-    // Where the next add begins.
+    // The folder in which the Add dialog begins next time.
     void RememberFolder(const std::string& folder);
     void RemoveSelected();
     void Rename(TMuWallpaper& item, const std::string& title);
-    // Titles made anew from the file names; those that are made when the user ends it stay.
+    // Makes titles anew from the file names. When the user ends it, the titles made so far stay.
     void Retitle(const TItems& items);
-    // In the order in which they first occur.
+    // Each category once, in the order of the list.
     std::vector<std::string> Categories() const;
     void SetCategory(const TItems& items, const std::string& category);
 
-    // The same column again inverts the direction; another one keeps it. Does not save.
+    // Sorting by the same column again inverts the direction; another column keeps it. Does not
+    // save the list.
     void SortByColumn(TListColumn column);
-    // Empty: as the list file has them.
+    // Empty while the rows stand as in the list file.
     std::optional<TListColumn> SortColumn() const { return m_sortColumn; }
     bool IsSortAscending() const { return m_sortAscending; }
 

@@ -13,11 +13,11 @@ namespace murala
 class TLongWork
 {
 public:
-    virtual ~TLongWork() = default; // the work has ended
-    // `position` steps are done; `text` says what comes next. False: it is to end here, as the
-    // user or the end of the session wants.
+    virtual ~TLongWork() = default; // its end closes the progress window
+    // To be called before each step: `position` steps are done, `text` says what comes next.
+    // Returns false when the user, or the end of the session, wants the work to end here.
     virtual bool Step(int position, const std::string& text) = 0;
-    // All steps are done; `text`, shown at once, says what still is to come.
+    // All steps are done; shows at once what still has to be done.
     virtual void Finish(const std::string& text) = 0;
 };
 
@@ -26,18 +26,19 @@ class TMainView
 public:
     virtual ~TMainView() = default;
 
-    // A message box, waiting for the user. Messages are let through meanwhile.
+    // Shows a message box and waits for the user. Messages are let through meanwhile.
     virtual void ShowMessage(const std::string& text) = 0;
     virtual void SetStatus(const std::string& text) = 0;
-    // Long work of so many steps: shows how far it is while it lasts. Messages are let through
-    // meanwhile, so the caller holds a pause.
+    // Shows the progress of long work with so many steps, as long as the result lives. Messages are
+    // let through meanwhile, so the caller holds a pause.
     virtual std::unique_ptr<TLongWork> BeginWork(int range) = 0;
-    // The hourglass, nested.
+    // The hourglass. Calls may be nested.
     virtual void SetBusy(bool busy) = 0;
-    // Takes the window's input away and gives it back, nested, with the focus where it was.
+    // Takes the window's input away, and gives it back with the focus where it was. Calls may be
+    // nested.
     virtual void EnableWindow(bool enable) = 0;
 
-    // Whether the user sees the window, or is about to, at the start.
+    // Whether the user sees the window or, during the start, will see it.
     virtual bool IsWindowVisible() = 0;
     virtual void MinimiseWindow() = 0;
     virtual TPlacement NormalPlacement() = 0;

@@ -1,5 +1,5 @@
-// The program without its windows: loads, wires and closes its parts. Each part holds the rules of
-// one kind of command and can be read alone.
+// The program without its windows. TMurala loads, connects and closes the parts; each part holds
+// the rules of one kind of command and can be read alone.
 #pragma once
 
 #include "uAddOnDesk.h"
@@ -36,7 +36,7 @@ public:
 
     TMurala(const TServices& services, TMainView& view) : Core(services, view) {}
 
-    // `placement` is the window's present one.
+    // `placement` is where the window would stand without settings.
     void LoadSettings(const TPlacement& placement)
     {
         Storage.LoadSettings(placement);

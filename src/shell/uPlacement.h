@@ -1,4 +1,4 @@
-// Where a window goes that was left on other screens than there are today.
+// Where the window goes when the screens have changed since it was closed.
 #pragma once
 
 #include "uGeometry.h"
@@ -8,13 +8,13 @@
 namespace murala
 {
 
-// `areas` are the screens' work areas, the primary one first; not empty. A window whose corners, by
-// no more than `tolerance` pixels, lie on screens stays where it was (the frame's invisible borders
-// reach over an edge). Any other is moved into the area that it shares most with, in the middle of
-// the primary one where there is none, and made no larger than that.
+// `areas` are the screens' work areas, the primary one first; not empty. A window whose corners all
+// lie on screens, or at most `tolerance` pixels beside them, stays (a frame's invisible borders
+// reach over an edge). Any other window is moved into the area that it shares most with, or to the
+// middle of the primary one, and made no larger than the area.
 TRect FitToScreens(const TRect& window, const std::vector<TRect>& areas, int tolerance);
 
-// What is left of a screen where its task bar stands, docked to an edge, that its work area counts.
+// Some work areas still count a docked task bar: returns what is left of the screen without it.
 TRect WithoutTaskBar(TRect area, const TRect& bar);
 
 } // namespace murala

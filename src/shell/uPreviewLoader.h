@@ -26,7 +26,7 @@ public:
     void ItemsChanged(const TItems&) override { ShowStatus(); }
     void PreviewChanged(bool loadPicture) override;
 
-    // The time that TMainView::WakePreview was told has passed.
+    // The time that TMainView::WakePreview was given has passed.
     void Tick();
     // Another program may have edited the picture.
     void LookAgain();

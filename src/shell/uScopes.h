@@ -1,4 +1,4 @@
-// State that holds for the time of a scope and is as before at its end, whatever was thrown.
+// Guards: state that holds during a scope and is as before at its end, whatever is thrown.
 #pragma once
 
 #include "uListeners.h"
@@ -9,7 +9,7 @@
 namespace murala
 {
 
-// A variable with another value.
+// Gives a variable another value.
 template<typename T>
 class TValueScope
 {
@@ -27,7 +27,7 @@ private:
     T m_before;
 };
 
-// The hourglass.
+// Shows the hourglass.
 class TBusyScope
 {
 public:
@@ -40,7 +40,7 @@ private:
     TMainView& m_view;
 };
 
-// The window takes no input.
+// Keeps the window from taking input.
 class TDisabledScope
 {
 public:
@@ -53,8 +53,8 @@ private:
     TMainView& m_view;
 };
 
-// While a dialog, a message or a change of the wallpaper goes on, messages are let through, but the
-// schedule, the tray, other copies' files and the end of the program wait.
+// While a dialog or a message is open, or the wallpaper is being changed, messages are let through.
+// During such a pause the schedule, the tray, other copies' files and the end of the program wait.
 class TPauses
 {
 public:
@@ -91,7 +91,7 @@ private:
     TPauses& m_pauses;
 };
 
-// A pause in which the program works on its wallpapers: no action is begun meanwhile.
+// A pause in which the program works on its wallpapers: no action begins meanwhile.
 class TWorkScope
 {
 public:

@@ -1,5 +1,5 @@
-// Which wallpapers are selected and which one is on the desktop: by identity, so that adding,
-// removing and sorting change neither.
+// Which wallpapers are selected and which one is on the desktop. Both are kept by the items'
+// identity, so that adding, removing and sorting change neither.
 #pragma once
 
 #include "uListeners.h"
@@ -18,20 +18,20 @@ public:
 
     std::size_t Count() const { return m_selected.size(); }
     bool Contains(const TMuWallpaper& item) const { return m_selected.contains(&item); }
-    // In the order of the list.
+    // In the list's order.
     TItems Items() const;
     std::vector<int> Rows() const;
-    // The one that commands for a single item mean: the focused one when it is selected, else the
-    // first selected one, else null.
+    // The item for commands that work on one: the focused item when it is selected, else the first
+    // selected one, else null.
     TMuWallpaper* Item() const;
     int Row() const;
-    // Where the keyboard is, selected or not; -1 when it is nowhere.
+    // The row with the keyboard's focus, selected or not; -1 when there is none.
     int FocusedRow() const { return m_focused != nullptr ? m_list.IndexOf(m_focused) : -1; }
 
-    // Makes it the only selected one; null clears the selection.
+    // Selects this item alone; null clears the selection.
     void Select(const TMuWallpaper* item);
-    // `focusedRow` may be -1 or a row that is not selected. Nobody is told of a focus that moves
-    // over such rows.
+    // `focusedRow` may be -1 or a row that is not selected. A focus that moves over rows that are
+    // not selected is told to nobody.
     void SelectRows(const std::vector<int>& rows, int focusedRow);
     void SelectAll();
 
@@ -41,8 +41,8 @@ public:
     bool IsCurrent(const TMuWallpaper& item) const { return &item == m_current; }
     void SetCurrent(TMuWallpaper* item, TCurrentChange change = TCurrentChange::Chosen);
 
-    // Items that have left the list. Nobody is told: the caller does, when the rows are right
-    // again.
+    // Drops items that have left the list, without telling anybody: the caller does that when the
+    // rows are right again.
     void Forget(const std::vector<std::unique_ptr<TMuWallpaper>>& items);
 
 private:

@@ -47,11 +47,11 @@ struct TServices {
     std::string ProgramFile;   // full path
 };
 
-// The real ones of this home.
+// The services of this home.
 class THomeServices
 {
 public:
-    // The door outlives them.
+    // `door` must outlive them.
     explicit THomeServices(TDoor& door);
     TServices Services();
 

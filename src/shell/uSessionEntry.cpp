@@ -13,7 +13,7 @@ namespace murala
 void TSessionEntry::Load()
 {
     m_startAtStartup = m_core.Services.Autostart.RunValueExists(std::string(ApplicationTitle));
-    // Writing the command of an existing entry again keeps it right when the program was moved.
+    // Written again although it exists: the program may have been moved.
     if (m_startAtStartup)
         SetRunValue();
     m_isShellIntegrated = murala::IsShellIntegrated(m_core.Services.FileMenu);
@@ -36,7 +36,7 @@ void TSessionEntry::SetStartAtStartup(bool start)
         SetRunValue();
     else
         m_core.Services.Autostart.DeleteRunValue(std::string(ApplicationTitle));
-    // An entry for the whole machine can stay.
+    // An entry for all users of the machine may remain.
     m_startAtStartup = m_core.Services.Autostart.RunValueExists(std::string(ApplicationTitle));
 }
 
@@ -68,11 +68,11 @@ void TSessionEntry::SetShellIntegration(bool integrated)
 void TSessionEntry::ImportQueuedFiles()
 {
     const TDisabledScope disabled(m_core.View);
-    // A copy that starts meanwhile may queue more.
+    // In a loop: a copy that starts meanwhile may queue more.
     for (auto files = m_core.Services.FileQueue.TakeQueuedFiles(); !files.empty();
          files = m_core.Services.FileQueue.TakeQueuedFiles()) {
         m_desk.AddFiles(files);
-        // The end of the session ends the work; the next start goes on with it.
+        // When the session ends, the rest stays queued for the next start.
         if (m_core.IsSilent) {
             m_core.Services.FileQueue.QueueFiles(files);
             return;

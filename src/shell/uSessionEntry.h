@@ -1,4 +1,4 @@
-// Where the program meets the user's session: its start, the file manager's menu, files from other
+// The program in the user's session: starting with it, the file manager's menu, files from other
 // copies, other programs for a picture.
 #pragma once
 
@@ -18,10 +18,10 @@ public:
     {
     }
 
-    // Looks what is so in the session. After the settings were read.
+    // Reads the session's state; to be called after the settings were read.
     void Load();
 
-    // Start with the session.
+    // Whether Murala starts with the session.
     bool StartAtStartup() const { return m_startAtStartup; }
     void SetStartAtStartup(bool start);
     void SetApplyOnStartup(bool apply);
@@ -29,16 +29,16 @@ public:
 
     // Whether pictures have "Add to Murala" in the file manager's menus.
     bool IsShellIntegrated() const { return m_isShellIntegrated; }
-    // Tells when the program that the menu starts is missing.
+    // Shows a message when the program that the menu would start is missing.
     void SetShellIntegration(bool integrated);
 
-    // Takes in the files that other copies have queued.
+    // Adds the files that other copies have queued.
     void ImportQueuedFiles();
 
     void Open(const TMuWallpaper& item, TShellVerb verb);
-    // The help file when there is one, else our own pages.
+    // Opens the help file if there is one, else our own pages.
     void OpenHelp();
-    // Where wallpapers come from: the build's page in the web, else our own.
+    // Opens the web page that was set when Murala was built, else our own page.
     void OpenDownloadPage();
     void OpenDisplayProperties() { m_core.Services.Launcher.OpenDisplayProperties(); }
 

@@ -1,4 +1,4 @@
-// Files that come with the program.
+// Finds files that come with the program.
 #pragma once
 
 #include "uServices.h"
@@ -10,8 +10,8 @@
 namespace murala
 {
 
-// A file or a folder, such as "samples" or "help/index.html": in the program folder, beside the
-// program file, or where an installed program has it.
+// Looks for a file or a folder, such as "samples" or "help/index.html", in the program folder,
+// beside the program file, and where an installed program has it.
 std::optional<std::string> FindShippedFile(const TServices& services, std::string_view name);
 
 } // namespace murala

@@ -10,7 +10,7 @@ namespace murala
 namespace
 {
 
-// A few milliseconds for a photograph.
+// Keeps a step at a few milliseconds for photographs.
 constexpr int PixelsPerStep = 1 << 20;
 
 std::filesystem::file_time_type FileTime(const std::string& fileName)

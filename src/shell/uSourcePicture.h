@@ -1,4 +1,4 @@
-// The picture of the selected wallpaper at its full size, kept for the preview and for applying.
+// The selected wallpaper's picture in full size, held for the preview and for applying.
 #pragma once
 
 #include "uImageFile.h"
@@ -14,18 +14,18 @@ namespace murala
 class TSourcePicture
 {
 public:
-    // A short step towards holding the file as it is now; true when it is held. Throws
+    // Makes one short step of loading the file as it is now; returns true when it is held. Throws
     // EInvalidImage.
     bool LoadSome(const std::string& fileName);
     void Load(const std::string& fileName);
     void Release();
 
     bool Holds(const std::string& fileName) const;
-    // Whether it is held as it was before the file was written again.
+    // Whether it is held, but the file was written again since.
     bool IsOutOfDate(const std::string& fileName) const;
     TSize Size() const { return m_bitmap.Size(); }
 
-    // The held rows when the file is held, else the file's. Throws EInvalidImage.
+    // A reader of the held picture if the file is held, else of the file. Throws EInvalidImage.
     std::unique_ptr<TImageReader> Open(const std::string& fileName) const;
     // {0, 0} when the file cannot be read.
     TSize SizeOf(const std::string& fileName) const;

@@ -8,7 +8,8 @@ namespace murala
 namespace
 {
 
-// How far to move along one axis. The near edge comes first: a window as wide as the area has both.
+// How far to move along one axis. The near edge goes first: a window as wide as the area is near
+// both.
 int Snap(int from, int to, int areaFrom, int areaTo, int distance)
 {
     if (std::abs(from - areaFrom) < distance)

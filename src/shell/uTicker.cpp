@@ -11,14 +11,14 @@ namespace murala
 namespace
 {
 
-// So many pictures that cannot be shown are passed over a second apart; a drive may be gone, so
-// from then on one is tried a minute.
+// A picture that cannot be shown is passed over, one a second. After this many in a row a drive is
+// probably gone, and one a minute is tried.
 constexpr int QuickChanges = 5;
 constexpr TDateTime RestAfterFailures = 1 / MinutesPerDay;
 
 bool IsResting(TDateTime now, TDateTime end)
 {
-    // A moment further off than that is one from before the clock was set back.
+    // A time further ahead was set before the clock was set back.
     return now < end && end < now + 2 * RestAfterFailures;
 }
 
@@ -31,7 +31,7 @@ bool TTicker::IsChangeDue()
         return false;
     const TDateTime now = m_core.Services.Clock.Now();
     settings.LastChangeDate = LastChangeBefore(settings.LastChangeDate, now);
-    // Asking for the screen saver takes longest.
+    // The screen saver is asked last, because that takes longest.
     return m_core.List.Count() >= 2 &&
            murala::IsChangeDue(ScheduleOf(settings), settings.LastChangeDate, now) &&
            !IsResting(now, m_noChangeBefore) && !m_core.Services.ScreenSaver.IsRunning();
@@ -56,7 +56,7 @@ void TTicker::PassOver()
     m_noChangeBefore = m_failedChanges < QuickChanges ? now : now + RestAfterFailures;
     if (m_failedChanges < m_core.List.Count())
         return;
-    // Not one of the pictures can be shown: try again when the next change is due.
+    // No picture can be shown at all: wait until the next change is due.
     m_failedChanges = 0;
     m_core.Settings.LastChangeDate = now;
 }
@@ -84,7 +84,8 @@ void TTicker::RefreshTick()
             DrawNewDay();
     }
     if (isNewDay) {
-        m_core.Listeners.Tell(&TListener::PreviewChanged, false); // it shows the calendar, too
+        m_core.Listeners.Tell(&TListener::PreviewChanged,
+                              false); // the preview shows the calendar, too
         m_storage.SaveSettings(TSaveFlags().set(sfCalendarDate));
     }
     m_tray.RefreshMenu();
@@ -97,14 +98,14 @@ void TTicker::RefreshLabels()
         SetIconsTransparent(m_core.Services.IconView);
 }
 
-// Before the first wallpaper was applied the desktop is the user's own.
+// Before Murala has applied a wallpaper the desktop shows the user's own.
 bool TTicker::IsDesktopOurs() const
 {
     const std::string name = WallpaperBitmapName(m_core.Services.Siblings.GetVeyraDesktop());
     return m_core.Selection.Current() != nullptr && IsReachableFile(m_core.FilePath(name));
 }
 
-// Also when the clock was set back: the calendar shows the day that it is.
+// Any other day counts, so that the calendar is right after the clock was set back.
 bool TTicker::IsNewDay()
 {
     const TMuSettings& settings = m_core.Settings;
@@ -119,8 +120,8 @@ void TTicker::DrawNewDay()
         m_noNewDayBefore = m_core.Services.Clock.Now() + RestAfterFailures;
 }
 
-// It stays the same wallpaper, with the effect that runs or does not run; the schedule counts from
-// the moment at which it was changed, or one of several days would never end.
+// Composes the same wallpaper again and leaves its effect alone. LastChangeDate stays, or a
+// schedule of several days would never be due.
 bool TTicker::ComposeAgain()
 {
     TDateTime& lastChange = m_core.Settings.LastChangeDate;
@@ -134,14 +135,15 @@ void TTicker::ScreensChanged()
     ComposeForScreens();
 }
 
-// A dialog or a screen saver puts it off.
+// Put off during a dialog or a screen saver.
 void TTicker::ComposeForScreens()
 {
     if (!m_isOtherScreen || m_core.Updating || m_core.Pauses.IsPaused() ||
         m_core.Services.ScreenSaver.IsRunning())
         return;
     m_isOtherScreen = false;
-    m_core.Listeners.Tell(&TListener::PreviewChanged, false); // in the screen's proportions
+    m_core.Listeners.Tell(&TListener::PreviewChanged,
+                          false); // the preview has the screen's proportions
     if (IsDesktopOurs())
         ComposeAgain();
 }

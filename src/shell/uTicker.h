@@ -1,4 +1,4 @@
-// What the program does by itself as time goes by.
+// What the program does by itself: schedule, labels, tray icon, new day, new screens.
 #pragma once
 
 #include "uApplier.h"
@@ -19,15 +19,15 @@ public:
         m_core.Services.Desktop.ListenToScreens(m_way.Through([this] { ScreensChanged(); }));
     }
 
-    // Every second: changes the wallpaper when the schedule says so.
+    // To be called every second. Changes the wallpaper when it is due.
     void ScheduleTick();
     void SetSchedule(const TScheduleSettings& schedule);
-    // Every five seconds: the icons' labels as the current wallpaper wants them (the shell forgets
-    // it now and then), the tray icon, which is lost when the shell begins anew, and the calendar
-    // on the desktop as the day wants it.
+    // To be called every five seconds. Makes the labels transparent again (the shell forgets it now
+    // and then), puts the tray icon back (it is lost when the shell starts anew), and draws the
+    // calendar of a new day.
     void RefreshTick();
 
-    // Another monitor or resolution: the wallpaper is made for it.
+    // Monitors or resolutions changed: makes the wallpaper for them.
     void ScreensChanged();
 
 private:
@@ -44,10 +44,10 @@ private:
     TStorage& m_storage;
     TApplier& m_applier;
     TTray& m_tray;
-    int m_failedChanges = 0;        // one after the other
-    TDateTime m_noChangeBefore = 0; // after too many of them
+    int m_failedChanges = 0;        // in succession
+    TDateTime m_noChangeBefore = 0; // set after too many failures
     TDateTime m_noNewDayBefore = 0; // after a failure
-    bool m_isOtherScreen = false;   // than the wallpaper was made for
+    bool m_isOtherScreen = false;   // screens have changed since the wallpaper was made
     TDoorway m_way;
 };
 

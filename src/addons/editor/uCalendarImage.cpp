@@ -30,7 +30,7 @@ TCalendarImage::TCalendarImage(wxWindow* parent, const wxString& name)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE, name)
 {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
-    m_container.DisableSelfFocus(); // keys move the bars, and scroll the parent
+    m_container.DisableSelfFocus(); // the sliders beside it are for the keyboard
     Bind(wxEVT_PAINT, &TCalendarImage::OnPaint, this);
     Bind(wxEVT_LEFT_DOWN, &TCalendarImage::OnLeftDown, this);
     Bind(wxEVT_MOTION, &TCalendarImage::OnMotion, this);
@@ -38,7 +38,7 @@ TCalendarImage::TCalendarImage(wxWindow* parent, const wxString& name)
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { HideOutline(); });
 }
 
-// The window may be closed by a key meanwhile.
+// A key may close the window during a drag.
 TCalendarImage::~TCalendarImage()
 {
     if (HasCapture())
@@ -69,7 +69,7 @@ void TCalendarImage::OnPaint(wxPaintEvent&)
 {
     wxAutoBufferedPaintDC dc(this);
     const TBitmap& shown = m_shown.Width() > 0 ? m_shown : m_picture;
-    // Only what is seen: a whole picture takes a while to hand over.
+    // Draws only the visible part: the whole picture takes a while.
     const wxRect visible =
         GetUpdateRegion().GetBox().Intersect(wxRect(0, 0, shown.Width(), shown.Height()));
     if (!visible.IsEmpty())
@@ -78,7 +78,7 @@ void TCalendarImage::OnPaint(wxPaintEvent&)
         return;
     dc.SetBrush(*wxTRANSPARENT_BRUSH);
     for (int line = 0; line < 2 * OutlineWidth; ++line) {
-        // Light and dark: it is seen on every picture.
+        // A light and a dark line: one of them is seen on any picture.
         dc.SetPen(line < OutlineWidth ? *wxWHITE_PEN : *wxBLACK_PEN);
         dc.DrawRectangle(
             wxRect(bDrag->Left, bDrag->Top, bDrag->Width(), bDrag->Height()).Deflate(line));
@@ -138,7 +138,7 @@ void TCalendarImage::HideOutline()
     bDrag.reset();
 }
 
-// The four sides: what lies between them stays.
+// Refreshes the four sides only.
 void TCalendarImage::RefreshOutline()
 {
     const wxRect box(bDrag->Left, bDrag->Top, bDrag->Width(), bDrag->Height());

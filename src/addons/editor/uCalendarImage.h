@@ -1,4 +1,4 @@
-// The picture with the calendar on it, which can be dragged to another place.
+// Shows the picture with its calendar, which can be dragged.
 #pragma once
 
 #include "uBitmap.h"
@@ -20,11 +20,11 @@ public:
     TCalendarImage(wxWindow* parent, const wxString& name);
     ~TCalendarImage() override;
 
-    // The picture with its calendar, shown in that size.
+    // Shows the picture with its calendar in that size.
     void ShowPicture(TBitmap picture, const TCalendarSettings& settings, TSize size);
-    // The calendar's size or place changed; it is not drawn anew, but can be grabbed there.
+    // The calendar has another size or place: it can be grabbed there, but is not drawn anew yet.
     void SetSettings(const TCalendarSettings& settings) { m_settings = settings; }
-    // The same picture in another size.
+    // Shows the same picture in another size.
     void ShowSize(TSize size);
     const TBitmap& Picture() const { return m_picture; }
 
@@ -39,7 +39,7 @@ private:
     TCalendarView View() const { return {m_size, m_picture.Size(), m_settings}; }
 
     TBitmap m_picture;
-    TBitmap m_shown; // the picture in its size, unless it is that of the picture
+    TBitmap m_shown; // the scaled picture; empty when it is not scaled
     TCalendarSettings m_settings;
     TSize m_size;
     std::optional<TRect> bDrag; // the outline while the calendar is dragged

@@ -95,7 +95,7 @@ void TfMainCalendar::ShowSettings()
         area.Bars->ShowTint(settings.*area.Tint);
 }
 
-// Where the stored name leads; the sample planet when there is nothing.
+// The file that the settings name; the sample planet when they name none.
 std::optional<std::string> TfMainCalendar::BackgroundPath() const
 {
     const std::string& name = m_editor.BackgroundFileName;
@@ -224,7 +224,7 @@ void TfMainCalendar::aBorderColorExecute()
     aRenderExecute();
 }
 
-// What cannot be saved keeps the window open, so that nothing is lost.
+// When saving fails the dialog stays open, so that nothing is lost.
 void TfMainCalendar::aOkExecute()
 {
     const std::string path = JoinPath(m_services.ProgramFolder, CalendarFileName);
@@ -248,15 +248,15 @@ void TfMainCalendar::TitleFormatChanged()
     aRenderExecute();
 }
 
-// The new size shows when something else draws the calendar, or the user asks for it.
+// The calendar is drawn in the new size when another control, or the user, asks for drawing.
 void TfMainCalendar::WidthTyped(const wxString& text)
 {
     long width = 0;
     int& stored = m_calendar.Settings.CalendarWidth;
     if (m_isShowing || !text.ToLong(&width))
         return;
-    // A width that is out of the control's range stays as it was typed, or as it stood in the file,
-    // when the control brings its own text back into the range.
+    // The control corrects a width out of its range. Such a width, typed or from the file, stays in
+    // the settings as it is.
     if (width == std::clamp(stored, seCalendarWidth->GetMin(), seCalendarWidth->GetMax()))
         return;
     stored = static_cast<int>(width);

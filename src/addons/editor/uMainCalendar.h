@@ -1,4 +1,4 @@
-// The calendar editor.
+// The calendar editor's dialog.
 #pragma once
 
 #include "uCalendarImage.h"
@@ -27,15 +27,15 @@ namespace murala
 class TfMainCalendar : public wxDialog
 {
 public:
-    // With a background from the caller there are no controls for its file, and none is stored.
-    // Throws EFileError when the calendar's file cannot be read: it is not written, either.
+    // When the caller gives a background, there are no controls for its file, and none is stored.
+    // Throws EFileError when the calendar's file cannot be read; it is not written then.
     TfMainCalendar(wxWindow* parent, const TServices& services,
                    std::optional<TBitmap> background = std::nullopt);
 
     const TCalendarSettings& Settings() const { return m_calendar.Settings; }
 
 private:
-    // An area with its own tint.
+    // One area of the calendar with its tint.
     struct TBlendingArea {
         wxStaticBox* Box = nullptr;
         TChannelBars* Bars = nullptr;
@@ -94,7 +94,7 @@ private:
     TMuCalendar m_calendar;
     TCalendarEditorSettings m_editor;
     bool m_hasBackgroundFile;
-    bool m_isShowing = false; // the controls are being set
+    bool m_isShowing = false; // the program sets the controls, not the user
 
     wxSpinCtrl* seCalendarWidth = nullptr;
     wxSpinCtrl* seCalendarHeight = nullptr;

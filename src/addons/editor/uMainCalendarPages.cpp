@@ -68,7 +68,7 @@ wxWindow* Finish(wxWindow* page, wxSizer* rows)
     auto* frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(rows, wxSizerFlags(1).Expand().DoubleBorder());
     page->SetSizer(frame);
-    page->FitInside(); // a large font needs more than the page has
+    page->FitInside(); // with a large font the content does not fit
     return page;
 }
 
@@ -114,7 +114,7 @@ wxWindow* TfMainCalendar::BuildPages()
     AddPage(*pages, BuildSizePage(pages), "&Size");
     AddPage(*pages, BuildFeaturesPage(pages), "&Features");
     AddPage(*pages, BuildBlendingPage(pages), "&Blending");
-    // Wide enough for the widest page with its scroll bar.
+    // As wide as the widest page with its scroll bar.
     wxSize size;
     for (std::size_t i = 0; i < pages->GetPageCount(); ++i)
         size.IncTo(wxSize(pages->GetPage(i)->GetSizer()->CalcMin().x, 0));
@@ -189,7 +189,7 @@ wxWindow* TfMainCalendar::BuildFeaturesPage(wxWindow* parent)
     return Finish(page, rows);
 }
 
-// The font with the colour of its letters: not every system's font dialog has one.
+// A font and its colour: not every system's font dialog has a colour.
 wxSizer* TfMainCalendar::NewFontRow(wxWindow* parent, const wxString& caption, const wxString& name,
                                     TMuFont TCalendarSettings::*font)
 {
@@ -312,7 +312,7 @@ void TfMainCalendar::BuildPreview()
 {
     sbCalendar = new wxScrolledWindow(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(420, 360)),
                                       wxHSCROLL | wxVSCROLL | wxBORDER_THEME, "sbCalendar");
-    // Pixel by pixel, or a strip of up to a line would stay empty behind the picture's end.
+    // Scrolls by pixels: with larger steps an empty strip would stay behind the picture's end.
     sbCalendar->SetScrollRate(1, 1);
     const auto scroll = [this](bool isAcross, int lines) {
         const wxPoint start = sbCalendar->GetViewStart();

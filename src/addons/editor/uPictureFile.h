@@ -1,4 +1,4 @@
-// Pictures of all the kinds that this system can read.
+// Opens pictures of all kinds that this system can read.
 #pragma once
 
 #include "uImageFile.h"
@@ -6,7 +6,7 @@
 namespace murala
 {
 
-// JPEG and BMP pictures, icons, and metafiles where the system has them. Throws EInvalidImage.
+// JPEG and BMP files, icons, and metafiles where the system knows them. Throws EInvalidImage.
 TBitmap LoadPictureFile(const std::string& fileName);
 
 } // namespace murala

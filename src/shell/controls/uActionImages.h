@@ -8,7 +8,8 @@
 namespace murala
 {
 
-// An empty bundle for an action without a picture. `side` is the picture's nominal side in DIPs.
+// Returns an empty bundle for an action without a picture. `side` is the picture's nominal side in
+// DIPs.
 wxBitmapBundle ActionImage(TActionId action, int side);
 
 } // namespace murala

@@ -10,7 +10,7 @@ namespace murala
 void CallLater(wxEvtHandler& handler, std::function<void()> work)
 {
     handler.CallAfter([work = std::move(work)] {
-        // The toolkit catches what events throw, but not this.
+        // The toolkit catches what handlers of events throw, but not what CallAfter runs.
         try {
             work();
         } catch (...) {

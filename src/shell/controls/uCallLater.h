@@ -1,4 +1,4 @@
-// Work that is done once the present messages are answered.
+// Runs work later, when the events of this moment are handled.
 #pragma once
 
 #include <functional>
@@ -8,8 +8,8 @@
 namespace murala
 {
 
-// Never after the handler has gone. What the work throws ends where everything does that a handler
-// of an event throws: in the application's net.
+// The work is dropped when the handler goes first. What it throws reaches
+// TMuralaApp::OnExceptionInMainLoop, as everything does that an event's handler throws.
 void CallLater(wxEvtHandler& handler, std::function<void()> work);
 
 } // namespace murala

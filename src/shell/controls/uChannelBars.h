@@ -13,7 +13,7 @@
 namespace murala
 {
 
-// Values, and how far a page key moves.
+// The sliders' values; `Page` is how far Page Up and Page Down move them.
 struct TChannelRange {
     int Minimum, Maximum, Page;
 };
@@ -22,25 +22,26 @@ inline constexpr TChannelRange TintRange{-256, 255, 40};
 class TChannelBars : public wxPanel
 {
 public:
-    // The user moves a slider; then, once, that it stays where it is.
+    // OnChange runs while the user moves a slider, OnSettled once when it has stayed where it is.
     std::function<void(TChannel channel, int value)> OnChange;
     std::function<void()> OnSettled;
 
     // The window names of the sliders, by TChannel.
     using TNames = std::array<const char*, 4>;
-    // What they will need, about, before they are made.
+    // Estimates the size of the sliders before they are made.
     static wxSize LikelySize(const wxWindow& parent);
-    // `caption`: what a screen reader says before a slider's own name, that of their group.
-    // `haveLetters`: Alt and a letter lead to them; not where there are many of their kind.
+    // A screen reader says `caption`, the name of the group, before a slider's own name.
+    // `haveLetters`: Alt and a letter lead to the sliders; false where a window has several such
+    // groups.
     TChannelBars(wxWindow* parent, const wxString& caption, TChannelRange range,
                  const TNames& names, bool haveLetters = true);
 
-    // Nobody is told. Where the channels differ no position of the slider for all of them is right:
-    // it stands at 0.
+    // Shows a tint without calling OnChange. Where the channels differ, no position of the slider
+    // for all of them is right: it stands at 0.
     void ShowTint(const TTint& tint);
-    // The three sliders of single channels; they are shown at first.
+    // Shows or hides the three sliders of single channels, which are shown at first.
     void ShowChannels(bool show);
-    // Tells at once of what has not settled yet.
+    // Calls OnSettled now for a slider that was moved a moment ago.
     void Settle();
 
 private:

@@ -39,7 +39,7 @@ TColorBars::TColorBars(wxWindow* parent, const wxString& caption, const TNames& 
         SetAccessibleName(*m_edits[i], name);
         m_bars[i]->Bind(wxEVT_SLIDER, [this, i](wxCommandEvent&) { Scroll(i); });
         m_edits[i]->Bind(wxEVT_TEXT, [this, i](wxCommandEvent&) { Type(i); });
-        // What is no number of a colour gives way to the slider's.
+        // A text that is not a colour value is replaced by the slider's value.
         m_edits[i]->Bind(wxEVT_KILL_FOCUS, [this, i](wxFocusEvent& event) {
             event.Skip();
             m_edits[i]->ChangeValue(std::to_string(m_bars[i]->GetValue()));

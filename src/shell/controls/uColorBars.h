@@ -16,16 +16,16 @@ namespace murala
 class TColorBars : public wxPanel
 {
 public:
-    // The user moves a slider or types a number.
+    // Runs when the user moves a slider or types a number.
     std::function<void()> OnChange;
 
-    // The window names of the sliders and of the edits: red, green, blue. `caption` is what a
-    // screen reader says before them.
+    // The window names of the sliders and of the edits, for red, green and blue. A screen reader
+    // says `caption` before them.
     using TNames = std::array<const char*, 3>;
     TColorBars(wxWindow* parent, const wxString& caption, const TNames& bars, const TNames& edits);
 
     TColor Color() const;
-    // Nobody is told.
+    // Shows a colour without calling OnChange.
     void ShowColor(TColor color);
 
 private:

@@ -14,7 +14,7 @@ void FinishDialog(wxDialog& dialog, wxSizer* content, wxWindow& first)
     auto* frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(content, wxSizerFlags(1).Expand().TripleBorder());
     auto* buttons = dialog.CreateSeparatedButtonSizer(wxOK | wxCANCEL);
-    // Without letters of their own, which would be those of other controls.
+    // No access keys: their letters belong to other controls of the dialog.
     dialog.FindWindow(wxID_OK)->SetLabel("Ok");
     dialog.FindWindow(wxID_CANCEL)->SetLabel("Cancel");
     frame->Add(buttons, wxSizerFlags().Expand().DoubleBorder());
@@ -31,7 +31,8 @@ void FinishDialog(wxDialog& dialog, wxWindow* content)
     FinishDialog(dialog, rows, *content);
 }
 
-// Once it is shown, or GTK gives the focus to the default button.
+// Later, when the dialog is on the screen: before that GTK would give the focus to the default
+// button.
 void FocusFirst(wxDialog& dialog, wxWindow& first)
 {
     CallLater(dialog, [&first] { first.SetFocus(); });
@@ -49,7 +50,7 @@ std::vector<wxDialog*> ModalDialogs()
 void TNestedDialogs::Exit(wxDialog*)
 {
     constexpr int settlingTime =
-        100; // milliseconds, in which the window manager has made its choice
+        100; // milliseconds that the window manager gets to choose by itself
     if (!m_settling)
         m_settling.emplace().Bind(wxEVT_TIMER, [](wxTimerEvent&) {
             const auto dialogs = ModalDialogs();

@@ -1,4 +1,4 @@
-// What the dialogs of ours have in common: how they end, and where the keyboard begins.
+// What our dialogs have in common: how they end, and which control has the focus first.
 #pragma once
 
 #include <optional>
@@ -13,19 +13,19 @@ class wxWindow;
 namespace murala
 {
 
-// Its content with "Ok" and "Cancel" below, as large as that needs, in the middle of its parent.
-// The keyboard begins at `first`; without it, at the content.
+// Lays out the dialog: its content with "Ok" and "Cancel" below it, as large as that needs, in the
+// middle of its parent. `first`, or else the content, gets the focus.
 void FinishDialog(wxDialog& dialog, wxSizer* content, wxWindow& first);
 void FinishDialog(wxDialog& dialog, wxWindow* content);
 
-// For a dialog that ends in another way: where the keyboard begins.
+// The same focus for a dialog that has other buttons.
 void FocusFirst(wxDialog& dialog, wxWindow& first);
 
-// Those that are shown, the topmost one last.
+// The modal dialogs on the screen, the topmost one last.
 std::vector<wxDialog*> ModalDialogs();
 
-// Makes the first dialog active again when one that it has opened ends: some window managers leave
-// that to the program. Works while it lives.
+// When a dialog that was opened from another one ends, makes that other one active again: some
+// window managers leave this to the program. Works as long as this object lives.
 class TNestedDialogs : public wxModalDialogHook
 {
 public:
@@ -39,7 +39,7 @@ private:
     void Exit(wxDialog*) override;
 
     std::optional<wxTimer>
-        m_settling; // a timer needs the toolkit, which is not there from the start
+        m_settling; // made on first use: at the program's start there is no toolkit for a timer yet
 };
 
 } // namespace murala

@@ -1,4 +1,4 @@
-// The system's dialog for a file to save. (For files to open the toolkit's own one is enough.)
+// Asks for the name of a file to save. (To open files, the toolkit's own dialog is enough.)
 #pragma once
 
 #include <wx/string.h>
@@ -12,14 +12,15 @@ class wxWindow;
 namespace murala
 {
 
-// Asks where a file is to be saved. The extension, e.g. ".bmp", is added to a name that lacks it;
-// only then is the user asked whether a file of that name may be replaced. Nothing when the user
+// Asks where a file is to be saved. A name without the extension, e.g. ".bmp", gets it; only then
+// is the user asked whether a file of that name may be replaced. Returns nothing when the user
 // cancels.
 std::optional<std::string> AskWhereToSave(wxWindow& parent, const wxString& caption,
                                           const wxString& filter, const std::string& extension);
 
-// The same with other questions: `ask` gets the path that was refused before, empty at first, and
-// gives what the user has typed; `mayReplace` is asked about a file that is there.
+// The same with other questions, for tests. `ask` is given the path that the user did not want to
+// replace, empty at first, and returns what the user has typed; `mayReplace` is asked about a file
+// that exists.
 std::optional<std::string>
 ChooseFileToSave(const std::string& extension,
                  const std::function<std::optional<std::string>(const std::string& before)>& ask,

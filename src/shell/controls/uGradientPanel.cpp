@@ -12,7 +12,7 @@ namespace murala
 namespace
 {
 
-// Every channel by so much, as far as it goes.
+// Adds `by` to every channel and clamps it.
 TColor Lightened(TColor color, int by)
 {
     TColor result = 0;
@@ -29,7 +29,7 @@ TGradientPanel::TGradientPanel(wxWindow* parent, const wxString& name)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_SIMPLE, name)
 {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
-    m_container.DisableSelfFocus(); // keys move the bars
+    m_container.DisableSelfFocus(); // the sliders beside it are for the keyboard
     SetCursor(wxCursor(wxCURSOR_HAND));
     SetToolTip("Drag up to make the nearer colour lighter, down to make it darker");
     Bind(wxEVT_PAINT, &TGradientPanel::OnPaint, this);
@@ -94,7 +94,7 @@ void TGradientPanel::OnMotion(wxMouseEvent& event)
 {
     if (m_dragged == nullptr)
         return;
-    // The whole way from dark to light takes the panel's height.
+    // Dragging over the panel's whole height goes from black to white.
     const int height = std::max(GetClientSize().y, 1);
     *m_dragged = Lightened(m_colorBefore, (m_dragStart - event.GetY()) * 255 / height);
     PaintPicture();

@@ -1,5 +1,5 @@
-// Shows a gradient. Dragging up makes the colour of the end that is nearer lighter, dragging down
-// makes it darker.
+// Shows a gradient whose two colours can be dragged: up makes the colour of the nearer end lighter,
+// down makes it darker.
 #pragma once
 
 #include "uGradientShade.h"
@@ -15,11 +15,11 @@ namespace murala
 class TGradientPanel : public wxPanel
 {
 public:
-    // The user has dragged a colour.
+    // Runs when the user has dragged a colour.
     std::function<void()> OnChange;
 
     TGradientPanel(wxWindow* parent, const wxString& name);
-    ~TGradientPanel() override { EndDrag(); } // a dialog may be closed by a key meanwhile
+    ~TGradientPanel() override { EndDrag(); } // a key may close the dialog during a drag
 
     TColor StartColor() const { return m_start; }
     TColor EndColor() const { return m_end; }

@@ -9,7 +9,7 @@
 namespace murala
 {
 
-// Selecting ten thousand rows makes as many events; they are answered together.
+// Selecting ten thousand rows makes ten thousand events; they are handled together, a moment later.
 void TMuListView::SelectionEvent()
 {
     if (m_isSelecting)

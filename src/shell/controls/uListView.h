@@ -1,5 +1,5 @@
-// The wallpaper list as a report: the native list of each home. It asks for the texts of the rows
-// it shows, so that its length costs nothing.
+// The wallpapers as a list with columns: the native control of each home. It asks for the texts of
+// the rows on the screen only, so a long list costs no more than a short one.
 #pragma once
 
 #include "uScopes.h"
@@ -17,10 +17,10 @@ class TMuListView : public TWallpaperView
 public:
     explicit TMuListView(TRows& rows) : m_rows(rows) {}
 
-    // The arrow in the header.
+    // Shows the arrow in the column's header.
     virtual void ShowOrder(TListColumn column, bool ascending) = 0;
 
-    // What the control shows.
+    // How many rows the control has, which may lag behind the list's.
     virtual int ShownRows() const = 0;
     virtual wxString ShownText(int row, TListColumn column) const = 0;
     virtual std::vector<int> ShownSelection() const = 0;
@@ -29,8 +29,8 @@ public:
     void TellSelection() override;
 
 protected:
-    // The control's selection changes by the program, not by the user; what the user had selected
-    // until then is no longer told.
+    // While it lives, the program changes the control's selection, not the user: events of the
+    // control are ignored. A selection of the user that was not told yet is dropped.
     class TProgramSelects
     {
     public:
@@ -40,10 +40,10 @@ protected:
         TValueScope<bool> m_selecting;
     };
 
-    // The control says that its selection has changed.
+    // To be called when the control sends an event about its selection.
     void SelectionEvent();
 
-    // The selected rows. Asking the control for thousands of them takes a while.
+    // The selected rows, remembered: asking the control for thousands of them takes a while.
     const std::vector<int>& Shown();
     void SetShown(const std::vector<int>& rows) { m_shown = rows; }
     void ForgetShown() { m_shown.reset(); }
@@ -51,9 +51,9 @@ protected:
     TRows& m_rows;
 
 private:
-    bool m_isSelecting = false;              // the program, not the user
-    bool m_isSelectionPending = false;       // of the user
-    std::optional<std::vector<int>> m_shown; // the selected rows, if known
+    bool m_isSelecting = false;              // the program selects, see TProgramSelects
+    bool m_isSelectionPending = false;       // the user's selection is to be told
+    std::optional<std::vector<int>> m_shown; // what Shown() remembers
 };
 
 TMuListView* NewListView(wxWindow* parent, TRows& rows, const wxString& name);

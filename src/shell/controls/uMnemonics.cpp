@@ -10,7 +10,7 @@ namespace murala
 namespace
 {
 
-// 0: there is none.
+// Returns 0 for a label without a letter.
 int LetterOf(const wxString& label)
 {
     wxString text = label;
@@ -19,7 +19,7 @@ int LetterOf(const wxString& label)
     return place + 1 < text.size() ? wxToupper(text[place + 1]).GetValue() : 0;
 }
 
-// The first control in the window that takes the keyboard, null for none.
+// The first control in the window that takes the focus; null when there is none.
 wxWindow* FirstInput(wxWindow& window)
 {
     for (wxWindow* child : window.GetChildren())
@@ -28,7 +28,7 @@ wxWindow* FirstInput(wxWindow& window)
     return window.AcceptsFocus() ? &window : nullptr;
 }
 
-// The first one behind the text.
+// The first control behind the text that takes the focus.
 wxWindow* NextInput(const wxWindow& text)
 {
     bool isBehind = false;

@@ -1,4 +1,4 @@
-// The letters behind "&" in texts and frames, and the controls that they are for.
+// Finds which control a letter behind "&" in a text or a frame leads to.
 #pragma once
 
 #include <vector>
@@ -14,8 +14,8 @@ struct TMnemonic {
     int Letter;       // in upper case
 };
 
-// Of all texts and frames in the window that have a letter: a text names the control behind it, a
-// frame the first one in it.
+// All letters of the window: a text's leads to the control behind it, a frame's to the first
+// control in it.
 std::vector<TMnemonic> MnemonicsIn(wxWindow& window);
 
 } // namespace murala

@@ -16,7 +16,7 @@ namespace murala
 namespace
 {
 
-// The text broken into lines that fit; a file name without blanks is broken anywhere.
+// Breaks the text into lines that fit; a file name without blanks is broken anywhere.
 wxString WrapText(wxDC& dc, const wxString& text, int width)
 {
     wxString lines, line;
@@ -80,7 +80,7 @@ void TPreviewPanel::OnPaint(wxPaintEvent&)
     dc.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
     dc.Clear();
     DrawContent(dc);
-    if (HasFocus()) // its menu is opened by a key, too
+    if (HasFocus()) // shows that a key would open the menu of this panel
         wxRendererNative::Get().DrawFocusRect(this, dc, wxRect(GetClientSize()).Deflate(1));
 }
 

@@ -18,7 +18,7 @@ public:
     int PictureWidth(TSize proportions) const;
     void ShowPicture(const TBitmap& picture);
     void ShowText(const wxString& text);
-    // What is shown now.
+    // What the panel shows now.
     const wxBitmap& Picture() const { return m_picture; }
     const wxString& Text() const { return m_text; }
 

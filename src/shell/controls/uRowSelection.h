@@ -1,5 +1,5 @@
-// Which rows of a grid are selected, as the user of a list expects it: one, a range from the
-// anchor, or one more.
+// The selection of a grid, as users know it from lists: a click selects one row, with Shift a range
+// from the anchor, with Ctrl one row more.
 #pragma once
 
 #include <vector>
@@ -12,13 +12,13 @@ enum class TSelecting {
     Only,   // without Ctrl and Shift
     Toggle, // Ctrl
     Range,  // Shift: from the anchor to here
-    Focus,  // Ctrl with a key: nothing but the focus moves
+    Focus,  // Ctrl with a key: only the focus moves
 };
 
 class TRowSelection
 {
 public:
-    // Nothing is selected then.
+    // Clears the selection.
     void Resize(int count);
     int Count() const { return static_cast<int>(m_isSelected.size()); }
 

@@ -14,7 +14,7 @@ public:
     TSwatch(wxWindow* parent, const wxSize& size, const wxString& name)
         : wxPanel(parent, wxID_ANY, wxDefaultPosition, size, wxBORDER_SIMPLE, name)
     {
-        m_container.DisableSelfFocus(); // there is nothing to do in it
+        m_container.DisableSelfFocus(); // a colour only: the keyboard passes it
     }
 };
 

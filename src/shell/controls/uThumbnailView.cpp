@@ -22,10 +22,10 @@ namespace
 
 // DIPs.
 constexpr int CaptionWidth = 96, Margin = 6;
-constexpr int CaptionLetters = 12; // so many are seen of it also in a larger font
+constexpr int CaptionLetters = 12; // so many fit in a larger font, too
 
-// Half of the highlight: to be told from the background and to be read in light themes and dark
-// ones.
+// The selection's colour without the focus: half of the highlight stands out from the background
+// and leaves the text readable, in light and dark themes.
 wxColour UnfocusedHighlight()
 {
     const wxColour highlight = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT);
@@ -159,7 +159,7 @@ void TMuThumbnailView::BringIntoView(int row)
     Scroll(-1, beyond > 0 ? (top + unit - 1) / unit : top / unit);
 }
 
-// GTK complains about a hidden control that is moved along.
+// GTK complains when a hidden control is moved while the window scrolls.
 void TMuThumbnailView::ScrollWindow(int dx, int dy, const wxRect* area)
 {
     if (m_endedEditor)
@@ -176,7 +176,7 @@ void TMuThumbnailView::OnPaint(wxPaintEvent&)
     dc.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX));
     dc.Clear();
     if (m_selection.Count() != m_rows.Count())
-        return; // the rows are just changing
+        return; // the list changed, and ShowRows is still to come
     for (const int row : VisibleRows())
         if (exposed.Intersects(CellRect(row)))
             DrawCell(dc, row);
@@ -250,7 +250,7 @@ void TMuThumbnailView::OnClick(wxMouseEvent& event)
     m_rows.UserSelects({}, m_selection.Focused());
 }
 
-// The menu is for what lies under the pointer.
+// The menu applies to the cell under the pointer.
 void TMuThumbnailView::OnRightClick(wxMouseEvent& event)
 {
     event.Skip();
@@ -276,7 +276,8 @@ int TMuThumbnailView::RowAfterKey(int key) const
     for (const auto& [moving, row] : moves) {
         if (key != moving)
             continue;
-        // Up from the first line and down from the last go nowhere; pages and ends stop there.
+        // Up in the first line and Down in the last do nothing; Page Up, Page Down, Home and End
+        // stop at the first and the last cell.
         const bool isStep = key == WXK_UP || key == WXK_DOWN;
         return isStep && (row < 0 || row > last) ? from : std::clamp(row, 0, last);
     }
@@ -327,7 +328,7 @@ void TMuThumbnailView::EditTitle(int row)
     editor->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { EndEdit(true); });
     editor->Bind(wxEVT_KILL_FOCUS, [this, editor](wxFocusEvent& event) {
         event.Skip();
-        // Not that of an edit which is over.
+        // An edit that is over has nothing to rename.
         if (m_editor == editor)
             EndEdit(true);
     });
@@ -337,7 +338,7 @@ void TMuThumbnailView::EditTitle(int row)
         else
             event.Skip();
     });
-    editor->SetFocus(); // may end the edit at once
+    editor->SetFocus(); // the edit may end here already
 }
 
 void TMuThumbnailView::EndEdit(bool isAccepted)
@@ -349,7 +350,7 @@ void TMuThumbnailView::EndEdit(bool isAccepted)
     const bool hadFocus = editor->HasFocus();
     editor->Hide();
     m_endedEditor = editor;
-    wxTheApp->ScheduleForDestruction(editor); // it may be the one that called
+    wxTheApp->ScheduleForDestruction(editor); // this code may be called by the editor itself
     if (hadFocus)
         SetFocus();
     if (isAccepted && !title.empty())

@@ -1,5 +1,5 @@
-// The wallpapers as pictures with their titles below, in rows from the left to the right. Pictures
-// are made while nothing else is to be done, those on the screen and no others.
+// The wallpapers as pictures with their titles below, in rows from left to right. Only the pictures
+// on the screen are made, in the toolkit's idle time.
 #pragma once
 
 #include "uRowSelection.h"
@@ -23,9 +23,9 @@ class TThumbnails
 {
 public:
     virtual ~TThumbnails() = default;
-    // Null while there is none.
+    // Null while the picture is not made.
     virtual const TBitmap* Thumbnail(int row) = 0;
-    // One short step towards the pictures of these rows. Whether there is more to do.
+    // Makes one step of the missing pictures of these rows. Returns whether there is more to do.
     virtual bool MakeNext(const std::vector<int>& rows) = 0;
 };
 
@@ -48,7 +48,7 @@ public:
     wxRect RowRect(int row) const override { return CellRect(row); }
     bool IsEditing() const override { return m_editor != nullptr; }
 
-    // Of the whole cell, in the window.
+    // The whole cell's rectangle in the window.
     wxRect CellRect(int row) const;
     int RowAt(const wxPoint& point) const; // -1: none
     std::vector<int> VisibleRows() const;

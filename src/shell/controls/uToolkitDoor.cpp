@@ -7,7 +7,8 @@
 namespace murala
 {
 
-// The application's pending events wake the loop, and with them go the windows that wait for it.
+// A pending event of the application wakes the event loop, and the idle turn after it deletes
+// windows that wait for their end.
 void TToolkitDoor::Post(std::function<void()> work)
 {
     if (wxTheApp != nullptr)

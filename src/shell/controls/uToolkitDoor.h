@@ -1,4 +1,4 @@
-// The door into the toolkit's event loop.
+// The door (uDoor.h) into the toolkit's event loop.
 #pragma once
 
 #include "uDoor.h"

@@ -36,7 +36,8 @@ int TTypeAhead::Find(const wxKeyEvent& letter, const TRows& rows, int focusedRow
     m_typedAt = wxGetUTCTimeMillis();
     m_typed += wxTolower(letter.GetUnicodeKey());
     const int count = rows.Count(), from = std::max(focusedRow, 0);
-    // A first letter goes on from the focused one; more of them may still mean that one.
+    // One letter looks behind the focused row; several letters may still mean the focused row
+    // itself.
     for (int i = m_typed.length() == 1 ? 1 : 0; i <= count && count > 0; ++i) {
         const int row = (from + i) % count;
         if (ToWx(rows.Text(row, lcTitle)).Lower().StartsWith(m_typed))

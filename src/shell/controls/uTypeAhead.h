@@ -11,12 +11,12 @@ namespace murala
 class TTypeAhead
 {
 public:
-    // A blank is one only within a word.
+    // A blank counts as a letter only within a word.
     bool IsLetter(const wxKeyEvent& event) const;
-    // Adds the letter to those typed shortly before. The row behind the focused one that begins so,
-    // -1 when there is none.
+    // Adds the letter to those typed shortly before. Returns the next row behind the focused one
+    // whose title begins with them, -1 when there is none.
     int Find(const wxKeyEvent& letter, const TRows& rows, int focusedRow);
-    // A moment ago.
+    // Whether the last letter was typed a moment ago.
     bool IsTyping() const;
 
 private:

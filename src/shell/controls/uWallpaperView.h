@@ -1,4 +1,5 @@
-// A control that shows the wallpapers: what it asks for, what it tells, what it is told.
+// What the list and the thumbnail view have in common: the rows that they ask for, what they tell,
+// and what they are told.
 #pragma once
 
 #include "uWallpaper.h"
@@ -36,19 +37,20 @@ public:
     virtual ~TWallpaperView() = default;
     virtual wxWindow& Window() = 0;
 
-    // Rows came, went or changed places; nothing is selected then.
+    // Rows came, went or changed places. Clears the selection.
     virtual void ShowRows() = 0;
     // Texts changed, or another wallpaper is on the desktop.
     virtual void ShowTexts() = 0;
-    // The user is not told of as the one who selected them. Nothing is scrolled.
+    // Selects the rows without calling TRows::UserSelects, and without scrolling.
     virtual void ShowSelection(const std::vector<int>& rows, int focusedRow) = 0;
     virtual void BringIntoView(int row) = 0;
-    // What the user has selected is told a moment later, many rows together; this tells it now.
+    // The view waits a moment before it calls TRows::UserSelects, so that many rows are told
+    // together; this makes it call at once.
     virtual void TellSelection() = 0;
     virtual void EditTitle(int row) = 0;
-    // In the window; empty while it is not seen.
+    // In the window; empty while the row is not on the screen.
     virtual wxRect RowRect(int row) const = 0;
-    // Keys are then the editor's.
+    // While a title is being edited, keys belong to the editor.
     virtual bool IsEditing() const = 0;
 };
 

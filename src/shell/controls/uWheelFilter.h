@@ -1,5 +1,5 @@
-// The wheel over a slider, a choice or a number that has not the focus scrolls the page on which
-// the control lies: it does not change a value that the user only passes.
+// Over a slider, a choice or a number without the focus, the mouse wheel scrolls the page instead
+// of changing the value: a user who scrolls past a control does not want to change it.
 #pragma once
 
 #include <wx/eventfilter.h>
@@ -7,7 +7,7 @@
 namespace murala
 {
 
-// Works while it lives.
+// Works as long as it lives.
 class TWheelFilter : public wxEventFilter
 {
 public:

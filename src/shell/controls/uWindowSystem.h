@@ -20,86 +20,90 @@ class wxWindow;
 namespace murala
 {
 
-// Starts the toolkit, by `start`, without what a program with three-dimensional graphics would
-// need.
+// Starts the toolkit by calling `start`, without loading what only programs with three-dimensional
+// graphics need.
 bool StartLean(const std::function<bool()>& start);
 
-// For the windows of the program.
+// The icon of the program's windows.
 wxIcon ProgramIcon();
 
-// The same for all windows that have no icon of their own, messages too.
+// Gives the icon to all windows that have none of their own, messages too.
 void UseProgramIcon();
 
-// Brings the dialog or message that takes all input to the front, where there is one.
+// Brings the modal dialog or message to the front, if there is one.
 void RaiseModalWindow();
-// Gives it an entry in the task bar, which a message without a parent may lack.
+// Gives the modal dialog or message an entry in the task bar, which a message without a parent may
+// lack.
 void ShowModalWindowInTaskBar();
 
-// Right before a window is shown for the first time, when its size has been set. `onShown` runs
-// whenever it has come to the screen, long after it was shown where the window manager is busy.
+// To be called once before the window is shown, when its size has been set. `onShown` runs each
+// time the window has come to the screen, which can be long after Show() where the window manager
+// is busy.
 void PrepareFirstShow(wxTopLevelWindow& window, std::function<void()> onShown);
 
-// Whether a program is asked where its window goes while it is dragged (wxEVT_MOVING). On other
-// systems the window manager moves it, and snaps it as its own settings say.
+// Whether the system asks the program where its window goes while the user drags it (wxEVT_MOVING).
+// Elsewhere the window manager moves it, and snaps it as its own settings say.
 bool IsAskedWhileDragging();
 
-// From now on files may be dropped on it, also by programs with fewer rights.
+// Lets files be dropped on the window, also by programs with fewer rights.
 void AcceptFileDrops(wxTopLevelWindow& window);
 
-// The part of the frame that is there for the mouse alone.
+// The invisible part of the frame, which only the mouse can find.
 THiddenFrame HiddenFrame(wxTopLevelWindow& window);
 
-// Whether the system's font dialog asks for lines and the colour, too.
+// Whether the system's font dialog also asks for underline, strike-out and the colour.
 bool HasFontEffects();
 
-// The family that is drawn where this one is wanted: another one where it is missing.
+// The family that the system draws when this one is asked for: another one where it is missing.
 wxString DrawnFace(const wxString& face);
 
-// Runs it as if the user had just clicked into the window: some systems show menus only then.
+// Runs the action as if the user had just clicked into the window: some systems show menus only
+// then.
 void RunAsClicked(wxWindow& window, const std::function<void()>& action);
 
-// Lays the menu's entries out in columns with bars between them; `firsts` are the places of the
-// entries that begin one, but for the first column's.
+// Lays the menu's entries out in columns with bars between them. `firsts` are the places of the
+// entries that begin the second column and those behind it.
 void SetMenuColumns(wxMenu& menu, const std::vector<std::size_t>& firsts);
 
-// The icons that files of these kinds have in the shell; empty where there is none.
+// The icon that the desktop shows for files of this kind; empty where there is none.
 enum class TFileIcon { DisplayProperties, WebPage };
 wxBitmapBundle FileIcon(TFileIcon icon);
 
-// What a screen reader says of a control of our own: what it stands on, and how that is.
+// Sets what a screen reader says of a control of our own: its name, and its state.
 void SetAccessibleText(wxWindow& window, const wxString& name, const wxString& description);
 
-// For a control without a label of its own.
+// Names a control that has no label of its own, for screen readers.
 void SetAccessibleName(wxWindow& window, const wxString& name);
 
-// Where a key with Alt is taken in wxEVT_CHAR_HOOK: else the system may take Alt for pressed alone,
-// which is for the menu.
+// To be called when wxEVT_CHAR_HOOK handles a key with Alt: otherwise the system may take Alt as
+// pressed alone, which opens the menu.
 void TakeAltKey(wxWindow& window);
 
-// Adds a page that Alt and the letter after "&" in its caption show, too.
+// Adds a page to the notebook; Alt and the letter after "&" in its caption show it.
 void AddPage(wxNotebook& book, wxWindow* page, const wxString& caption);
 
-// A file dialog's filter whose patterns also fit names in capitals, such as cameras write them.
+// Makes a file dialog's filter also match names in capitals, as cameras write them.
 wxString AnyCaseFilter(const wxString& filter);
 
-// For a window whose controls are all made: Alt and the letter after "&" in a text or in a frame's
-// caption lead to the control that it names, and a button without "&" takes no letter.
+// Connects the letters after "&" of a finished window: Alt and the letter in a text or in a frame's
+// caption lead to the control that it names. A button without "&" gets no letter.
 void ConnectMnemonics(wxWindow& window);
 
-// A button of one colour with its text in another one; the focus and being disabled still show.
+// Gives the button one colour and its text another; focus and disabled state can still be seen.
 void SetButtonColors(wxButton& button, const wxColour& background, const wxColour& text);
 
-// A link that stands in a column with texts: without the padding of a button.
+// Takes the padding of a link away, so that it lines up with texts in the same column.
 void AlignWithTexts(wxWindow& link);
 
-// A text that begins with names in scripts from the right still is a line from the left.
+// Marks the text as written from the left, even when it begins with a name in a script from the
+// right.
 wxString LeftToRight(const wxString& text);
 
-// For a progress dialog: some are made of labels, which take "&" for an access key.
+// Escapes a text for a progress dialog where its labels take "&" for an access key.
 wxString ProgressText(const wxString& text);
 
-// Gives back what windows forget when they are disabled for a while: where the focus stood, and
-// that a modal dialog takes all input.
+// Remembers the focus and which dialog is modal, before all windows are disabled for a while. The
+// function that it returns gives both back afterwards.
 std::function<void()> RememberInput();
 
 } // namespace murala

@@ -1,4 +1,4 @@
-// Colours and pictures of the window system and ours.
+// Converts colours and pictures between the toolkit and ours.
 #pragma once
 
 #include "uBitmap.h"

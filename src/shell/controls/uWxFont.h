@@ -1,4 +1,4 @@
-// Fonts of the window system and ours.
+// Converts fonts between the toolkit and ours.
 #pragma once
 
 #include "uFont.h"
@@ -10,10 +10,10 @@ class wxFontData;
 namespace murala
 {
 
-// With the font that is drawn where the machine lacks the one that is named.
+// With the family that the machine draws where it lacks the one that is named.
 wxFont ToWxFont(const TMuFont& font);
-// What was chosen in a font dialog that began with `before`. What the user left, and what the
-// system's dialog cannot ask for, stays as it is there.
+// What the user chose in a font dialog that began with `before`. What the user did not change, and
+// what the system's dialog cannot ask for, stays as in `before`.
 TMuFont FromWxFont(const wxFontData& chosen, const TMuFont& before);
 
 } // namespace murala

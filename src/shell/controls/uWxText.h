@@ -1,4 +1,4 @@
-// Texts of the window system and ours.
+// Converts texts between the toolkit and ours.
 #pragma once
 
 #include <string>
@@ -9,9 +9,9 @@
 namespace murala
 {
 
-// Bytes that are not UTF-8 are shown as what they most likely mean.
+// Bytes that are not UTF-8 are read as the code page that they most likely come from.
 wxString ToWx(std::string_view text);
-// A caption with its access key marked becomes plain text.
+// The caption without the "&" that marks its access key.
 wxString PlainCaption(std::string_view caption);
 
 } // namespace murala

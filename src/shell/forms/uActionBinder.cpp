@@ -111,7 +111,7 @@ void TActionBinder::ShowFileIcons(wxMenuBar& bar)
         const wxBitmapBundle image = item != nullptr ? FileIcon(icon) : wxBitmapBundle();
         if (!image.IsOk())
             continue;
-        // An entry takes its image only when it is put in.
+        // The toolkit takes an entry's image only while the entry is appended.
         menu->FindChildItem(item->GetId(), &place);
         menu->Remove(item);
         item->SetBitmap(image);
@@ -147,7 +147,8 @@ wxButton* TActionBinder::NewButton(wxWindow* parent, TActionId action, const wxS
 wxButton* TActionBinder::NewSpeedButton(wxWindow* parent, TActionId action, const wxString& name)
 {
     wxButton* button = NewButton(parent, action, name);
-    button->SetLabel(PlainCaption(m_actions[action].Caption)); // its letter is a page's or a menu's
+    button->SetLabel(
+        PlainCaption(m_actions[action].Caption)); // the letter belongs to a page or a menu
     button->SetBitmap(ActionImage(action, SpeedButtonImageSide));
     return button;
 }

@@ -1,5 +1,5 @@
-// Menus, tool bars and buttons made from the action list. What an action's table row and its events
-// say is shown everywhere alike.
+// Makes menus, tool bars and buttons from the action list. Captions, hints, enabled and checked
+// states are the actions' everywhere.
 #pragma once
 
 #include "uActionList.h"
@@ -26,24 +26,24 @@ struct TMenuPart {
 class TActionBinder
 {
 public:
-    // Actions that are not offered are left out, and separators and submenus that would stand for
-    // nothing, too.
+    // Leaves out actions that are not offered, and separators and submenus that would be empty.
     using TLayout = std::initializer_list<TMenuPart>;
 
-    // Handles the actions' events of the window (and what comes up to it from its children).
+    // Handles the actions' events of the window and of its children.
     TActionBinder(wxWindow& window, TActionList& actions);
 
     wxMenu* NewMenu(TLayout layout);
-    // Empty categories are left out.
+    // Leaves out empty categories.
     void AppendMenu(wxMenuBar& bar, const wxString& caption, TLayout layout);
-    // Looking the icons of files up takes time: the menus do without them until then.
+    // Adds the icons of files to the menus. Looking them up takes time, so menus are made without
+    // them.
     void ShowFileIcons(wxMenuBar& bar);
     void FillToolBar(wxToolBar& bar, TLayout layout);
     wxButton* NewButton(wxWindow* parent, TActionId action, const wxString& name);
     wxButton* NewSpeedButton(wxWindow* parent, TActionId action, const wxString& name);
-    // Of the entry with this identifier; empty where it has none.
+    // The hint of the entry with this identifier; empty when it has none.
     std::string HintOf(int id) const;
-    // Runs the action when the box is clicked; what it shows is the caller's affair.
+    // Runs the action when the box is clicked. The caller sets what the box shows.
     wxCheckBox* NewCheckBox(wxWindow* parent, TActionId action, const wxString& name);
 
 private:

@@ -1,5 +1,4 @@
-// Below everything: what the status line says, the last change, progress and the most used
-// commands.
+// The bottom of the main window: status line, last change, progress bar and the most used commands.
 #pragma once
 
 #include "uActionBinder.h"
@@ -18,10 +17,10 @@ class TBottomPanel : public wxPanel
 public:
     TBottomPanel(wxWindow* parent, const TActionList& actions, TActionBinder& binder);
 
-    // A text that is longer than its place is whole in the hint.
+    // The hint shows the whole text when it is too long.
     void ShowStatus(const std::string& text);
     void ShowLastChange(const std::string& text);
-    // Hidden while nothing lasts.
+    // Hidden when no long work goes on.
     wxGauge& ProgressBar() { return *pbMain; }
 
 private:

@@ -43,7 +43,7 @@ TfCategory::TfCategory(wxWindow* parent, const std::vector<std::string>& categor
     cbCategory->SelectAll();
 }
 
-// One that was chosen keeps its bytes, whatever they look like.
+// A category that was chosen from the list keeps its exact bytes.
 std::string TfCategory::Category() const
 {
     const wxString text = cbCategory->GetValue();

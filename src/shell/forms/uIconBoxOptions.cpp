@@ -63,7 +63,7 @@ void TfIconBoxOptions::BuildControls()
 
 wxSizer* TfIconBoxOptions::BuildTintRow()
 {
-    // The widest text gives the label's width.
+    // The label is made as wide as its widest text.
     lTint = new wxStaticText(this, wxID_ANY, "Tint (-100%)", wxDefaultPosition, wxDefaultSize,
                              wxST_NO_AUTORESIZE, "lTint");
     tbTint =
@@ -101,7 +101,7 @@ wxSizer* TfIconBoxOptions::BuildLayout()
     left->Add(BuildTintRow(), wxSizerFlags().Expand().DoubleBorder(wxTOP));
     left->Add(cbBorder, wxSizerFlags().DoubleBorder(wxTOP));
     left->Add(BuildBorderGroup(), wxSizerFlags().Expand().Border(wxTOP));
-    // Both lie in the same place.
+    // Both panels share one place.
     auto* examples = new wxBoxSizer(wxVERTICAL);
     examples->AddStretchSpacer();
     examples->Add(iBoxAroundAllIcons);

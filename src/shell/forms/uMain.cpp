@@ -25,9 +25,9 @@ constexpr int EndPatience = 1500; // at the end of the session
 
 // Device-independent pixels.
 constexpr int SmallestWidth = 420, SmallestHeight = 300;
-constexpr int InvisibleBorder = 8; // of a frame, around what is seen of it
+constexpr int InvisibleBorder = 8; // the frame's width that nobody sees
 
-// Of all screens, the primary one first.
+// The screens' work areas, the primary one first.
 std::vector<TRect> WorkAreas(TTaskBar& taskBar)
 {
     std::vector<TRect> areas;
@@ -40,12 +40,12 @@ std::vector<TRect> WorkAreas(TTaskBar& taskBar)
     try {
         areas.front() = WithoutTaskBar(areas.front(), taskBar.GetTaskBarRect());
     } catch (const ETaskBarMissing&) {
-        // Then nothing is in the way.
+        // There is no task bar in the way.
     }
     return areas;
 }
 
-// Centred on the primary screen, which a narrow one is filled with.
+// Centred on the primary screen; on a narrow screen as large as its work area.
 TPlacement DefaultPlacement(const wxSize& size)
 {
     const wxRect screen = wxDisplay().GetClientArea();
@@ -84,7 +84,7 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
     BindEvents();
     m_subscription = m_murala.Core.Listeners.Listen(*this);
     m_link.Listen(nullptr, m_way->Through([this] { WakeUp(); }));
-    // The end of the session does not wait for a turn of the loop.
+    // At once: the system does not wait for the event loop.
     m_services.SessionEnd.ListenToQuestion(m_way->AtOnce([this] { SaveForSessionEnd(); }));
     m_services.SessionEnd.Listen(GetHandle(), m_way->AtOnce([this] { EndSession(); }));
     fProgress = std::make_unique<TfProgress>("Starting Up...");
@@ -98,7 +98,7 @@ TfMain::TfMain(const TServices& services, TInstanceLink& link)
 
 TfMain::~TfMain()
 {
-    // The controls listen to the program, which goes before the window does.
+    // The controls use the program, whose parts are destroyed before the window's children.
     m_panel->Destroy();
 }
 
@@ -108,7 +108,7 @@ void TfMain::LoadSettings()
     m_presence.WillStart(m_murala.Core.Settings.WindowState);
 }
 
-// The settings' pages scroll, so that the window can be smaller than they need.
+// The window may be smaller than the settings' pages: they scroll.
 void TfMain::SetSmallestSize()
 {
     SetMinClientSize(FromDIP(wxSize(SmallestWidth, SmallestHeight)));
@@ -187,14 +187,14 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
     AcceptFileDrops(*this);
     tRefreshIcons.Start(RefreshInterval);
     tScheduleTimer();
-    // Through the door: a queue too large for the memory is then told, and the program goes on.
+    // Through the door, so that a queue too large for the memory is told and the program goes on.
     m_way->Post([=, this] {
         QueueFilesFromCommandLine(m_services.FileQueue, arguments);
         m_murala.Session.ImportQueuedFiles();
     });
 }
 
-// Another copy was started: it has left its files and wants this one to be seen.
+// Another copy was started: it has queued its files and wants this window to be seen.
 void TfMain::WakeUp()
 {
     if (!m_presence.Wake(m_murala.Core.Pauses.IsPaused()))
@@ -222,7 +222,7 @@ void TfMain::TrackPlacement()
 
 void TfMain::FormClose(wxCloseEvent& event)
 {
-    // The composition, or whoever waits for the user's answer, still needs the window.
+    // A composition or an open dialog still needs the window.
     if (!m_presence.Close(event.CanVeto() && m_murala.Core.Pauses.IsPaused()))
         return event.Veto();
     for (wxTimer* timer :
@@ -234,15 +234,15 @@ void TfMain::FormClose(wxCloseEvent& event)
     event.Skip();
 }
 
-// The session may go on, and the program with it.
+// The session may still go on, and the program with it.
 void TfMain::SaveForSessionEnd()
 {
     const TValueScope silent(m_murala.Core.IsSilent, true);
     m_murala.Storage.SaveList();
 }
 
-// The system does not wait: what is to be saved is saved at once, and then the window goes. What
-// holds it open - a message that nobody answers - has a moment to end.
+// The system does not wait: save everything now, then close the window. A message that nobody
+// answers gets EndPatience to end.
 void TfMain::EndSession()
 {
     tEnd.StartOnce(EndPatience);

@@ -27,13 +27,13 @@ class TfMain : public wxFrame,
                private TListener
 {
 public:
-    // Builds the window, invisible, with the settings and the list loaded. Other copies find this
-    // one from now on.
+    // Builds the window without showing it, and loads settings and list. From now on other copies
+    // find this one.
     TfMain(const TServices& services, TInstanceLink& link);
     ~TfMain() override;
 
-    // The first activation: releases the start lock, applies a wallpaper when the arguments say so,
-    // shows the window where it stood at the last end, and takes in the files that are waiting.
+    // Releases the start lock, applies a wallpaper if the arguments say so, shows the window where
+    // it stood at the last end, and adds the files that are waiting.
     void Activate(const std::vector<std::string>& arguments);
 
     TMurala& Murala() { return m_murala; }

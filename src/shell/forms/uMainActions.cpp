@@ -30,7 +30,7 @@ constexpr const char* PictureFilter =
 
 } // namespace
 
-// Every action in one place: what it does, when it can be done, when it is checked.
+// Binds every action: what it does, when it is enabled, when it is checked.
 
 void TfMain::BindWallpaperActions()
 {
@@ -43,7 +43,7 @@ void TfMain::BindWallpaperActions()
     const auto has = [this](int count) {
         return [this, count] { return m_murala.Core.List.Count() >= count; };
     };
-    // For the one item that is meant.
+    // For actions on one item.
     const auto bindItem = [&](TActionId id, std::function<void(TMuWallpaper&)> execute) {
         bind(
             id, [&selection, execute] { execute(*selection.Item()); },
@@ -180,7 +180,7 @@ int TfMain::RunModal(wxDialog& dialog)
 void TfMain::aAddExecute()
 {
     std::string folder = m_murala.Core.Settings.WallpaperPath;
-    // A first add begins where there is something to see.
+    // The first time the dialog begins in the folder of sample pictures.
     if (folder.empty() || folder == m_services.ProgramFolder)
         folder = FindShippedFile(m_services, "samples").value_or(folder);
     wxFileDialog dialog(this, "Add", ToWx(folder), "", AnyCaseFilter(PictureFilter),

@@ -1,4 +1,4 @@
-// What happens in the main window, and what the program shows in it.
+// Handles the main window's events.
 
 #include "uMain.h"
 
@@ -73,8 +73,8 @@ void TfMain::BindEvents()
     });
     Bind(wxEVT_MOVING, &TfMain::FormMoving, this);
     Bind(wxEVT_DPI_CHANGED, &TfMain::FormDpiChanged, this);
-    // Back from another program, in which the picture may have been edited, or with pictures that
-    // were missing.
+    // The user comes back from another program, which may have edited the picture or brought
+    // missing ones back.
     Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
         event.Skip();
         if (!event.GetActive())
@@ -101,11 +101,12 @@ void TfMain::BindTimers()
     bind(tRefreshIcons, [this] { tRefreshIconsTimer(); });
     bind(tIcons, [this] { tIconsTimer(); });
     bind(tHideAppWindow, [this] { m_presence.HideIcon(); });
-    // Everything is saved; a message that nobody answers must not hold up the end of the session.
+    // Everything is saved by then; a message that nobody answers must not hold up the end of the
+    // session.
     tEnd.Bind(wxEVT_TIMER, [](wxTimerEvent&) { std::_Exit(0); });
 }
 
-// Keys that controls would keep for themselves.
+// Alt with an arrow, which some controls would use themselves.
 void TfMain::FormCharHook(wxKeyEvent& event)
 {
     const int key = event.GetKeyCode();
@@ -115,7 +116,7 @@ void TfMain::FormCharHook(wxKeyEvent& event)
     alMain.Request(key == WXK_RIGHT ? aNext : aPrevious);
 }
 
-// Restarted after each tick, so that a slow change is never entered again.
+// The timer is started again after each tick, so that a slow change is not entered twice.
 void TfMain::tScheduleTimer()
 {
     m_murala.Ticker.ScheduleTick();
@@ -201,7 +202,7 @@ void TfMain::CurrentChanged(TCurrentChange change)
 {
     if (change != TCurrentChange::Installed)
         return;
-    // Painting the desktop anew may have painted over the window.
+    // The desktop may have painted over the window.
     Refresh();
     ShowLastChange();
 }
@@ -217,7 +218,7 @@ void TfMain::PauseChanged()
     StartSchedule();
     if (m_murala.Core.Pauses.IsPaused())
         return;
-    // What the change of a hidden program's wallpaper took.
+    // Changing the wallpaper of the hidden program took memory.
     if (m_presence.Where() == TPresence::Hidden || m_presence.Where() == TPresence::Icon)
         GiveBackFreeMemory();
     m_presence.PauseEnded();

@@ -24,7 +24,7 @@ constexpr std::pair<int, int> PreviewSizes[] = {{140, 98}, {310, 226}, {620, 458
 constexpr int DesignWidth = 650, DesignHeight = 492;
 constexpr int SmallestPane = 180;
 
-// Is painted where it goes to, and not before.
+// A splitter whose sash is painted only in a paint event, when it has its place.
 class TSplitter : public wxSplitterWindow
 {
 public:
@@ -47,7 +47,7 @@ TMainPanel::TMainPanel(wxWindow* parent, TMurala& murala, TActionList& actions,
 {
     spVertical = new TSplitter(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE,
                                "spVertical");
-    spVertical->SetSashGravity(1); // it is the list that gives room, at once
+    spVertical->SetSashGravity(1); // a narrower window takes its width from the list
     m_wallpapers = new TWallpaperPanel(spVertical, murala, actions, binder);
     wxWindow* right = BuildRightPanel(spVertical);
     spVertical->SplitVertically(m_wallpapers, right, -m_pagesSize.x);
@@ -111,10 +111,10 @@ void TMainPanel::MeasurePages()
     wxSize size;
     for (const TSettingsPage* page : m_pages)
         size.IncTo(page->IsBuilt() ? page->GetSizer()->CalcMin() : page->LikelySize());
-    // Not every notebook counts its own borders.
+    // Some notebooks do not count their own borders.
     m_pagesSize = pcEffect->CalcSizeFromPage(size) + FromDIP(wxSize(12, 0));
     spVertical->SetMinimumPaneSize(FromDIP(SmallestPane));
-    // The smallest preview; and below it tabs with a page that scrolls.
+    // Room for the smallest preview, and below it for tabs with a page that scrolls.
     spHorizontal->SetMinimumPaneSize(FromDIP(PreviewSizes[psMini].second));
 }
 
@@ -136,11 +136,11 @@ wxSize TMainPanel::DesignSize() const
     return content;
 }
 
-// The right panel keeps its width and the preview its height when the window gets another size, as
-// the user has left them.
+// When the window's size changes, the right panel keeps its width and the preview its height, as
+// the user has set them.
 void TMainPanel::BindSplitters()
 {
-    // The splitters tell of a new place also when they move a sash by themselves for lack of room.
+    // The event also comes when a splitter moves its sash for lack of room.
     const auto isDragged = [] { return wxGetMouseState().LeftIsDown(); };
     spVertical->Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [=, this](wxSplitterEvent& event) {
         const int width = spVertical->GetClientSize().x;

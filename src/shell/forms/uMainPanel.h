@@ -1,5 +1,5 @@
-// What the main window is filled with: the wallpapers on the left, the preview above the settings
-// on the right, and the bottom panel.
+// The content of the main window: the wallpapers on the left, the preview above the settings on the
+// right, and the bottom panel.
 #pragma once
 
 #include "uBottomPanel.h"
@@ -24,17 +24,18 @@ public:
 
     // The size of a first start: the list with its first columns beside pages that are not cut.
     wxSize DesignSize() const;
-    // Makes what is not seen at first, and takes as long as the rest of the window.
+    // Makes the pages that are not seen at first; they take as long as all the rest.
     void BuildUnseen();
-    // Gives the preview its size of the settings, and the pages below it the width that they need.
+    // Gives the preview the size that the settings say, and the pages below it the width that they
+    // need.
     void FitRightPanel();
-    // The toolkit has measured the controls for other dots an inch.
+    // To be called when the window has other dots an inch.
     void MeasureAnew(int oldDpi, int newDpi);
 
     TWallpaperPanel& Wallpapers() { return *m_wallpapers; }
     TPreviewPanel& Preview() { return *iPreview; }
     TBottomPanel& Bottom() { return *m_bottom; }
-    // What the options of the add-on that is selected there are.
+    // The action that opens the options of the add-on selected on its page.
     TActionId AddOnOptions() const;
 
 private:

@@ -1,4 +1,4 @@
-// What the program asks of the main window: messages, progress, the hourglass.
+// What the program asks of the main window: messages, progress, the hourglass, input.
 
 #include "uMain.h"
 
@@ -15,7 +15,8 @@
 namespace murala
 {
 
-// What belongs to the window itself brings it before a modal dialog, and enables it when it ends.
+// The parent for a new dialog. A child of the main window would bring it before an open modal
+// dialog, and enable it when it ends.
 wxWindow* TfMain::TopWindow()
 {
     if (const auto dialogs = ModalDialogs(); !dialogs.empty())
@@ -25,12 +26,13 @@ wxWindow* TfMain::TopWindow()
 
 void TfMain::ShowMessage(const std::string& text)
 {
-    fProgress.reset(); // nothing would paint it meanwhile
-    // The hourglass is for work, not for a question.
+    fProgress.reset(); // nothing would paint it during the message
+    // No hourglass over a question.
     const TValueScope depth(m_busyDepth, 0);
     const bool wasBusy = m_busyCursor.has_value();
     m_busyCursor.reset();
-    // One of the hidden program has nothing to stay in front of but what the user works with.
+    // While the window is hidden, a message would open behind the window that the user works with:
+    // it stays on top and gets an entry in the task bar.
     wxWindow* top = TopWindow();
     const long place = top == nullptr ? wxSTAY_ON_TOP : wxCENTRE;
     if (top == nullptr)
@@ -48,8 +50,8 @@ void TfMain::ShowPreviewText(const std::string& text)
 namespace
 {
 
-// The bar in the bottom panel, and the dialog in which the user can end the work. The end of the
-// session ends it, too.
+// Progress in the bottom panel's bar and in a dialog in which the user can end the work; the end of
+// the session ends it, too.
 class TMainWork : public TLongWork
 {
 public:
@@ -105,7 +107,7 @@ void TfMain::SetBusy(bool busy)
         m_busyCursor.emplace();
 }
 
-// Disabled, the window loses the focus.
+// Disabling takes the focus away; it is remembered.
 void TfMain::EnableWindow(bool enable)
 {
     m_disabledDepth += enable ? -1 : 1;

@@ -6,8 +6,8 @@
 namespace murala
 {
 
-// The system asks every window, dialogs too, whether the session may end, and the toolkit would
-// close the main window then. The main window's own handle is listened to (uSessionEnd.h).
+// The system asks each window, dialogs too, whether the session may end, and the toolkit would then
+// close the main window. TSessionEnd handles these messages instead.
 TMuralaApp::TMuralaApp()
 {
     for (const auto& question : {wxEVT_QUERY_END_SESSION, wxEVT_END_SESSION})

@@ -1,4 +1,4 @@
-// The application: what its windows have in common.
+// The application object that the program and the tests of its windows share.
 #pragma once
 
 #include "uDialog.h"
@@ -16,7 +16,7 @@ public:
     bool Initialize(int& argc, wxChar** argv) override;
     // The texts are English wherever the user lives.
     wxLayoutDirection GetLayoutDirection() const override { return wxLayout_LeftToRight; }
-    // The last net: what an event's handler has thrown is told, and the program goes on.
+    // Reports what an event's handler has thrown; the program goes on.
     bool OnExceptionInMainLoop() override;
 
 private:

@@ -18,7 +18,7 @@ namespace murala
 namespace
 {
 constexpr std::chrono::milliseconds Patience{300};
-// The window does not answer for so long at the most, before and while it shows how far work is.
+// The longest time without an answer to the user, before the dialog comes and while it is open.
 constexpr std::chrono::milliseconds FirstAnswer{30}, Answering{20};
 } // namespace
 
@@ -30,7 +30,7 @@ TfProgress::~TfProgress()
 {
     if (m_window == nullptr)
         return;
-    m_window->Hide(); // or it stays as long as it is the only one
+    m_window->Hide(); // the toolkit would keep the program's only window open otherwise
     m_window->Destroy();
 }
 
@@ -56,7 +56,7 @@ TProgressDialog::TProgressDialog(wxWindow* parent, int range) : m_parent(parent)
 {
 }
 
-// Everything else was disabled.
+// Gives the input back to the other windows, which were disabled.
 TProgressDialog::~TProgressDialog()
 {
     if (m_dialog == nullptr)
@@ -81,7 +81,7 @@ bool TProgressDialog::Step(int position, const std::string& text)
             "Please Wait", ProgressText(ToWx(text)), std::max(m_range, 1), m_parent,
             wxPD_APP_MODAL | wxPD_CAN_ABORT | wxPD_SMOOTH);
     }
-    // The bar's end would close it.
+    // A full bar would close the dialog.
     m_isCancelled = !m_dialog->Update(std::min(position, m_range - 1), ProgressText(ToWx(text)));
     m_lastTold = std::chrono::steady_clock::now();
     return !m_isCancelled;

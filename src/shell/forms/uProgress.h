@@ -1,4 +1,4 @@
-// The windows that show that long work goes on.
+// Windows for long work: the start, and work that the user can end.
 #pragma once
 
 #include "uMainView.h"
@@ -15,7 +15,7 @@ class wxWindow;
 namespace murala
 {
 
-// While the program starts; only once that takes so long that the user wonders.
+// Shown while the program starts, if that takes so long that the user would wonder.
 class TfProgress
 {
 public:
@@ -24,7 +24,7 @@ public:
     TfProgress& operator=(const TfProgress&) = delete;
     ~TfProgress();
 
-    // The work goes on.
+    // One more step is done.
     void Step();
 
 private:
@@ -33,14 +33,15 @@ private:
     wxFrame* m_window = nullptr;
 };
 
-// Work that the user can end; the window comes up when the work takes longer than a moment.
+// A dialog with a progress bar and "Cancel", shown when the work takes longer than a moment.
 class TProgressDialog : public TLongWork
 {
 public:
     TProgressDialog(wxWindow* parent, int range);
     ~TProgressDialog() override;
 
-    // Telling of every step would take longer than most of them.
+    // Whether the window should be updated now: updating it at each step would take longer than
+    // most steps.
     bool IsDue() const;
     bool Step(int position, const std::string& text) override;
     void Finish(const std::string& text) override;

@@ -79,7 +79,7 @@ void TWallpaperPanel::RefreshThumbnails()
                                       {left}));
 }
 
-// Keys of the list, whichever view shows it.
+// Handles keys that work alike in both views.
 void TWallpaperPanel::OnKey(wxKeyEvent& event)
 {
     const bool isOfList = FindFocus() == &View().Window() && !View().IsEditing();
@@ -102,7 +102,7 @@ void TWallpaperPanel::UserWantsMenu(bool byKey)
     View().Window().PopupMenu(pmWallpaper.get(), byKey ? KeyMenuPlace() : wxDefaultPosition);
 }
 
-// Below the focused row where that is seen.
+// The place of a menu opened by a key: below the focused row if that is on the screen.
 wxPoint TWallpaperPanel::KeyMenuPlace()
 {
     const int row = m_murala.Core.Selection.Row();
@@ -156,7 +156,7 @@ void TWallpaperPanel::SelectionChanged()
 {
     const std::vector<int> rows = m_murala.Core.Selection.Rows();
     View().ShowSelection(rows, m_murala.Core.Selection.FocusedRow());
-    // Where the user has scrolled to is the user's affair.
+    // A selection made by the user does not scroll the view.
     if (!m_isUserSelecting && rows.size() == 1)
         View().BringIntoView(rows.front());
 }
@@ -200,7 +200,7 @@ void TWallpaperPanel::UserRenames(int row, const std::string& title)
 void TWallpaperPanel::UserClicksHeader(TListColumn column)
 {
     m_murala.Desk.SortByColumn(column);
-    // Ten thousand rows take long enough without it.
+    // Saved later: sorting ten thousand rows takes long enough.
     CallLater(*this, [this] { m_murala.Storage.SaveList(); });
 }
 

@@ -1,4 +1,4 @@
-// The wallpapers: list view and thumbnail view with their tool bar, and what the user does in them.
+// The wallpapers: list view, thumbnail view and tool bar, and what the user does in them.
 #pragma once
 
 #include "uActionBinder.h"
@@ -16,17 +16,18 @@ class TWallpaperPanel : public wxPanel, private TListener, private TRows, privat
 public:
     TWallpaperPanel(wxWindow* parent, TMurala& murala, TActionList& actions, TActionBinder& binder);
 
-    // The one that is shown.
+    // The view that is shown.
     TWallpaperView& View();
     void EditTitle();
-    // Where the user was, when the window or the view has just come to the screen.
+    // Scrolls to the focused row, when the window or the view has just come to the screen.
     void BringFocusIntoView();
-    // So that none of its buttons is cut.
+    // The width at which no button is cut.
     int ToolBarWidth() const { return tbMain->GetBestSize().x; }
-    // As the settings say.
+    // Both show what the settings say.
     void ShowViewMode();
     void ShowThumbnailSize();
-    // Their files, too; they are made again as they are drawn.
+    // Deletes the selected items' thumbnails with their files; they are made again when they are
+    // drawn.
     void RefreshThumbnails();
 
 private:

@@ -52,7 +52,7 @@ wxSizer* TfSchedule::BuildFrequencyRow()
     seFrequency = new wxSpinCtrl(this, wxID_ANY, "1", wxDefaultPosition, wxDefaultSize,
                                  wxSP_ARROW_KEYS, 1, MaximumFrequency, 1, "seFrequency");
     row->Add(seFrequency, wxSizerFlags().CenterVertical().Border(wxRIGHT));
-    // The plural names are the wider ones: the control is made for them.
+    // Plural names are wider: the control is made for them.
     cbUnits = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                            Names(ScheduleUnitPluralNames), 0, wxDefaultValidator, "cbUnits");
     row->Add(cbUnits, wxSizerFlags().CenterVertical());

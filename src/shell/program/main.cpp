@@ -39,8 +39,8 @@ private:
     std::unique_ptr<TInstanceLink> m_link;
 };
 
-// The entry comes before the toolkit, which needs a display: what a package's script or a remote
-// shell asks for goes without one.
+// The program's entry comes before the toolkit, which needs a display: what a package's script or a
+// remote shell asks for works without one.
 int Run(int argc, char** argv)
 {
     if (const std::string problem = SystemProblem(); !problem.empty())

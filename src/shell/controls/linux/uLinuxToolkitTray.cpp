@@ -1,4 +1,4 @@
-// The tray of X11, as panels have it that know no notifier items.
+// The tray of X11, for panels that do not know notifier items.
 #include "uToolkitTray.h"
 
 #include "uTrayFrames.h"
@@ -28,7 +28,7 @@ public:
     bool Add(const TTrayLook& look) override
     {
         m_icon = std::make_unique<wxTaskBarIcon>();
-        // The toolkit asks for a click to the left by the one, for the menu by the other.
+        // The toolkit sends one event for a left click and another one for the menu.
         m_icon->Bind(wxEVT_TASKBAR_LEFT_DOWN, [this](wxTaskBarIconEvent&) {
             if (m_events != nullptr)
                 m_events->TrayLeftClick();

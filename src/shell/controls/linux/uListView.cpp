@@ -26,7 +26,7 @@ public:
     wxString GetColumnType(unsigned /*column*/) const override { return "string"; }
     void GetValueByRow(wxVariant& value, unsigned row, unsigned column) const override
     {
-        // Painting may come between a change of the rows and the news of it.
+        // The list may have changed since ShowRows was called last.
         const bool isThere = static_cast<int>(row) < m_rows.Count();
         value = isThere ? ToWx(m_rows.Text(static_cast<int>(row), static_cast<TListColumn>(column)))
                         : wxString();
@@ -72,20 +72,20 @@ public:
         BindEvents();
         atk_object_set_name(gtk_widget_get_accessible(GtkGetTreeView()), "Wallpapers");
     }
-    // The control loses its selection, and tells of it, when this is gone already.
+    // The base class's destructor still sends selection events, when this object is gone already.
     ~TNativeListView() override
     {
         SetEvtHandlerEnabled(false);
         g_signal_handlers_disconnect_by_data(GtkGetTreeView(), this);
         g_signal_handlers_disconnect_by_data(TitleRenderer(), this);
-        DropEdit(); // which gives the control the focus
+        DropEdit(); // gives the focus back to the control
     }
 
     void ShowOrder(TListColumn column, bool ascending) override;
 
     wxWindow& Window() override { return *this; }
     void ShowRows() override;
-    // Refresh() would show again what the rows' window has kept of them.
+    // Refresh() would paint the cached picture of the rows again.
     void ShowTexts() override { gtk_widget_queue_draw(GtkGetTreeView()); }
     void ShowSelection(const std::vector<int>& rows, int focusedRow) override;
     void BringIntoView(int row) override
@@ -117,7 +117,7 @@ private:
     {
         return G_OBJECT(GetColumn(lcTitle)->GetRenderer()->GetGtkHandle());
     }
-    // A larger font of the user's does not change what a DIP is.
+    // DIPs do not grow with the user's font, but the columns have to.
     int ColumnWidth(int designed) const
     {
         return std::max(FromDIP(designed), designed * GetCharWidth() / DesignedCharWidth);
@@ -129,7 +129,8 @@ private:
 
     wxObjectDataPtr<TRowsModel> m_model;
     bool m_isEditing = false;
-    bool m_isEditKept = true; // also where GTK takes the editor away; not after Escape
+    bool m_isEditKept =
+        true; // keep what was typed, also when GTK ends the edit; Escape sets it to false
     int m_editedRow = -1;
 };
 
@@ -147,15 +148,15 @@ void TNativeListView::BindEvents()
         if (m_isEditing || !TakesKey(event.GetKeyCode(), event.GetModifiers()))
             event.Skip();
     });
-    // Disabled with the window, GTK takes the editor away while it goes through what is in the
-    // list.
+    // When the window is disabled, GTK destroys the editor while it walks through the control's
+    // children.
     g_signal_connect_swapped(GtkGetTreeView(), "state-flags-changed",
                              G_CALLBACK(+[](TNativeListView* view) {
                                  if (!gtk_widget_is_sensitive(view->GtkGetTreeView()))
                                      view->EndEdit();
                              }),
                              this);
-    // Ctrl with an arrow moves the focus alone, of which the control does not tell.
+    // Ctrl and an arrow key move only the focus; the toolkit sends no event for that.
     g_signal_connect_swapped(GtkGetTreeView(), "cursor-changed",
                              G_CALLBACK(+[](TNativeListView* view) { view->SelectionEvent(); }),
                              this);
@@ -221,7 +222,7 @@ void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow
     }
 }
 
-// GTK moves its cursor only together with the selection, and scrolls there.
+// GTK moves its cursor only together with the selection, and scrolls to it.
 void TNativeListView::ShowFocus(int row)
 {
     GtkAdjustment* place = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(GtkGetTreeView()));
@@ -239,15 +240,14 @@ void TNativeListView::ShowOrder(TListColumn column, bool ascending)
     GetColumn(column)->SetSortOrder(ascending);
 }
 
-// A click into a cell that could be edited would edit it instead of selecting the row, and a double
-// click, too: only while it is wanted it can be. The toolkit's own mode is heeded by GTK only in a
-// new column.
+// GTK starts editing a title on every click into it, instead of selecting the row. So titles are
+// editable only while an edit is wanted; the toolkit's own switch works only for a new column.
 void TNativeListView::MakeTitlesEditable(bool editable)
 {
     g_object_set(TitleRenderer(), "editable", editable, nullptr);
 }
 
-// The control tells of no menu that is wanted by a key, and takes the space bar for Enter.
+// The control sends no event for a menu opened by a key, and treats the space bar as Enter.
 bool TNativeListView::TakesKey(int key, int modifiers)
 {
     const bool isMenuKey = modifiers == wxMOD_NONE && (key == WXK_WINDOWS_MENU || key == WXK_MENU);
@@ -265,7 +265,7 @@ bool TNativeListView::TakesKey(int key, int modifiers)
     return true;
 }
 
-// GTK drops what was typed when the focus goes elsewhere.
+// GTK throws the typed text away when the focus leaves the editor; it is kept here.
 void TNativeListView::EditBegins(GtkEntry* editor, int row)
 {
     m_editedRow = row;

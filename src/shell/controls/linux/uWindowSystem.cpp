@@ -45,7 +45,7 @@ struct TFontDescriptionFree {
 };
 using TFontDescription = std::unique_ptr<PangoFontDescription, TFontDescriptionFree>;
 
-// A click of the pointer into the window.
+// Makes an event: the pointer clicks into the window.
 TEvent NewClick(GdkWindow* window)
 {
     TEvent event(gdk_event_new(GDK_BUTTON_PRESS));
@@ -61,7 +61,7 @@ TEvent NewClick(GdkWindow* window)
 struct TClick {
     const GdkEvent* Event;
     const std::function<void()>& Action;
-    std::exception_ptr Thrown; // GTK knows no exceptions
+    std::exception_ptr Thrown; // carried past GTK's C code
 };
 
 gboolean OnEvent(GtkWidget*, GdkEvent* event, gpointer data)
@@ -91,10 +91,10 @@ void AddStyle(GtkWidget* widget, const char* text)
                                    GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
 }
 
-// The youngest one, null where there is none.
+// The modal window that was opened last; null when there is none.
 GtkWindow* ModalWindow()
 {
-    GList* windows = gtk_window_list_toplevels(); // the youngest one first
+    GList* windows = gtk_window_list_toplevels(); // opened last comes first
     GtkWindow* found = nullptr;
     for (GList* each = windows; each != nullptr && found == nullptr; each = each->next)
         if (gtk_window_get_modal(GTK_WINDOW(each->data)) &&
@@ -104,7 +104,7 @@ GtkWindow* ModalWindow()
     return found;
 }
 
-// Whether GTK gives it a caption of its own.
+// Whether GTK gives the button a caption of its own.
 bool IsStockButton(GtkWidget* widget)
 {
     gboolean isStock = FALSE;
@@ -113,7 +113,7 @@ bool IsStockButton(GtkWidget* widget)
     return isStock != FALSE;
 }
 
-// GTK gives "Cancel" and its like a caption of its own, with a letter.
+// GTK gives buttons such as "Cancel" its own caption, which has a letter: takes the letter away.
 void TakeStockLetters(wxWindow& window)
 {
     if (IsStockButton(window.GetHandle())) {
@@ -126,7 +126,7 @@ void TakeStockLetters(wxWindow& window)
             TakeStockLetters(*child);
 }
 
-// To the left of an entry.
+// Draws the bar to the left of a menu entry.
 void DrawBar(GtkWidget* entry)
 {
     AddStyle(entry, "menuitem { border-left: 1px solid alpha(currentColor, 0.3); }");
@@ -134,8 +134,8 @@ void DrawBar(GtkWidget* entry)
 
 } // namespace
 
-// The first program of GTK 3 on an X server otherwise loads the graphics driver, only to see which
-// kinds of windows it likes: 50 MB, where the driver is the one without a card.
+// Otherwise the first GTK 3 program on an X server loads the graphics driver only to look up kinds
+// of windows: 50 MB with the software driver.
 bool StartLean(const std::function<bool()>& start)
 {
     constexpr const char* name = "GDK_GL";
@@ -143,7 +143,7 @@ bool StartLean(const std::function<bool()>& start)
         return start();
     setenv(name, "disable", 0);
     const bool isStarted = start();
-    unsetenv(name); // what the program starts may want it
+    unsetenv(name); // programs that Murala starts may need it
     return isStarted;
 }
 
@@ -165,16 +165,16 @@ void RaiseModalWindow()
         gtk_window_present(window);
 }
 
-// GTK's messages are not in it.
+// GTK keeps message boxes out of the task bar.
 void ShowModalWindowInTaskBar()
 {
     if (GtkWindow* window = ModalWindow())
         gtk_window_set_skip_taskbar_hint(window, FALSE);
 }
 
-// GTK 3 makes the window of the X server tiny and in the screen's corner, whatever was set. It lays
-// everything out in it when it is first shown, and complains about every widget that needs more;
-// and the window manager would leave it in that corner.
+// GTK 3 creates the window tiny in the screen's corner, whatever size was set. Its first layout
+// would be done in that size, with complaints about every widget that needs more, and the window
+// manager would leave the window in the corner.
 void PrepareFirstShow(wxTopLevelWindow& window, std::function<void()> onShown)
 {
     const auto place = +[](GtkWidget* widget, gpointer) {
@@ -226,7 +226,7 @@ wxString DrawnFace(const wxString& face)
     return wxString::FromUTF8(pango_font_description_get_family(drawn.get()));
 }
 
-// GTK looks for the event that a menu is opened by, and complains without one.
+// GTK needs the event that opens a menu, and complains without one.
 void RunAsClicked(wxWindow& window, const std::function<void()>& action)
 {
     GtkWidget* widget = window.GetHandle();
@@ -289,7 +289,7 @@ void TakeAltKey(wxWindow& /*window*/)
 {
 }
 
-// GTK's tabs know such letters, only the toolkit does not tell it.
+// GTK's tabs can have access keys, but the toolkit does not set them.
 void AddPage(wxNotebook& book, wxWindow* page, const wxString& caption)
 {
     book.AddPage(page, caption);
@@ -304,7 +304,7 @@ void AddPage(wxNotebook& book, wxWindow* page, const wxString& caption)
     g_list_free(parts);
 }
 
-// Descriptions and patterns take turns. GTK's patterns know "[jJ]".
+// The filter alternates descriptions and patterns. GTK's patterns know "[jJ]".
 wxString AnyCaseFilter(const wxString& filter)
 {
     wxString result;
@@ -320,9 +320,8 @@ wxString AnyCaseFilter(const wxString& filter)
     return result;
 }
 
-// The toolkit underlines the letters of texts and frames without telling GTK what they are for,
-// which then looks for something to press among all that the text lies in: at last the dialog's
-// default button.
+// The toolkit underlines the letters of texts and frames without telling GTK which control they
+// lead to. GTK then presses something else around the text, in the end the dialog's default button.
 void ConnectMnemonics(wxWindow& window)
 {
     const auto focus = +[](GtkWidget*, gboolean, gpointer target) -> gboolean {
@@ -353,7 +352,8 @@ void AlignWithTexts(wxWindow& link)
     AddStyle(link.GetHandle(), "button { padding: 0; border: none; min-height: 0; }");
 }
 
-// Pango takes a line's direction from its first letter: here from an invisible mark.
+// Pango takes a line's direction from its first letter: an invisible left-to-right mark is put
+// before it.
 wxString LeftToRight(const wxString& text)
 {
     return text.IsAscii() ? text : wxUniChar(0x200E) + text;
@@ -364,7 +364,7 @@ wxString ProgressText(const wxString& text)
     return wxControl::EscapeMnemonics(text);
 }
 
-// What GTK disables loses the focus and its grab.
+// GTK takes the focus and the grab away from what it disables.
 std::function<void()> RememberInput()
 {
     std::vector<TFocus> focuses;

@@ -26,7 +26,7 @@ class TNativeListView : public wxListView, public TMuListView
 {
 public:
     TNativeListView(wxWindow* parent, TRows& rows, const wxString& name);
-    // The control can lose its selection, and tell of it, when this is gone already.
+    // The control can lose its selection, and send an event for it, after this object is gone.
     ~TNativeListView() override { SetEvtHandlerEnabled(false); }
 
     void ShowOrder(TListColumn column, bool ascending) override
@@ -64,7 +64,7 @@ private:
     WXLRESULT MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam) override;
     void BindEvents();
     void SelectOnly(const std::vector<int>& rows);
-    // Past the toolkit, which would take as long as the control.
+    // Sent directly to the control: through the toolkit it takes twice as long.
     void SelectRow(int row, bool select)
     {
         LVITEMW item{};
@@ -74,7 +74,7 @@ private:
                          reinterpret_cast<WXLPARAM>(&item));
     }
     void SelectAllRows(bool select) { SelectRow(-1, select); }
-    // Where a range begins that is selected with Shift.
+    // The anchor: where a range begins that is selected with Shift.
     void SetAnchor(int row)
     {
         MSWDefWindowProc(LVM_SETSELECTIONMARK, 0, static_cast<WXLPARAM>(row));
@@ -113,7 +113,8 @@ void TNativeListView::BindEvents()
         SelectRow(FocusedRow(), true);
         SetAnchor(FocusedRow());
     });
-    // The control asks for titles by their beginnings in more than one way; not all find it.
+    // The control searches titles with more than one message; not all of them find anything in a
+    // virtual list.
     Bind(wxEVT_CHAR, [this](wxKeyEvent& event) {
         if (!m_typeAhead.IsLetter(event))
             return event.Skip();
@@ -125,7 +126,7 @@ void TNativeListView::BindEvents()
         }
     });
     Bind(wxEVT_LIST_END_LABEL_EDIT, [this](wxListEvent& event) {
-        event.Veto(); // the row's text comes from the list
+        event.Veto(); // the list gives the row's text
         const wxString title = wxString(event.GetLabel()).Trim().Trim(false);
         if (!event.IsEditCancelled() && !title.empty())
             m_rows.UserRenames(static_cast<int>(event.GetIndex()), title.utf8_string());
@@ -156,7 +157,7 @@ void TNativeListView::ShowRows()
     Refresh();
 }
 
-// Every message takes its time, and the one for all rows the time of thousands.
+// Each message costs time, and the one for "all rows" as much as thousands of others.
 void TNativeListView::SelectOnly(const std::vector<int>& rows)
 {
     std::vector<int> fresh, old;
@@ -165,7 +166,8 @@ void TNativeListView::SelectOnly(const std::vector<int>& rows)
     const std::size_t changes = fresh.size() + old.size();
     if (changes == 0)
         return;
-    std::optional<wxWindowUpdateLocker> lock; // which takes the time of thousands, too
+    std::optional<wxWindowUpdateLocker>
+        lock; // the lock itself costs as much as thousands of messages
     if (changes > FewRows)
         lock.emplace(this);
     const bool isAll = static_cast<int>(rows.size()) == m_rows.Count();
@@ -193,20 +195,20 @@ void TNativeListView::ShowSelection(const std::vector<int>& rows, int focusedRow
 
 wxString TNativeListView::OnGetItemText(long row, long column) const
 {
-    // Painting may come between a change of the rows and the news of it.
+    // The list may have changed since ShowRows was called last.
     if (row >= m_rows.Count())
         return {};
     return ToWx(m_rows.Text(static_cast<int>(row), static_cast<TListColumn>(column)));
 }
 
-// The toolkit would make events of every single one of ten thousand rows that are selected at once.
+// The toolkit would send one event for each of ten thousand rows that are selected at once.
 bool TNativeListView::MSWOnNotify(int id, WXLPARAM parameter, WXLPARAM* result)
 {
     constexpr UINT telling = LVIS_SELECTED | LVIS_FOCUSED;
     UINT changed = 0;
     switch (reinterpret_cast<const NMHDR*>(parameter)->code) {
     case LVN_KEYDOWN:
-        // The toolkit takes the space bar for Enter.
+        // The toolkit treats the space bar as Enter.
         if (reinterpret_cast<const NMLVKEYDOWN*>(parameter)->wVKey == VK_SPACE)
             return true;
         return wxListView::MSWOnNotify(id, parameter, result);
@@ -228,8 +230,8 @@ bool TNativeListView::MSWOnNotify(int id, WXLPARAM parameter, WXLPARAM* result)
     return true;
 }
 
-// Whether the user may now select many rows, or let go many. No other key: Return lets through what
-// applying a wallpaper lets through.
+// Whether the message may select or deselect many rows. No other key counts: Return starts an
+// action, which must not run inside this handler.
 bool TNativeListView::MayChangeMany(WXUINT message, WXWPARAM key, WXLPARAM place) const
 {
     int flags = 0;
@@ -242,8 +244,8 @@ bool TNativeListView::MayChangeMany(WXUINT message, WXWPARAM key, WXLPARAM place
            (GetKeyState(VK_SHIFT) < 0 || GetSelectedItemCount() > static_cast<int>(FewRows));
 }
 
-// The control would have each of ten thousand rows painted anew, seen or not. While the mouse is
-// down it lets messages through.
+// Without this the control repaints each of ten thousand rows, seen or not. While the mouse button
+// is down it runs a message loop of its own.
 WXLRESULT TNativeListView::MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam)
 {
     if (!MayChangeMany(message, wParam, lParam))

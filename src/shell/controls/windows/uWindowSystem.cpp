@@ -25,7 +25,7 @@ namespace murala
 namespace
 {
 
-// What is not said here the control says itself.
+// What this object does not say, the control says itself.
 class TText : public wxAccessible
 {
 public:
@@ -78,12 +78,12 @@ wxIcon ProgramIcon()
     return wxICON(murala);
 }
 
-// The system takes the program file's icon.
+// Windows shows the program file's icon for them.
 void UseProgramIcon()
 {
 }
 
-// What takes all input is the only window that is enabled.
+// A modal window is the only one of the program that is enabled.
 void RaiseModalWindow()
 {
     const auto raise = [](HWND window, LPARAM) -> BOOL {
@@ -96,7 +96,7 @@ void RaiseModalWindow()
     EnumThreadWindows(GetCurrentThreadId(), raise, 0);
 }
 
-// A message without an owner has one.
+// Windows gives a message without an owner an entry by itself.
 void ShowModalWindowInTaskBar()
 {
 }
@@ -106,7 +106,7 @@ bool IsAskedWhileDragging()
     return true;
 }
 
-// A window of a program that was started as administrator hears nothing of Explorer otherwise.
+// Otherwise Explorer's messages do not reach a program that was started as administrator.
 void AcceptFileDrops(wxTopLevelWindow& window)
 {
     constexpr UINT copyGlobalData = 0x0049;
@@ -132,7 +132,7 @@ bool HasFontEffects()
     return true;
 }
 
-// The fonts that are wanted at first come with the system.
+// The fonts of the default settings come with Windows.
 wxString DrawnFace(const wxString& face)
 {
     return face;
@@ -143,7 +143,7 @@ void RunAsClicked(wxWindow& /*window*/, const std::function<void()>& action)
     action();
 }
 
-// The toolkit has done so.
+// The toolkit does this on Windows.
 void SetMenuColumns(wxMenu& /*menu*/, const std::vector<std::size_t>& /*firsts*/)
 {
 }
@@ -157,7 +157,7 @@ wxBitmapBundle FileIcon(TFileIcon icon)
         if (page == nullptr || !page->GetIcon(&place))
             return {};
     }
-    const wxLogNull silence; // a shell without the icon
+    const wxLogNull silence; // a shell may lack the icon
     const wxIcon found(place);
     return found.IsOk() ? wxBitmapBundle(found) : wxBitmapBundle();
 }
@@ -167,7 +167,7 @@ static TText& TextOf(wxWindow& window)
     if (auto* text = dynamic_cast<TText*>(window.GetAccessible()))
         return *text;
     auto* text = new TText(&window);
-    window.SetAccessible(text); // which owns it now
+    window.SetAccessible(text); // the window owns it now
     return *text;
 }
 
@@ -185,7 +185,7 @@ void SetAccessibleText(wxWindow& window, const wxString& name, const wxString& d
     wxAccessible::NotifyEvent(wxACC_EVENT_OBJECT_NAMECHANGE, &window, wxOBJID_CLIENT, wxACC_SELF);
 }
 
-// The default procedure forgets Alt as soon as it hears of another key.
+// The default window procedure forgets Alt when it sees another key go down.
 void TakeAltKey(wxWindow& window)
 {
     constexpr WXUINT sysKeyDown = 0x0104; // WM_SYSKEYDOWN
@@ -194,7 +194,7 @@ void TakeAltKey(wxWindow& window)
     window.MSWDefWindowProc(sysKeyDown, anyKey, withAlt);
 }
 
-// The tabs only underline the letter.
+// The tabs only underline the letter; nothing acts on it.
 void AddPage(wxNotebook& book, wxWindow* page, const wxString& caption)
 {
     const std::size_t place = book.GetPageCount();
@@ -208,13 +208,13 @@ void AddPage(wxNotebook& book, wxWindow* page, const wxString& caption)
     });
 }
 
-// The system's patterns do so.
+// Patterns ignore the case on Windows.
 wxString AnyCaseFilter(const wxString& filter)
 {
     return filter;
 }
 
-// The system looks for a frame's letter only among the dialog's own children.
+// Windows looks for a frame's letter only among the dialog's direct children.
 void ConnectMnemonics(wxWindow& window)
 {
     const auto onKey = [&window, mnemonics = MnemonicsIn(window)](wxKeyEvent& event) {
@@ -228,7 +228,7 @@ void ConnectMnemonics(wxWindow& window)
                 targets.push_back(mnemonic.Target);
         if (targets.empty())
             return;
-        // Where several have the letter, each press leads to the next one.
+        // When several controls have the letter, each press leads to the next one.
         const auto present = std::ranges::find(targets, wxWindow::FindFocus());
         const bool hasNext = present != targets.end() && present + 1 != targets.end();
         (hasNext ? *(present + 1) : targets.front())->SetFocus();
@@ -238,7 +238,7 @@ void ConnectMnemonics(wxWindow& window)
     window.Bind(wxEVT_CHAR_HOOK, onKey);
 }
 
-// The toolkit draws such a button, with its focus.
+// The toolkit draws such a button itself, with its focus.
 void SetButtonColors(wxButton& button, const wxColour& background, const wxColour& text)
 {
     button.SetBackgroundColour(background);
@@ -249,19 +249,19 @@ void AlignWithTexts(wxWindow& /*link*/)
 {
 }
 
-// A text's direction is the window's.
+// On Windows a text has the direction of its window.
 wxString LeftToRight(const wxString& text)
 {
     return text;
 }
 
-// It is the system's own.
+// It is a system dialog, which shows "&" as it is.
 wxString ProgressText(const wxString& text)
 {
     return text;
 }
 
-// The toolkit keeps the rest.
+// Only the focus: the toolkit remembers the rest.
 std::function<void()> RememberInput()
 {
     return [focus = wxWeakRef<wxWindow>(wxWindow::FindFocus())] {

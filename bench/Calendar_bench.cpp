@@ -44,8 +44,8 @@ void IconBox(benchmark::State& state)
     std::vector<TRect> region;
     for (int i = 0; i < 200; ++i)
         region.push_back({i % 20 * 90, i / 20 * 100, i % 20 * 90 + 70, i / 20 * 100 + 80});
-    TMuSettings settings;
-    settings.IconBoxOnlyIcons = state.range(0) != 0;
+    TIconBoxSettings settings;
+    settings.OnlyIcons = state.range(0) != 0;
     TBitmap picture = Grey();
     for (auto _ : state)
         DrawIconBox(picture, settings, region);

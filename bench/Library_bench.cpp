@@ -130,7 +130,7 @@ void SaveAllSettings(benchmark::State& state)
     TMuSettings settings;
     for (auto _ : state) {
         TIniFile file = TIniFile::Load(path);
-        settings.PreviewSize = settings.PreviewSize == psMini ? psNormal : psMini;
+        settings.Window.PreviewSize = settings.Window.PreviewSize == psMini ? psNormal : psMini;
         SaveSettings(file, settings, {ListCount, "/home/me/a.jpg", 0}, AllSaveFlags);
         file.Save(path);
     }

@@ -74,19 +74,19 @@ void Fill(TBitmap& picture, const TRect& area, TColor color)
 
 } // namespace
 
-void DrawIconBox(TBitmap& picture, const TMuSettings& settings, const std::vector<TRect>& region)
+void DrawIconBox(TBitmap& picture, const TIconBoxSettings& settings,
+                 const std::vector<TRect>& region)
 {
     std::vector<TRect> icons = region;
     std::erase_if(icons, IsEmpty);
     const TRect bounds = Bounds(icons);
     const TRect box{bounds.Left - Margin, bounds.Top - Margin, bounds.Right + Margin,
                     bounds.Bottom + Margin};
-    const std::vector<TRect> clip =
-        settings.IconBoxOnlyIcons ? Disjoint(icons) : std::vector<TRect>{box};
-    const int gamma = std::clamp(settings.IconBoxGamma, -256, 255);
+    const std::vector<TRect> clip = settings.OnlyIcons ? Disjoint(icons) : std::vector<TRect>{box};
+    const int gamma = std::clamp(settings.Gamma, -256, 255);
     for (const TRect& part : clip)
         TintRectangle(picture, part, {gamma, gamma, gamma});
-    if (!settings.IconBoxBorder)
+    if (!settings.Border)
         return;
     const TRect lines[] = {{box.Left, box.Top, box.Right, box.Top + 1},
                            {box.Left, box.Bottom - 1, box.Right, box.Bottom},
@@ -94,7 +94,7 @@ void DrawIconBox(TBitmap& picture, const TMuSettings& settings, const std::vecto
                            {box.Right - 1, box.Top, box.Right, box.Bottom}};
     for (const TRect& line : lines)
         for (const TRect& part : clip)
-            Fill(picture, Common(line, part), settings.IconBoxBorderColor);
+            Fill(picture, Common(line, part), settings.BorderColor);
 }
 
 } // namespace murala

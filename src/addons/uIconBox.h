@@ -13,6 +13,7 @@ namespace murala
 // the region itself, and draws the frame of the rectangle, as the settings say. The region is that
 // of the icons and their labels on the desktop, whose rectangles may overlap. An empty region is a
 // point in the top-left corner.
-void DrawIconBox(TBitmap& picture, const TMuSettings& settings, const std::vector<TRect>& region);
+void DrawIconBox(TBitmap& picture, const TIconBoxSettings& settings,
+                 const std::vector<TRect>& region);
 
 } // namespace murala

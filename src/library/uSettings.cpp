@@ -2,9 +2,6 @@
 
 #include "uConvertList.h"
 #include "uPath.h"
-#include "uText.h"
-
-#include <type_traits>
 
 namespace murala
 {
@@ -12,117 +9,80 @@ namespace murala
 namespace
 {
 
-constexpr std::string_view MainSection = "Main";
-constexpr std::string_view ConvertListSection = "ConvertList";
-// Written once it is true, with the window's state.
-constexpr std::string_view TrayExplainedKey = "TrayExplained";
-
-// A time of day is a TDateTime, too, but has a stored form of its own.
-template<class TValue>
-struct TTimeOfDay {
-    explicit TTimeOfDay(TValue& time) : Time(time) {}
-    TValue& Time;
-};
-
-// The table of keys in the order of writing: calls at(flag, key, value) for each. TSettings is
-// TMuSettings or const TMuSettings.
-template<class TSettings, class TVisitor>
-void ForEachKey(TSettings& s, const TVisitor& at)
+void Read(const TIniFile& file, const TSettingKey& key, std::string* value)
 {
-    at(sfWallpaperPath, "WallpaperPath", s.WallpaperPath);
-    at(sfPreviewSize, "PreviewSize", s.PreviewSize);
-    at(sfThumbnailSize, "ThumbnailSize", s.ThumbnailSize);
-    at(sfViewMode, "ViewMode", s.ViewMode);
-    at(sfWindowState, "WindowState", s.WindowState);
-    at(sfApplyOnStartup, "ApplyOnStartup", s.ApplyOnStartup);
-    at(sfNextOnStartup, "NextOnStartup", s.NextOnStartup);
-    at(sfPlacement, "Width", s.Placement.Width);
-    at(sfPlacement, "Height", s.Placement.Height);
-    at(sfPlacement, "Left", s.Placement.Left);
-    at(sfPlacement, "Top", s.Placement.Top);
-    at(sfUseSchedule, "UseSchedule", s.UseSchedule);
-    at(sfScheduleFrequency, "ScheduleFrequency", s.ScheduleFrequency);
-    at(sfScheduleUnits, "ScheduleUnits", s.ScheduleUnits);
-    at(sfScheduleAt, "ScheduleAt", TTimeOfDay{s.ScheduleAt});
-    at(sfScheduleOn, "ScheduleOn", s.ScheduleOn);
-    at(sfLastChangeDate, "LastChangeDate", s.LastChangeDate);
-    at(sfCapitaliseFirstLetter, "CapitaliseFirstLetter", s.Titles.CapitaliseFirstLetter);
-    at(sfSpaceOutWords, "SpaceOutWords", s.Titles.SpaceOutWords);
-    at(sfStickyEdges, "StickyEdges", s.StickyEdges);
-    at(sfUseWallpaperCategories, "UseWallpaperCategories", s.UseWallpaperCategories);
-    at(sfMaxTitleLength, "MaxTitleLength", s.Titles.MaxTitleLength);
-    at(sfRefreshIcons, "RefreshIcons", s.RefreshIcons);
-    at(sfDefaultTransparentIcons, "DefaultTransparentIcons", s.DefaultTransparentIcons);
-    at(sfUseCalendar, "UseCalendar", s.UseCalendar);
-    at(sfCalendarDate, "CalendarDate", s.CalendarDate);
-    at(sfUseIconBox, "UseIconBox", s.UseIconBox);
-    at(sfIconBoxGamma, "IconBoxGamma", s.IconBoxGamma);
-    at(sfIconBoxBorder, "IconBoxBorder", s.IconBoxBorder);
-    at(sfIconBoxBorderColor, "IconBoxBorderColor", s.IconBoxBorderColor);
-    at(sfIconBoxOnlyIcons, "IconBoxOnlyIcons", s.IconBoxOnlyIcons);
+    *value = file.ReadText(key.Section, key.Name, *value);
+}
+void Read(const TIniFile& file, const TSettingKey& key, bool* value)
+{
+    *value = file.ReadBoolean(key.Section, key.Name, *value);
+}
+void Read(const TIniFile& file, const TSettingKey& key, TDateTime* value)
+{
+    *value = file.ReadDateTime(key.Section, key.Name, *value);
+}
+void Read(const TIniFile& file, const TSettingKey& key, TTimeOfDay value)
+{
+    *value = file.ReadTime(key.Section, key.Name, *value);
+}
+void Read(const TIniFile& file, const TSettingKey& key, TConvertList* value)
+{
+    if (file.HasSection(key.Section))
+        *value = PairsToConvertList(file.ReadSection(key.Section));
+}
+// Numbers, colours and enumerations.
+template<typename TNumber>
+void Read(const TIniFile& file, const TSettingKey& key, TNumber* value)
+{
+    const auto otherwise = static_cast<std::int32_t>(*value);
+    *value = static_cast<TNumber>(file.ReadInteger(key.Section, key.Name, otherwise));
 }
 
-// Reads a key over its default.
-struct TReader {
-    const TIniFile& File;
-
-    void operator()(TSaveFlag, std::string_view key, std::string& value) const
-    {
-        value = File.ReadText(MainSection, key, value);
-    }
-    void operator()(TSaveFlag, std::string_view key, int& value) const
-    {
-        value = File.ReadInteger(MainSection, key, value);
-    }
-    template<class TEnum>
-    requires std::is_enum_v<TEnum>
-    void operator()(TSaveFlag, std::string_view key, TEnum& value) const
-    {
-        value = static_cast<TEnum>(File.ReadInteger(MainSection, key, value));
-    }
-    void operator()(TSaveFlag, std::string_view key, bool& value) const
-    {
-        value = File.ReadBoolean(MainSection, key, value);
-    }
-    void operator()(TSaveFlag, std::string_view key, TColor& value) const
-    {
-        const auto otherwise = static_cast<std::int32_t>(value);
-        value = static_cast<TColor>(File.ReadInteger(MainSection, key, otherwise));
-    }
-    void operator()(TSaveFlag, std::string_view key, TDateTime& value) const
-    {
-        value = File.ReadDateTime(MainSection, key, value);
-    }
-    void operator()(TSaveFlag, std::string_view key, TTimeOfDay<TDateTime> value) const
-    {
-        value.Time = File.ReadTime(MainSection, key, value.Time);
-    }
-};
-
-std::string StoredText(bool value)
+std::string StoredText(const std::string* value)
 {
-    return value ? "1" : "0";
+    return QuotedIniText(*value);
 }
-std::string StoredText(int value)
+std::string StoredText(const TDateTime* value)
 {
-    return std::to_string(value);
+    return DateTimeToText(*value);
 }
-std::string StoredText(TColor value)
+std::string StoredText(TTimeOfDay value)
 {
-    return std::to_string(static_cast<std::int32_t>(value));
+    return TimeToText(*value);
 }
-std::string StoredText(TDateTime value)
+template<typename TNumber>
+std::string StoredText(const TNumber* value)
 {
-    return DateTimeToText(value);
-}
-std::string StoredText(TTimeOfDay<const TDateTime> value)
-{
-    return TimeToText(value.Time);
+    return std::to_string(static_cast<std::int32_t>(*value));
 }
 
-std::string StoredText(const std::string& value)
+void Write(TIniFile& file, const TSettingKey& key, TConvertList* value)
 {
-    return QuotedIniText(value);
+    file.WriteSection(key.Section, ConvertListToPairs(*value));
+}
+template<typename TField>
+void Write(TIniFile& file, const TSettingKey& key, TField value)
+{
+    file.Write(key.Section, key.Name, StoredText(value));
+}
+
+// Calls with(a, b) for the key's value in both, whatever its form is.
+template<typename TFunction>
+auto WithBoth(const TSettingKey& key, TMuSettings& a, TMuSettings& b, const TFunction& with)
+{
+    return std::visit(
+        [&](auto value) { return with(*value, *std::get<decltype(value)>(key.Field(b))); },
+        key.Field(a));
+}
+
+bool IsStored(const TIniFile& file, const TSettingKey& key, TMuSettings& settings)
+{
+    if (key.Store != TStore::OnceChanged)
+        return key.Store == TStore::Always;
+    TMuSettings defaults;
+    return file.Read(key.Section, key.Name).has_value() ||
+           WithBoth(key, settings, defaults,
+                    [](const auto& value, const auto& before) { return value != before; });
 }
 
 } // namespace
@@ -130,35 +90,36 @@ std::string StoredText(const std::string& value)
 TMuSettings LoadSettings(const TIniFile& file, const TSettingsDefaults& defaults)
 {
     TMuSettings settings;
-    settings.WallpaperPath = defaults.ProgramFolder;
-    settings.Placement = defaults.Placement;
-    settings.LastChangeDate = defaults.Now;
-    ForEachKey(settings, TReader{file});
-    settings.TrayExplained = file.ReadBoolean(MainSection, TrayExplainedKey, false);
-    const std::string folder = file.ReadText(MainSection, "ThumbnailFolder", "");
-    settings.ThumbnailFolder =
-        ResolvePath(defaults.ProgramFolder, folder.empty() ? "Thumbnails" : folder);
-    if (file.HasSection(ConvertListSection))
-        settings.Titles.ConvertList = PairsToConvertList(file.ReadSection(ConvertListSection));
+    settings.Memory.WallpaperPath = defaults.ProgramFolder;
+    settings.Memory.LastChangeDate = defaults.Now;
+    settings.Window.Placement = defaults.Placement;
+    for (const TSettingKey& key : SettingKeys)
+        std::visit([&](auto value) { Read(file, key, value); }, key.Field(settings));
+    std::string& folder = settings.Memory.ThumbnailFolder;
+    folder = ResolvePath(defaults.ProgramFolder, folder.empty() ? "Thumbnails" : folder);
     return settings;
 }
 
-void SaveSettings(TIniFile& file, const TMuSettings& settings, const TListState& list,
-                  TSaveFlags parts)
+TMuSettings ReloadSettings(const TIniFile& file, const TSettingsDefaults& defaults,
+                           TMuSettings present)
+{
+    TMuSettings settings = LoadSettings(file, defaults);
+    for (const TSettingKey& key : SettingKeys)
+        if (key.Reload == TReload::Keep)
+            WithBoth(key, settings, present, [](auto& value, auto& kept) { value = kept; });
+    return settings;
+}
+
+void SaveSettings(TIniFile& file, TMuSettings settings, const TListState& list, TSaveFlags parts)
 {
     if (parts[sfWallpaperCount])
         file.Write(MainSection, "WallpaperCount", std::to_string(list.Count));
     if (parts[sfWallpaperCurrent] && !list.CurrentFileName.empty())
         file.Write(MainSection, WallpaperCurrentKey(list.Desktop),
                    QuotedIniText(list.CurrentFileName));
-    ForEachKey(settings, [&](TSaveFlag flag, std::string_view key, const auto& value) {
-        if (parts[flag])
-            file.Write(MainSection, key, StoredText(value));
-    });
-    if (parts[sfWindowState] && settings.TrayExplained)
-        file.Write(MainSection, TrayExplainedKey, StoredText(true));
-    if (parts[sfConvertList])
-        file.WriteSection(ConvertListSection, ConvertListToPairs(settings.Titles.ConvertList));
+    for (const TSettingKey& key : SettingKeys)
+        if (parts[key.Flag] && IsStored(file, key, settings))
+            std::visit([&](auto value) { Write(file, key, value); }, key.Field(settings));
 }
 
 std::string WallpaperCurrentKey(int desktop)

@@ -8,6 +8,10 @@
 
 #include <bitset>
 #include <string>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+#include <variant>
 
 namespace murala
 {
@@ -24,39 +28,72 @@ enum TThumbnailSize : int { tsSmall, tsNormal, tsLarge };
 enum TViewMode : int { vmList, vmThumbnails };
 enum TScheduleUnits : int { suWeek, suDay, suHour, suMinute };
 
-// The enumerations hold what the file says, which may be none of their values.
-struct TMuSettings {
-    std::string WallpaperPath; // the folder last added from
-    TPreviewSize PreviewSize = psNormal;
-    TThumbnailSize ThumbnailSize = tsNormal;
-    TViewMode ViewMode = vmList;
-    bool WindowState = true;    // the main window was visible
-    bool TrayExplained = false; // the user knows where a hidden window is
+// The settings, in groups that have one owner each: only the owner changes them, and a dialog edits
+// a copy of the whole group. A field's initial value is the default of its key. The enumerations
+// hold the number that the file says, which may be none of their values.
+
+// Owner: the configuration dialog, and the actions of its start page.
+struct TPreferences {
     bool ApplyOnStartup = false;
     bool NextOnStartup = false;
-    TPlacement Placement;
-    bool UseSchedule = false;
-    int ScheduleFrequency = 1;
-    TScheduleUnits ScheduleUnits = suDay;
-    TDateTime ScheduleAt = 0.5;
-    int ScheduleOn = 0; // 0 Monday .. 6 Sunday
-    TDateTime LastChangeDate = 0;
     TTitleRules Titles;
     bool StickyEdges = true;
     bool UseWallpaperCategories = true;
     bool RefreshIcons = true;
     bool DefaultTransparentIcons = false;
-    bool UseCalendar = false;
-    TDateTime CalendarDate = 0;
-    bool UseIconBox = false;
-    int IconBoxGamma = 128;
-    bool IconBoxBorder = false;
-    TColor IconBoxBorderColor = 0xFFFFFF;
-    bool IconBoxOnlyIcons = false;
-    std::string ThumbnailFolder; // read only, never written
 };
 
-// One flag a group of keys, in the order of writing.
+// When the wallpaper changes by itself. Owner: the schedule's dialog.
+struct TScheduleSettings {
+    bool Use = false;
+    int Frequency = 1; // at least 1
+    TScheduleUnits Units = suDay;
+    TDateTime At = 0.5; // time of day, for weeks and days
+    int On = 0;         // weekday, for weeks: 0 Monday .. 6 Sunday
+};
+
+// Owner: the icon box's dialog.
+struct TIconBoxSettings {
+    int Gamma = 128; // -255..255
+    bool Border = false;
+    bool OnlyIcons = false;
+    TColor BorderColor = 0xFFFFFF;
+};
+
+// Owner: the actions that switch the add-ons.
+struct TAddOnSwitches {
+    bool UseCalendar = false;
+    bool UseIconBox = false;
+};
+
+// Owner: the main window.
+struct TWindowSettings {
+    TPreviewSize PreviewSize = psNormal;
+    TThumbnailSize ThumbnailSize = tsNormal;
+    TViewMode ViewMode = vmList;
+    bool IsVisible = true; // not hidden in the tray
+    TPlacement Placement;
+    bool TrayExplained = false; // the user knows where a hidden window is
+};
+
+// What the program remembers by itself.
+struct TMemory {
+    std::string WallpaperPath;    // the folder last added from
+    TDateTime LastChangeDate = 0; // of the wallpaper
+    TDateTime CalendarDate = 0;   // the day that the calendar on the desktop shows
+    std::string ThumbnailFolder;  // only the user changes it, in the file
+};
+
+struct TMuSettings {
+    TPreferences Preferences;
+    TScheduleSettings Schedule;
+    TIconBoxSettings IconBox;
+    TAddOnSwitches AddOns;
+    TWindowSettings Window;
+    TMemory Memory;
+};
+
+// Which keys are saved, in the order of writing but for a few.
 enum TSaveFlag {
     sfWallpaperCount,
     sfWallpaperCurrent,
@@ -94,6 +131,99 @@ enum TSaveFlag {
 using TSaveFlags = std::bitset<32>;
 inline const TSaveFlags AllSaveFlags = TSaveFlags().set();
 
+// Where a key's value is, by the form that it has in the file. A time of day is a TDateTime, too,
+// but has a form of its own.
+struct TTimeOfDay {
+    TDateTime* Time;
+    TDateTime& operator*() const { return *Time; }
+};
+using TSettingField =
+    std::variant<bool*, int*, std::string*, TColor*, TDateTime*, TTimeOfDay, TPreviewSize*,
+                 TThumbnailSize*, TViewMode*, TScheduleUnits*, TConvertList*>;
+
+template<typename TGroup, typename TField>
+TSettingField FieldOf(TMuSettings& s, TField TGroup::*member)
+{
+    const auto groups = std::tie(s.Preferences, s.Preferences.Titles, s.Schedule, s.IconBox,
+                                 s.AddOns, s.Window, s.Window.Placement, s.Memory);
+    TField* field = &(std::get<TGroup&>(groups).*member);
+    if constexpr (std::is_same_v<TGroup, TScheduleSettings> && std::is_same_v<TField, TDateTime>)
+        return TTimeOfDay{field};
+    else
+        return field;
+}
+
+template<auto Member>
+TSettingField At(TMuSettings& settings)
+{
+    return FieldOf(settings, Member);
+}
+
+// What a reading while the program runs does with the value in memory.
+enum class TReload {
+    Take, // another program may have changed it in the file
+    Keep, // it changes more often than it is saved, or it counts at the start only
+};
+
+enum class TStore {
+    Always,
+    OnceChanged, // for keys of our own: not before there is another value than the default
+    Never,
+};
+
+struct TSettingKey {
+    std::string_view Section, Name; // without a name: the whole section
+    TSettingField (*Field)(TMuSettings&);
+    TSaveFlag Flag; // a key of our own is saved with another one of its group
+    TReload Reload = TReload::Take;
+    TStore Store = TStore::Always;
+};
+
+inline constexpr std::string_view MainSection = "Main";
+
+// Every key but those about the list, in the order of writing.
+inline constexpr TSettingKey SettingKeys[] = {
+    {MainSection, "WallpaperPath", At<&TMemory::WallpaperPath>, sfWallpaperPath},
+    {MainSection, "PreviewSize", At<&TWindowSettings::PreviewSize>, sfPreviewSize},
+    {MainSection, "ThumbnailSize", At<&TWindowSettings::ThumbnailSize>, sfThumbnailSize},
+    {MainSection, "ViewMode", At<&TWindowSettings::ViewMode>, sfViewMode},
+    {MainSection, "WindowState", At<&TWindowSettings::IsVisible>, sfWindowState, TReload::Keep},
+    {MainSection, "ApplyOnStartup", At<&TPreferences::ApplyOnStartup>, sfApplyOnStartup},
+    {MainSection, "NextOnStartup", At<&TPreferences::NextOnStartup>, sfNextOnStartup},
+    {MainSection, "Width", At<&TPlacement::Width>, sfPlacement, TReload::Keep},
+    {MainSection, "Height", At<&TPlacement::Height>, sfPlacement, TReload::Keep},
+    {MainSection, "Left", At<&TPlacement::Left>, sfPlacement, TReload::Keep},
+    {MainSection, "Top", At<&TPlacement::Top>, sfPlacement, TReload::Keep},
+    {MainSection, "UseSchedule", At<&TScheduleSettings::Use>, sfUseSchedule},
+    {MainSection, "ScheduleFrequency", At<&TScheduleSettings::Frequency>, sfScheduleFrequency},
+    {MainSection, "ScheduleUnits", At<&TScheduleSettings::Units>, sfScheduleUnits},
+    {MainSection, "ScheduleAt", At<&TScheduleSettings::At>, sfScheduleAt},
+    {MainSection, "ScheduleOn", At<&TScheduleSettings::On>, sfScheduleOn},
+    {MainSection, "LastChangeDate", At<&TMemory::LastChangeDate>, sfLastChangeDate, TReload::Keep},
+    {MainSection, "CapitaliseFirstLetter", At<&TTitleRules::CapitaliseFirstLetter>,
+     sfCapitaliseFirstLetter},
+    {MainSection, "SpaceOutWords", At<&TTitleRules::SpaceOutWords>, sfSpaceOutWords},
+    {MainSection, "StickyEdges", At<&TPreferences::StickyEdges>, sfStickyEdges},
+    {MainSection, "UseWallpaperCategories", At<&TPreferences::UseWallpaperCategories>,
+     sfUseWallpaperCategories},
+    {MainSection, "MaxTitleLength", At<&TTitleRules::MaxTitleLength>, sfMaxTitleLength},
+    {MainSection, "RefreshIcons", At<&TPreferences::RefreshIcons>, sfRefreshIcons},
+    {MainSection, "DefaultTransparentIcons", At<&TPreferences::DefaultTransparentIcons>,
+     sfDefaultTransparentIcons},
+    {MainSection, "UseCalendar", At<&TAddOnSwitches::UseCalendar>, sfUseCalendar},
+    {MainSection, "CalendarDate", At<&TMemory::CalendarDate>, sfCalendarDate, TReload::Keep},
+    {MainSection, "UseIconBox", At<&TAddOnSwitches::UseIconBox>, sfUseIconBox},
+    {MainSection, "IconBoxGamma", At<&TIconBoxSettings::Gamma>, sfIconBoxGamma},
+    {MainSection, "IconBoxBorder", At<&TIconBoxSettings::Border>, sfIconBoxBorder},
+    {MainSection, "IconBoxBorderColor", At<&TIconBoxSettings::BorderColor>, sfIconBoxBorderColor},
+    {MainSection, "IconBoxOnlyIcons", At<&TIconBoxSettings::OnlyIcons>, sfIconBoxOnlyIcons},
+    {MainSection, "TrayExplained", At<&TWindowSettings::TrayExplained>, sfWindowState,
+     TReload::Take, TStore::OnceChanged},
+    {MainSection, "ThumbnailFolder", At<&TMemory::ThumbnailFolder>, sfUnused, TReload::Keep,
+     TStore::Never},
+    {"ConvertList", "", At<&TTitleRules::ConvertList>, sfConvertList},
+};
+
 // What the defaults of some keys depend on.
 struct TSettingsDefaults {
     std::string ProgramFolder;
@@ -101,8 +231,10 @@ struct TSettingsDefaults {
     TPlacement Placement; // the window's present one, or the screen's size on a narrow screen
 };
 
-// Every key but WallpaperCount and WallpaperCurrent.
 TMuSettings LoadSettings(const TIniFile& file, const TSettingsDefaults& defaults);
+// The file's values and those that a reading keeps.
+TMuSettings ReloadSettings(const TIniFile& file, const TSettingsDefaults& defaults,
+                           TMuSettings present);
 
 // What the two keys about the list are made from.
 struct TListState {
@@ -114,8 +246,7 @@ struct TListState {
 };
 
 // An empty set changes nothing.
-void SaveSettings(TIniFile& file, const TMuSettings& settings, const TListState& list,
-                  TSaveFlags parts);
+void SaveSettings(TIniFile& file, TMuSettings settings, const TListState& list, TSaveFlags parts);
 
 // "WallpaperCurrent", with the number behind it from the second virtual desktop on.
 std::string WallpaperCurrentKey(int desktop);

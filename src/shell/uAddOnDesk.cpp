@@ -1,10 +1,8 @@
 #include "uAddOnDesk.h"
 
-#include "uAddOns.h"
+#include "uIconBox.h"
+#include "uMuCalendar.h"
 #include "uText.h"
-
-#include <new>
-#include <utility>
 
 namespace murala
 {
@@ -12,61 +10,75 @@ namespace murala
 namespace
 {
 
-// A wallpaper without its calendar is better than none.
-TBeforeSave LeftOutOnFailure(TBeforeSave draw, std::string_view name, std::string& problem)
-{
-    return [draw = std::move(draw), name, &problem](TBitmap& picture) {
-        try {
-            draw(picture);
-        } catch (const std::runtime_error& error) {
-            problem = FormatText("The %s is left out. %s", {name, error.what()});
-        }
-    };
-}
-
-TAddOnServices ServicesOf(const TCore& core)
+// The month of this moment, as the user's file has it.
+void DrawCalendar(TBitmap& picture, const TCore& core)
 {
     const TServices& services = core.Services;
-    return {services.ProgramFolder, services.Text, services.DateNames, services.Clock,
-            services.IconView};
+    TMuCalendar calendar(services.Text, services.DateNames, services.Clock.Now());
+    calendar.LoadFromFile(services.ProgramFolder);
+    calendar.Draw(picture);
+}
+
+void DrawBoxOfIcons(TBitmap& picture, const TCore& core)
+{
+    const TIconRegion region = core.Services.IconView.GetIconRegion();
+    if (region.IsKnown())
+        DrawIconBox(picture, core.Settings.IconBox, region.Rects);
+}
+
+std::string ProblemOfIcons(const TCore& core)
+{
+    const TIconRegion region = core.Services.IconView.GetIconRegion();
+    return region.IsKnown() ? ""
+                            : FormatText("Nothing is drawn for the icon box. %s", {region.Problem});
+}
+
+constexpr TAddOn Table[] = {
+    {"Calendar", "calendar", aCalendar, aCalendarOptions, &TAddOnSwitches::UseCalendar, true,
+     DrawCalendar, nullptr},
+    {"Icon Box", "icon box", aIconBox, aIconBoxOptions, &TAddOnSwitches::UseIconBox, false,
+     DrawBoxOfIcons, ProblemOfIcons},
+};
+
+// A wallpaper without its calendar is better than none.
+void DrawAddOns(TBitmap& picture, const TCore& core, bool isPreview, std::string& problem)
+{
+    for (const TAddOn& addOn : Table)
+        try {
+            if (core.Settings.AddOns.*addOn.Use && (addOn.IsInPreview || !isPreview))
+                addOn.Draw(picture, core);
+        } catch (const std::runtime_error& error) {
+            problem = FormatText("The %s is left out. %s", {addOn.Name, error.what()});
+        }
 }
 
 } // namespace
 
-void TAddOnDesk::SetUseCalendar(bool use)
+std::span<const TAddOn> AddOnList()
 {
-    m_core.Settings.UseCalendar = use;
+    return Table;
+}
+
+void TAddOnDesk::Switch(bool TAddOnSwitches::*use, bool on)
+{
+    m_core.Settings.AddOns.*use = on;
     Changed();
 }
 
-void TAddOnDesk::SetUseIconBox(bool use)
+void TAddOnDesk::SetIconBox(const TIconBoxSettings& settings)
 {
-    m_core.Settings.UseIconBox = use;
+    m_core.Settings.IconBox = settings;
     Changed();
 }
 
-TIconBoxOptions TAddOnDesk::IconBox() const
+std::string TAddOnDesk::Problems() const
 {
-    const TMuSettings& settings = m_core.Settings;
-    return {settings.IconBoxGamma, settings.IconBoxBorder, settings.IconBoxOnlyIcons,
-            settings.IconBoxBorderColor};
-}
-
-void TAddOnDesk::SetIconBox(const TIconBoxOptions& options)
-{
-    TMuSettings& settings = m_core.Settings;
-    settings.IconBoxGamma = options.Gamma;
-    settings.IconBoxBorder = options.Border;
-    settings.IconBoxOnlyIcons = options.OnlyIcons;
-    settings.IconBoxBorderColor = options.BorderColor;
-    Changed();
-}
-
-std::string TAddOnDesk::IconBoxProblem() const
-{
-    const TIconRegion region = m_core.Services.IconView.GetIconRegion();
-    return region.IsKnown() ? ""
-                            : FormatText("Nothing is drawn for the icon box. %s", {region.Problem});
+    std::string problems;
+    for (const TAddOn& addOn : Table)
+        if (const std::string problem = addOn.Problem ? addOn.Problem(m_core) : "";
+            !problem.empty())
+            problems += (problems.empty() ? "" : "\n") + problem;
+    return problems;
 }
 
 void TAddOnDesk::Changed()
@@ -80,22 +92,12 @@ void TAddOnDesk::Changed()
 
 TBeforeSave AddOnsForDesktop(const TCore& core, std::string& problem)
 {
-    // Each by itself: one that cannot be drawn does not take the other with it.
-    TMuSettings calendar = core.Settings, iconBox = core.Settings;
-    calendar.UseIconBox = false;
-    iconBox.UseCalendar = false;
-    return [drawCalendar =
-                LeftOutOnFailure(DesktopAddOns(ServicesOf(core), calendar), "calendar", problem),
-            drawIconBox = LeftOutOnFailure(DesktopAddOns(ServicesOf(core), iconBox), "icon box",
-                                           problem)](TBitmap& picture) {
-        drawCalendar(picture);
-        drawIconBox(picture);
-    };
+    return [&](TBitmap& picture) { DrawAddOns(picture, core, false, problem); };
 }
 
 TBeforeSave AddOnsForPreview(const TCore& core, std::string& problem)
 {
-    return LeftOutOnFailure(PreviewAddOns(ServicesOf(core), core.Settings), "calendar", problem);
+    return [&](TBitmap& picture) { DrawAddOns(picture, core, true, problem); };
 }
 
 } // namespace murala

@@ -1,21 +1,31 @@
-// The calendar and the icon box: switching them, their settings, and drawing them.
+// The add-ons: switching them, their settings, and drawing them onto the composed picture.
 #pragma once
 
+#include "uActionList.h"
 #include "uCompose.h"
 #include "uStorage.h"
 
+#include <span>
 #include <string>
 
 namespace murala
 {
 
-// The settings of the icon box that its dialog shows.
-struct TIconBoxOptions {
-    int Gamma = 128; // -255..255
-    bool Border = false;
-    bool OnlyIcons = false;
-    TColor BorderColor = 0xFFFFFF;
+struct TAddOn {
+    std::string_view Caption;
+    std::string_view Name; // within a sentence
+    TActionId Switch, Options;
+    bool TAddOnSwitches::*Use;
+    // Whether the preview shows it, too. Icons lie on the desktop, not on a preview.
+    bool IsInPreview;
+    // What it needs is read each time that it draws. May throw std::runtime_error.
+    void (*Draw)(TBitmap& picture, const TCore& core);
+    // Why it would draw nothing now; empty where it can. Null: it always can.
+    std::string (*Problem)(const TCore& core);
 };
+
+// In the order in which they are drawn.
+std::span<const TAddOn> AddOnList();
 
 class TAddOnDesk
 {
@@ -23,14 +33,12 @@ public:
     TAddOnDesk(TCore& core, TStorage& storage) : m_core(core), m_storage(storage) {}
 
     // What is switched shows in the preview at once, on the desktop with the next wallpaper.
-    void SetUseCalendar(bool use);
-    void SetUseIconBox(bool use);
-    TIconBoxOptions IconBox() const;
-    void SetIconBox(const TIconBoxOptions& options);
+    void Switch(bool TAddOnSwitches::*use, bool on);
+    void SetIconBox(const TIconBoxSettings& settings);
     // Another calendar was saved.
     void CalendarChanged() { Changed(); }
-    // Empty where the icon box can be drawn, else why not.
-    std::string IconBoxProblem() const;
+    // Of all add-ons, a line each; empty where all can be drawn.
+    std::string Problems() const;
 
 private:
     void Changed();
@@ -39,8 +47,8 @@ private:
     TStorage& m_storage;
 };
 
-// What is drawn onto the composed picture. An add-on that cannot be drawn is left out, and
-// `problem` says why; it must live as long as what is returned.
+// Draws those that are switched on. One that fails is left out, and `problem` says why. Both
+// arguments must live as long as what is returned.
 TBeforeSave AddOnsForDesktop(const TCore& core, std::string& problem);
 TBeforeSave AddOnsForPreview(const TCore& core, std::string& problem);
 

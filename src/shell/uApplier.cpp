@@ -98,7 +98,8 @@ void TApplier::ComposeItem(TMuWallpaper& item)
     }
     Install(pictures, item.DesktopColor);
     ApplyLabels(item);
-    m_core.Settings.LastChangeDate = m_core.Settings.CalendarDate = m_core.Services.Clock.Now();
+    m_core.Settings.Memory.LastChangeDate = m_core.Settings.Memory.CalendarDate =
+        m_core.Services.Clock.Now();
     m_core.Selection.SetCurrent(&item, TCurrentChange::Installed);
     m_storage.SaveSettings(TSaveFlags().set(sfWallpaperCurrent).set(sfCalendarDate));
     if (!problem.empty())

@@ -11,29 +11,17 @@ namespace murala
 
 TConfiguration TConfigurator::Present() const
 {
-    return {m_core.Settings, m_session.StartAtStartup(), m_session.IsShellIntegrated()};
-}
-
-// What the dialog shows; the rest may have changed meanwhile.
-void TConfigurator::TakeSettings(const TMuSettings& settings)
-{
-    TMuSettings& own = m_core.Settings;
-    own.Titles = settings.Titles;
-    own.StickyEdges = settings.StickyEdges;
-    own.UseWallpaperCategories = settings.UseWallpaperCategories;
-    own.RefreshIcons = settings.RefreshIcons;
-    own.DefaultTransparentIcons = settings.DefaultTransparentIcons;
+    return {m_core.Settings.Preferences, m_core.Settings.Schedule, m_session.StartAtStartup(),
+            m_session.IsShellIntegrated()};
 }
 
 void TConfigurator::Confirm(const TConfiguration& configuration)
 {
-    TakeSettings(configuration.Settings);
-    m_session.SetApplyOnStartup(configuration.Settings.ApplyOnStartup);
-    m_session.SetNextOnStartup(configuration.Settings.NextOnStartup);
+    m_core.Settings.Preferences = configuration.Preferences;
+    m_ticker.SetSchedule(configuration.Schedule); // saves all settings
+    m_core.Listeners.Tell(&TListener::SettingsChanged);
     m_session.SetStartAtStartup(configuration.StartAtStartup);
     m_session.SetShellIntegration(configuration.ShellIntegration);
-    m_ticker.SetSchedule(ScheduleOf(configuration.Settings));
-    m_core.Listeners.Tell(&TListener::SettingsChanged);
     TItems items;
     if (configuration.Retitle == TRetitle::Selected)
         items = m_core.Selection.Items();

@@ -12,7 +12,8 @@ namespace murala
 enum class TRetitle { None, Selected, All };
 
 struct TConfiguration {
-    TMuSettings Settings;
+    TPreferences Preferences;
+    TScheduleSettings Schedule;
     bool StartAtStartup = false;
     bool ShellIntegration = false;
     TRetitle Retitle = TRetitle::None; // done once, when the dialog is confirmed
@@ -39,7 +40,6 @@ public:
     void RefreshAllThumbnails();
 
 private:
-    void TakeSettings(const TMuSettings& settings);
     TItems AllItems() const;
 
     TCore& m_core;

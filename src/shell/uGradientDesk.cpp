@@ -7,8 +7,9 @@ void AddGradient(TCore& core, TLibraryDesk& desk, TStorage& storage, const TGrad
                  TGradientDirection direction)
 {
     const TMuWallpaper* before = core.Selection.Item();
-    const bool transparentIcons =
-        before != nullptr ? before->TransparentIcons : core.Settings.DefaultTransparentIcons;
+    const bool transparentIcons = before != nullptr
+                                      ? before->TransparentIcons
+                                      : core.Settings.Preferences.DefaultTransparentIcons;
     const std::string file =
         SaveGradient(GradientStrip(shade, direction, core.Services.Desktop.ScreenSize()),
                      core.Services.ProgramFolder);

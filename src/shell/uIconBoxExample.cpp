@@ -69,8 +69,8 @@ void DrawIcon(TBitmap& picture, const TExampleIcon& icon)
 
 TBitmap IconBoxExample(bool onlyIcons)
 {
-    TMuSettings settings;
-    settings.IconBoxOnlyIcons = onlyIcons;
+    TIconBoxSettings settings;
+    settings.OnlyIcons = onlyIcons;
     std::vector<TRect> region;
     for (const TExampleIcon& icon : Icons) {
         region.push_back(IconRect(icon));

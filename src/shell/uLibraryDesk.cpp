@@ -22,11 +22,11 @@ bool TLibraryDesk::AddFile(const std::string& fileName, const std::string& categ
     if (m_core.List.ContainsFileName(fileName))
         return false;
     auto item = std::make_unique<TMuWallpaper>(fileName);
-    item->Title = MakeTitle(fileName, m_core.Settings.Titles);
+    item->Title = MakeTitle(fileName, m_core.Settings.Preferences.Titles);
     item->DisplayMode = dmStretched;
     item->Category =
         category.empty() ? m_core.Services.Locale.UpperCase(FolderPart(fileName)) : category;
-    item->TransparentIcons = m_core.Settings.DefaultTransparentIcons;
+    item->TransparentIcons = m_core.Settings.Preferences.DefaultTransparentIcons;
     m_core.List.Add(std::move(item));
     return true;
 }
@@ -62,7 +62,7 @@ int TLibraryDesk::AddFiles(const std::vector<std::string>& fileNames, const std:
 
 void TLibraryDesk::RememberFolder(const std::string& folder)
 {
-    m_core.Settings.WallpaperPath = folder;
+    m_core.Settings.Memory.WallpaperPath = folder;
     m_storage.SaveSettings(TSaveFlags().set(sfWallpaperPath));
 }
 
@@ -102,7 +102,8 @@ void TLibraryDesk::Retitle(const TItems& items)
     {
         TWork work(m_core, static_cast<int>(items.size()));
         for (std::size_t i = 0; i < items.size(); ++i) {
-            const std::string title = MakeTitle(items[i]->FileName(), m_core.Settings.Titles);
+            const std::string title =
+                MakeTitle(items[i]->FileName(), m_core.Settings.Preferences.Titles);
             if (i % TellEach == 0 &&
                 !work.Step(static_cast<int>(i),
                            FormatText("Renaming Wallpaper:%s%s", {"\n", title})))

@@ -22,7 +22,7 @@ void TSessionEntry::Load()
 std::string TSessionEntry::StartupCommand() const
 {
     const std::string& program = m_core.Services.ProgramFile;
-    return m_core.Settings.ApplyOnStartup ? program + " /apply" : program;
+    return m_core.Settings.Preferences.ApplyOnStartup ? program + " /apply" : program;
 }
 
 void TSessionEntry::SetRunValue()
@@ -42,7 +42,7 @@ void TSessionEntry::SetStartAtStartup(bool start)
 
 void TSessionEntry::SetApplyOnStartup(bool apply)
 {
-    m_core.Settings.ApplyOnStartup = apply;
+    m_core.Settings.Preferences.ApplyOnStartup = apply;
     if (m_startAtStartup)
         SetRunValue();
     m_storage.SaveSettings(TSaveFlags().set(sfApplyOnStartup));
@@ -50,7 +50,7 @@ void TSessionEntry::SetApplyOnStartup(bool apply)
 
 void TSessionEntry::SetNextOnStartup(bool next)
 {
-    m_core.Settings.NextOnStartup = next;
+    m_core.Settings.Preferences.NextOnStartup = next;
     m_storage.SaveSettings(TSaveFlags().set(sfNextOnStartup));
 }
 

@@ -41,7 +41,7 @@ void TStorage::LoadSettings(const TPlacement& placement)
     }
     m_haveSettings = true;
     try {
-        m_core.List.SetThumbnailFolder(m_core.Settings.ThumbnailFolder);
+        m_core.List.SetThumbnailFolder(m_core.Settings.Memory.ThumbnailFolder);
     } catch (const EFileError&) {
         // Thumbnails are then made without being kept; nothing is lost.
     }
@@ -80,23 +80,13 @@ void TStorage::ReloadSettings()
     const bool isUnsaved = !m_toldSettingsProblem.empty();
     if (!m_haveSettings || isUnsaved)
         return;
-    const TMuSettings& before = m_core.Settings;
-    const TSettingsDefaults defaults{m_core.Services.ProgramFolder, before.LastChangeDate,
-                                     before.Placement};
     try {
         m_settingsFile.Read([&](const std::string& path) {
-            TMuSettings settings = murala::LoadSettings(TIniFile::Load(path), defaults);
-            // These are changed more often than they are saved.
-            settings.LastChangeDate = before.LastChangeDate;
-            settings.CalendarDate = before.CalendarDate;
-            settings.WindowState = before.WindowState;
-            settings.Placement = before.Placement;
-            // The list has its folder since the start.
-            settings.ThumbnailFolder = before.ThumbnailFolder;
-            m_core.Settings = std::move(settings);
+            m_core.Settings = murala::ReloadSettings(
+                TIniFile::Load(path), {m_core.Services.ProgramFolder, 0, {}}, m_core.Settings);
         });
     } catch (const std::exception&) {
-        // What is held is as good.
+        // The settings stay as they are.
     }
 }
 
@@ -144,8 +134,8 @@ void TStorage::SaveSettings(TSaveFlags parts)
     if (m_core.Updating || parts.none())
         return;
     try {
-        m_core.Settings.WindowState = m_core.View.IsWindowVisible();
-        m_core.Settings.Placement = m_core.View.NormalPlacement();
+        m_core.Settings.Window.IsVisible = m_core.View.IsWindowVisible();
+        m_core.Settings.Window.Placement = m_core.View.NormalPlacement();
         Write(m_settingsFile, [=, this](const std::string& path) { WriteSettings(path, parts); });
         m_toldSettingsProblem.clear();
     } catch (const std::exception& error) {

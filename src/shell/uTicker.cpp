@@ -27,13 +27,13 @@ bool IsResting(TDateTime now, TDateTime end)
 bool TTicker::IsChangeDue()
 {
     TMuSettings& settings = m_core.Settings;
-    if (m_core.Updating || m_core.Pauses.IsPaused() || !settings.UseSchedule)
+    if (m_core.Updating || m_core.Pauses.IsPaused() || !settings.Schedule.Use)
         return false;
     const TDateTime now = m_core.Services.Clock.Now();
-    settings.LastChangeDate = LastChangeBefore(settings.LastChangeDate, now);
+    settings.Memory.LastChangeDate = LastChangeBefore(settings.Memory.LastChangeDate, now);
     // The screen saver is asked last, because that takes longest.
     return m_core.List.Count() >= 2 &&
-           murala::IsChangeDue(ScheduleOf(settings), settings.LastChangeDate, now) &&
+           murala::IsChangeDue(settings.Schedule, settings.Memory.LastChangeDate, now) &&
            !IsResting(now, m_noChangeBefore) && !m_core.Services.ScreenSaver.IsRunning();
 }
 
@@ -58,13 +58,13 @@ void TTicker::PassOver()
         return;
     // No picture can be shown at all: wait until the next change is due.
     m_failedChanges = 0;
-    m_core.Settings.LastChangeDate = now;
+    m_core.Settings.Memory.LastChangeDate = now;
 }
 
 void TTicker::SetSchedule(const TScheduleSettings& schedule)
 {
-    SetScheduleOf(m_core.Settings, schedule);
-    m_core.Settings.LastChangeDate = m_core.Services.Clock.Now();
+    m_core.Settings.Schedule = schedule;
+    m_core.Settings.Memory.LastChangeDate = m_core.Services.Clock.Now();
     m_failedChanges = 0;
     m_noChangeBefore = 0;
     m_storage.SaveSettings(AllSaveFlags);
@@ -94,7 +94,7 @@ void TTicker::RefreshTick()
 void TTicker::RefreshLabels()
 {
     const TMuWallpaper* current = m_core.Selection.Current();
-    if (m_core.Settings.RefreshIcons && current != nullptr && current->TransparentIcons)
+    if (m_core.Settings.Preferences.RefreshIcons && current != nullptr && current->TransparentIcons)
         SetIconsTransparent(m_core.Services.IconView);
 }
 
@@ -110,7 +110,7 @@ bool TTicker::IsNewDay()
 {
     const TMuSettings& settings = m_core.Settings;
     const TDateTime now = m_core.Services.Clock.Now();
-    return settings.UseCalendar && DayOf(settings.CalendarDate) != DayOf(now) &&
+    return settings.AddOns.UseCalendar && DayOf(settings.Memory.CalendarDate) != DayOf(now) &&
            !IsResting(now, m_noNewDayBefore) && IsDesktopOurs();
 }
 
@@ -124,7 +124,7 @@ void TTicker::DrawNewDay()
 // schedule of several days would never be due.
 bool TTicker::ComposeAgain()
 {
-    TDateTime& lastChange = m_core.Settings.LastChangeDate;
+    TDateTime& lastChange = m_core.Settings.Memory.LastChangeDate;
     const TValueScope unchanged(lastChange, lastChange);
     return m_applier.ComposeWallpaper(false, TReport::StatusLine);
 }

@@ -169,7 +169,7 @@ void TTray::RefreshMenu()
 
 void TTray::ExplainHiding()
 {
-    if (std::exchange(m_core.Settings.TrayExplained, true))
+    if (std::exchange(m_core.Settings.Window.TrayExplained, true))
         return;
     m_storage.SaveSettings(TSaveFlags().set(sfWindowState));
     m_core.Tell("Murala goes on in the notification area. Click its icon there to get the window "
@@ -240,7 +240,7 @@ void TTray::MenuPopup()
 
 bool TTray::IsMenuStale() const
 {
-    return m_menusDirty || m_isByCategory != m_core.Settings.UseWallpaperCategories;
+    return m_menusDirty || m_isByCategory != m_core.Settings.Preferences.UseWallpaperCategories;
 }
 
 void TTray::ReloadForDesktop(int desktop)
@@ -312,9 +312,9 @@ TMenuItem TTray::NewPopupMenu(const TMuWallpaperList& list) const
     menu.Items.push_back(Separator());
     const TSize screen = m_core.Services.Desktop.ScreenSize();
     const TMenuMetrics metrics = MenuMetrics();
-    TMenuItem wallpapers = NewWallpaperMenu(
-        list, m_core.Selection.CurrentIndex(),
-        {m_core.Settings.UseWallpaperCategories, screen.Height / std::max(1, metrics.ItemHeight)});
+    TMenuItem wallpapers = NewWallpaperMenu(list, m_core.Selection.CurrentIndex(),
+                                            {m_core.Settings.Preferences.UseWallpaperCategories,
+                                             screen.Height / std::max(1, metrics.ItemHeight)});
     std::vector<TMenuItem> last;
     for (const TActionId id : ActionsOfWallpapers)
         last.push_back(ActionItem(id));
@@ -334,7 +334,7 @@ void TTray::RebuildTrayMenus(bool force)
         m_menuWallpapers.push_back(m_core.List.Item(i).Id());
     UpdateActions(pmTrayIcon);
     m_menusDirty = m_isMenuReleased = false;
-    m_isByCategory = m_core.Settings.UseWallpaperCategories;
+    m_isByCategory = m_core.Settings.Preferences.UseWallpaperCategories;
     HandOverMenu();
 }
 

@@ -64,19 +64,4 @@ std::string DescribeSchedule(const TScheduleSettings& schedule)
     return text + ".";
 }
 
-TScheduleSettings ScheduleOf(const TMuSettings& settings)
-{
-    return {settings.UseSchedule, settings.ScheduleFrequency, settings.ScheduleUnits,
-            settings.ScheduleAt, settings.ScheduleOn};
-}
-
-void SetScheduleOf(TMuSettings& settings, const TScheduleSettings& schedule)
-{
-    settings.UseSchedule = schedule.Use;
-    settings.ScheduleFrequency = schedule.Frequency;
-    settings.ScheduleUnits = schedule.Units;
-    settings.ScheduleAt = schedule.At;
-    settings.ScheduleOn = schedule.On;
-}
-
 } // namespace murala

@@ -16,15 +16,6 @@ inline constexpr std::string_view WeekdayNames[] = {
     "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday",
 };
 
-// What the user can set.
-struct TScheduleSettings {
-    bool Use = false;
-    int Frequency = 1; // at least 1
-    TScheduleUnits Units = suDay;
-    TDateTime At = 0.5; // time of day, for weeks and days
-    int On = 0;         // weekday, for weeks
-};
-
 // Whether a change is due at `now`. Values that no dialog gives are taken for the nearest that it
 // does.
 bool IsChangeDue(const TScheduleSettings& schedule, TDateTime lastChange, TDateTime now);
@@ -37,8 +28,5 @@ TDateTime LastChangeBefore(TDateTime lastChange, TDateTime now);
 std::string DescribeSchedule(const TScheduleSettings& schedule);
 // "Last Change: dd/mm/yyyy hh:mm".
 std::string LastChangeText(TDateTime lastChange);
-
-TScheduleSettings ScheduleOf(const TMuSettings& settings);
-void SetScheduleOf(TMuSettings& settings, const TScheduleSettings& schedule);
 
 } // namespace murala

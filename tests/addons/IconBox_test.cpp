@@ -23,14 +23,13 @@ std::vector<std::string> Map(const TBitmap& picture)
     return rows;
 }
 
-TMuSettings BoxSettings(bool border, bool onlyIcons)
+TIconBoxSettings BoxSettings(bool border, bool onlyIcons)
 {
-    TMuSettings settings;
-    settings.UseIconBox = true;
-    settings.IconBoxGamma = -128;
-    settings.IconBoxBorder = border;
-    settings.IconBoxBorderColor = 0x112233;
-    settings.IconBoxOnlyIcons = onlyIcons;
+    TIconBoxSettings settings;
+    settings.Gamma = -128;
+    settings.Border = border;
+    settings.BorderColor = 0x112233;
+    settings.OnlyIcons = onlyIcons;
     return settings;
 }
 
@@ -82,8 +81,8 @@ TEST(IconBox, TintsAllChannelsAlike)
     for (const auto& [gamma, expected] :
          {std::pair(0, 0x0A64C8U), {255, 0xFFFFFFU}, {-255, 0U}, {9999, 0xFFFFFFU}, {-9999, 0U}}) {
         TBitmap picture = BitmapOf({{0x0A64C8}});
-        TMuSettings settings = BoxSettings(false, false);
-        settings.IconBoxGamma = gamma;
+        TIconBoxSettings settings = BoxSettings(false, false);
+        settings.Gamma = gamma;
         DrawIconBox(picture, settings, {{0, 0, 1, 1}});
         EXPECT_EQ(RowsOf(picture), (TRows{{expected}})) << gamma;
     }

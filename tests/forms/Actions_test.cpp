@@ -71,7 +71,8 @@ public:
     bool IsPreviewSize(TPreviewSize size, int height)
     {
         const int shown = Control<wxWindow>("iPreview").GetSize().y;
-        return Settings().PreviewSize == size && std::abs(shown - m_main->FromDIP(height)) < 4;
+        return Settings().Window.PreviewSize == size &&
+               std::abs(shown - m_main->FromDIP(height)) < 4;
     }
     bool IsEditing() { return List().IsEditing(); }
     void Execute(TActionId id) { m_main->Actions().Execute(id); }
@@ -231,7 +232,8 @@ constexpr TExpected PreviewSize{
 
 template<TActionId Id, TThumbnailSize Size>
 constexpr TExpected ThumbnailSize{
-    Id, "View/Thumbnail Size", Nothing, [](auto& t) { return t.Settings().ThumbnailSize == Size; },
+    Id, "View/Thumbnail Size", Nothing,
+    [](auto& t) { return t.Settings().Window.ThumbnailSize == Size; },
     [](auto& t) { t.Execute(Size == tsSmall ? aThumbLarge : aThumbSmall); }};
 
 const TExpected Expectations[] = {
@@ -262,7 +264,7 @@ const TExpected Expectations[] = {
     {aShellEdit, "Wallpaper/Shell", Selection,
      [](auto& t) { return t.HasStarted("B.bmp", TShellVerb::Edit); }},
     {aChangeCategory, "Wallpaper", Selection, Ended, Waits},
-    {aCalendar, "Wallpaper", Nothing, [](auto& t) { return t.Settings().UseCalendar; }},
+    {aCalendar, "Wallpaper", Nothing, [](auto& t) { return t.Settings().AddOns.UseCalendar; }},
     {aCalendarOptions, "Wallpaper", Nothing, Ended, Waits},
     {aApplyAndMinimize, "Wallpaper", Selection,
      [](auto& t) { return t.HasApplied(1) && !t.IsWindowThere(); }},
@@ -292,7 +294,8 @@ const TExpected Expectations[] = {
     {aApplyOnStartup, "Options", Nothing,
      [](auto& t) { return t.RunCommand().ends_with(" /apply"); },
      [](auto& t) { t.Execute(aStartAtStartup); }},
-    {aNextOnStartup, "Options", Nothing, [](auto& t) { return t.Settings().NextOnStartup; },
+    {aNextOnStartup, "Options", Nothing,
+     [](auto& t) { return t.Settings().Preferences.NextOnStartup; },
      [](auto& t) {
          t.Execute(aStartAtStartup);
          t.Execute(aApplyOnStartup);
@@ -304,7 +307,7 @@ const TExpected Expectations[] = {
     {aDisplayProperties, "Help", Nothing,
      [](auto& t) { return t.HasStarted("display properties"); }},
     {aConfigureAddOn, "bAddOnOptions", Nothing, Ended, Waits},
-    {aIconBox, "clbAddOns", Nothing, [](auto& t) { return t.Settings().UseIconBox; }},
+    {aIconBox, "clbAddOns", Nothing, [](auto& t) { return t.Settings().AddOns.UseIconBox; }},
     {aIconBoxOptions, "bAddOnOptions", Nothing, Ended,
      [](auto& t) {
          t.SelectAddOn(1);

@@ -130,8 +130,8 @@ TEST_F(AddOns, ThePageSwitchesAndConfiguresTheAddOns)
     const TMuSettings& settings = Murala().Core.Settings;
     list.Check(1);
     Send(list, wxEVT_CHECKLISTBOX, 1);
-    EXPECT_TRUE(PumpUntil([&] { return settings.UseIconBox; }));
-    EXPECT_FALSE(settings.UseCalendar);
+    EXPECT_TRUE(PumpUntil([&] { return settings.AddOns.UseIconBox; }));
+    EXPECT_FALSE(settings.AddOns.UseCalendar);
     Execute(aCalendar);
     EXPECT_TRUE(list.IsChecked(0)) << "the menu's action shows on the page";
     Execute(aIconBox);
@@ -174,13 +174,13 @@ TEST_F(AddOns, TheIconBoxOptionsShowAndGiveBackWhatIsSet)
         dialog.EndModal(wxID_OK);
     });
     Execute(aIconBoxOptions);
-    TIconBoxOptions options = Murala().AddOns.IconBox();
+    TIconBoxSettings options = Murala().Core.Settings.IconBox;
     EXPECT_EQ(options.Gamma, 255);
     EXPECT_TRUE(options.OnlyIcons);
     EXPECT_TRUE(options.Border) << "greyed out, but kept";
     InDialog("TfIconBoxOptions", [](wxDialog& dialog) { Slide(dialog, "tbTint", 0); });
     Execute(aIconBoxOptions);
-    EXPECT_EQ(Murala().AddOns.IconBox().Gamma, 255) << "cancelled";
+    EXPECT_EQ(Murala().Core.Settings.IconBox.Gamma, 255) << "cancelled";
     EXPECT_EQ(m_scriptsRun, 2);
 }
 

@@ -1,5 +1,7 @@
 #include "MainFixture.h"
+#include "uConfiguration.h"
 #include "uFileDialogs.h"
+#include "uText.h"
 #include "uWxFont.h"
 #include "uWxText.h"
 
@@ -216,25 +218,48 @@ TEST_F(Dialogs, AWindowFromALargerScreenIsBroughtOntoThisOne)
     EXPECT_LT(m_main->GetMinSize().y, 480);
 }
 
-TEST_F(Dialogs, EveryBoxOfTheConfigurationCounts)
+TEST_F(Dialogs, EveryBoxOfTheConfigurationChangesTheKeyOfItsName)
 {
     m_folder.Write("Murala.ini", "[Main]\r\nMaxTitleLength=700\r\n");
     Start();
-    InDialog("TfConfiguration", [this](wxDialog& dialog) {
-        m_messages.AreShown = false;
-        for (const char* name : {"cbCapitaliseFirstLetter", "cbSpaceOutWords",
-                                 "cbUseWallpaperCategories", "cbStickyEdges", "cbRefreshIcons",
-                                 "cbDefaultTransparentIcons", "cbShellIntegration"}) {
-            auto& box = Find<wxCheckBox>(dialog, name);
-            box.SetValue(!box.GetValue());
-        }
-        dialog.EndModal(wxID_OK);
-    });
-    Execute(aConfiguration);
-    const TMuSettings& settings = Murala().Core.Settings;
-    EXPECT_FALSE(settings.Titles.CapitaliseFirstLetter || settings.Titles.SpaceOutWords ||
-                 settings.UseWallpaperCategories || settings.StickyEdges || settings.RefreshIcons);
-    EXPECT_TRUE(settings.DefaultTransparentIcons);
-    EXPECT_FALSE(m_services.FileMenu.Commands.empty());
-    EXPECT_EQ(settings.Titles.MaxTitleLength, 700) << "the control cannot show it";
+    Murala().Storage.SaveSettings(AllSaveFlags);
+    const auto stored = [this] {
+        TIniPairs keys =
+            TIniFile::Load(m_services.ProgramFolder + "Murala.ini").ReadSection("Main");
+        std::erase_if(keys, [](const auto& key) { return key.first == "LastChangeDate"; });
+        keys.emplace_back("StartAtStartup", m_services.Autostart.Commands.empty() ? "0" : "1");
+        keys.emplace_back("ShellIntegration", m_services.FileMenu.Commands.empty() ? "0" : "1");
+        return keys;
+    };
+    std::vector<std::string> names;
+    const auto turn = [&](std::size_t index) {
+        TfConfiguration dialog(m_main, Murala(), m_main->Actions());
+        std::vector<wxCheckBox*> boxes;
+        const std::function<void(wxWindow&)> collect = [&](wxWindow& window) {
+            for (wxWindow* child : window.GetChildren()) {
+                if (auto* box = dynamic_cast<wxCheckBox*>(child))
+                    boxes.push_back(box);
+                collect(*child);
+            }
+        };
+        collect(dialog);
+        if (index >= boxes.size())
+            return false;
+        boxes[index]->SetValue(!boxes[index]->GetValue());
+        names.push_back(boxes[index]->GetName().Mid(2).utf8_string());
+        for (const char* action : {"Apply", "Next"}) // whose keys have another name
+            names.back() =
+                ReplaceAll(names.back(), std::string(action) + "At", std::string(action) + "On");
+        Murala().Configurator.Confirm(dialog.Configuration());
+        return true;
+    };
+    for (TIniPairs expected = stored(); turn(names.size()); expected = stored()) {
+        const auto key = std::ranges::find(expected, names.back(), &TIniPairs::value_type::first);
+        ASSERT_NE(key, expected.end()) << names.back();
+        key->second = key->second == "1" ? "0" : "1";
+        EXPECT_EQ(stored(), expected) << names.back();
+    }
+    EXPECT_EQ(names.size(), 10U);
+    EXPECT_EQ(Murala().Core.Settings.Preferences.Titles.MaxTitleLength, 700)
+        << "the control cannot show it";
 }

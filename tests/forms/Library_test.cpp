@@ -49,7 +49,7 @@ protected:
     }
     TWallpaperView& View()
     {
-        if (Murala().Core.Settings.ViewMode == vmThumbnails)
+        if (Murala().Core.Settings.Window.ViewMode == vmThumbnails)
             return Thumbnails();
         return List();
     }

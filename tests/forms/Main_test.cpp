@@ -103,7 +103,7 @@ TEST_F(MainWindow, AHiddenStartWithApplyLoadsNothingElseUntilAnotherCopyWakesIt)
     m_services.Clock.Time += 1;
     Execute(aApply);
     EXPECT_EQ(Control<wxStaticText>("lLastChange").GetLabel(), "Last Change: 10/12/2025 12:00");
-    Murala().Core.Settings.NextOnStartup = true;
+    Murala().Core.Settings.Preferences.NextOnStartup = true;
     m_main->Iconize();
     ASSERT_TRUE(PumpUntil([&] { return m_main->IsIconized(); }));
     Close();
@@ -156,8 +156,8 @@ TEST_F(MainWindow, WhatComesInDuringADialogWaitsForItsEnd)
 {
     Start();
     AddTwo();
-    Murala().Core.Settings.UseSchedule = true;
-    Murala().Core.Settings.LastChangeDate = 0;
+    Murala().Core.Settings.Schedule.Use = true;
+    Murala().Core.Settings.Memory.LastChangeDate = 0;
     m_services.FileQueue.QueueFiles({Picture("C.bmp", 4, 4, 0)});
     InDialog("TfConfiguration", [&](wxDialog&) {
         m_link.Wake();

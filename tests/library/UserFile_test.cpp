@@ -26,7 +26,7 @@ public:
         Try([&] { m_listFile.Read([&](const std::string& path) { m_list.LoadFromFile(path); }); });
         for (const char* added : {"/new1", "/new2"}) {
             m_list.Add(std::make_unique<TMuWallpaper>(added));
-            m_settings.ScheduleFrequency += 1;
+            m_settings.Schedule.Frequency += 1;
             Save();
         }
     }

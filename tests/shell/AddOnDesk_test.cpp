@@ -37,47 +37,47 @@ TEST_F(AddOnDesk, TheDesktopHasBothAndThePreviewTheCalendarOnly)
     m_services.IconView.HasIcons = true;
     m_services.IconView.Region = {{35, 25, 80, 90}};
     AddPictures(1);
-    m_murala->AddOns.SetUseIconBox(true);
+    m_murala->AddOns.Switch(&TAddOnSwitches::UseIconBox, true);
     m_murala->AddOns.SetIconBox({-128, true, false, 0x332211});
     Apply(0);
     TBitmap expected = Plain();
-    DrawIconBox(expected, m_murala->Core.Settings, m_services.IconView.Region);
+    DrawIconBox(expected, m_murala->Core.Settings.IconBox, m_services.IconView.Region);
     EXPECT_EQ(Difference(expected, Plain()), (TRect{30, 20, 85, 95}));
     EXPECT_EQ(Difference(Installed(), expected), TRect{}) << "tinted once";
     ASSERT_EQ(LoadPreview(), "");
     EXPECT_EQ(Difference(m_murala->Preview.Picture(400), Plain()), TRect{});
-    m_murala->AddOns.SetUseCalendar(true);
+    m_murala->AddOns.Switch(&TAddOnSwitches::UseCalendar, true);
     expected = m_murala->Preview.Picture(400);
     // 320 x 240 in the middle of 400 x 300
     EXPECT_EQ(Difference(expected, Plain()), (TRect{40, 30, 360, 270}));
     EXPECT_EQ(m_services.Text.Drawn.front().Text, "December 2025");
     Apply(0);
-    DrawIconBox(expected, m_murala->Core.Settings, m_services.IconView.Region);
+    DrawIconBox(expected, m_murala->Core.Settings.IconBox, m_services.IconView.Region);
     EXPECT_EQ(Difference(Installed(), expected), TRect{}) << "the calendar, then the box over it";
     for (const char* problem : {"It does not answer.", ""}) { // and then it goes
         m_services.IconView.RegionProblem = problem;
         m_services.IconView.HasIcons = *problem != '\0';
         Apply(0);
         EXPECT_EQ(Difference(Installed(), m_murala->Preview.Picture(400)), TRect{}) << problem;
-        EXPECT_NE(m_murala->AddOns.IconBoxProblem(), "");
+        EXPECT_NE(m_murala->AddOns.Problems(), "");
     }
 }
 
 TEST_F(AddOnDesk, TheSwitchesAndTheIconBoxOptionsAreSaved)
 {
-    m_murala->AddOns.SetUseCalendar(true);
-    m_murala->AddOns.SetUseIconBox(true);
+    m_murala->AddOns.Switch(&TAddOnSwitches::UseCalendar, true);
+    m_murala->AddOns.Switch(&TAddOnSwitches::UseIconBox, true);
     m_murala->AddOns.SetIconBox({-255, true, true, 0x123456});
     Restart();
-    EXPECT_TRUE(m_murala->Core.Settings.UseCalendar);
-    EXPECT_TRUE(m_murala->Core.Settings.UseIconBox);
-    const TIconBoxOptions options = m_murala->AddOns.IconBox();
+    EXPECT_TRUE(m_murala->Core.Settings.AddOns.UseCalendar);
+    EXPECT_TRUE(m_murala->Core.Settings.AddOns.UseIconBox);
+    const TIconBoxSettings options = m_murala->Core.Settings.IconBox;
     EXPECT_EQ(options.Gamma, -255);
     EXPECT_TRUE(options.Border && options.OnlyIcons);
     EXPECT_EQ(options.BorderColor, 0x123456U);
-    m_murala->AddOns.SetUseCalendar(false);
+    m_murala->AddOns.Switch(&TAddOnSwitches::UseCalendar, false);
     Restart();
-    EXPECT_FALSE(m_murala->Core.Settings.UseCalendar);
+    EXPECT_FALSE(m_murala->Core.Settings.AddOns.UseCalendar);
 }
 
 TEST_F(AddOnDesk, ACalendarThatCannotBeDrawnIsToldAndTheWallpaperComesWithoutIt)
@@ -85,14 +85,14 @@ TEST_F(AddOnDesk, ACalendarThatCannotBeDrawnIsToldAndTheWallpaperComesWithoutIt)
     m_services.IconView.HasIcons = true;
     m_services.IconView.Region = {{20, 10, 30, 20}};
     AddPictures(1);
-    m_murala->AddOns.SetUseCalendar(true);
-    m_murala->AddOns.SetUseIconBox(true);
+    m_murala->AddOns.Switch(&TAddOnSwitches::UseCalendar, true);
+    m_murala->AddOns.Switch(&TAddOnSwitches::UseIconBox, true);
     m_services.Text.Fails = true;
     Apply(0);
     EXPECT_TRUE(m_view.Messages.empty());
     EXPECT_TRUE(m_view.Status.starts_with("The calendar is left out. ")) << m_view.Status;
     EXPECT_EQ(Difference(Installed(), Plain()), (TRect{15, 5, 35, 25})) << "with its icon box";
-    EXPECT_TRUE(m_murala->Core.Settings.CalendarDate == m_services.Clock.Time);
+    EXPECT_TRUE(m_murala->Core.Settings.Memory.CalendarDate == m_services.Clock.Time);
 
     m_view.Status.clear();
     ASSERT_EQ(LoadPreview(), "");
@@ -110,7 +110,7 @@ TEST_F(AddOnDesk, ANewDayIsDrawnOnce)
     Apply(1);
     const TDateTime day = DayOf(m_services.Clock.Time);
     EXPECT_EQ(TickAt(day + 1), 0U) << "without a calendar there is no day to draw";
-    m_murala->AddOns.SetUseCalendar(true);
+    m_murala->AddOns.Switch(&TAddOnSwitches::UseCalendar, true);
     Apply(1);
     m_services.Text.Drawn.clear();
     const struct {
@@ -136,10 +136,10 @@ TEST_F(AddOnDesk, TheDaysWorkIsUpdating)
 {
     AddPictures(1);
     Item(0).Effect = "Snow";
-    m_murala->AddOns.SetUseCalendar(true);
+    m_murala->AddOns.Switch(&TAddOnSwitches::UseCalendar, true);
     Apply(0);
     m_services.Launcher.Started.clear();
-    const TDateTime lastChange = m_murala->Core.Settings.LastChangeDate;
+    const TDateTime lastChange = m_murala->Core.Settings.Memory.LastChangeDate;
     struct : TListener {
         TCore* Core = nullptr;
         bool WasUpdating = false;
@@ -155,16 +155,16 @@ TEST_F(AddOnDesk, TheDaysWorkIsUpdating)
     EXPECT_EQ(listener.Previews, 1) << "the preview follows the day";
     EXPECT_FALSE(m_murala->Core.Updating);
     EXPECT_TRUE(m_services.Launcher.Started.empty());
-    EXPECT_EQ(m_murala->Core.Settings.LastChangeDate, lastChange) << "the schedule goes on";
+    EXPECT_EQ(m_murala->Core.Settings.Memory.LastChangeDate, lastChange) << "the schedule goes on";
     const TDateTime drawn = m_services.Clock.Time;
     Restart();
-    EXPECT_NEAR(m_murala->Core.Settings.CalendarDate, drawn, 1 / SecondsPerDay);
+    EXPECT_NEAR(m_murala->Core.Settings.Memory.CalendarDate, drawn, 1 / SecondsPerDay);
 }
 
 TEST_F(AddOnDesk, ANewDayWaitsForTheScreenSaverAndForDialogs)
 {
     AddPictures(1);
-    m_murala->AddOns.SetUseCalendar(true);
+    m_murala->AddOns.Switch(&TAddOnSwitches::UseCalendar, true);
     const TDateTime next = m_services.Clock.Time + 1;
     EXPECT_EQ(TickAt(next - 1), 0U) << "the desktop is the user's own";
     Apply(0);
@@ -181,7 +181,7 @@ TEST_F(AddOnDesk, ANewDayWaitsForTheScreenSaverAndForDialogs)
 TEST_F(AddOnDesk, APictureThatIsGoneIsTriedOnceAMinute)
 {
     AddPictures(1);
-    m_murala->AddOns.SetUseCalendar(true);
+    m_murala->AddOns.Switch(&TAddOnSwitches::UseCalendar, true);
     Apply(0);
     m_murala->Preview.Release();
     std::filesystem::remove(NativePath(Item(0).FileName()));

@@ -21,7 +21,7 @@ TEST_F(Applier, InstallsThePictureWithItsColourThenTheLabels)
     EXPECT_EQ(m_services.IconView.LabelColor, NoColor);
     EXPECT_EQ(m_services.Siblings.Notified, 1);
     EXPECT_EQ(m_view.Busy, 0);
-    EXPECT_EQ(m_murala->Core.Settings.LastChangeDate, m_services.Clock.Time);
+    EXPECT_EQ(m_murala->Core.Settings.Memory.LastChangeDate, m_services.Clock.Time);
     const TBitmap picture = Installed();
     EXPECT_EQ(picture.Size(), m_services.Desktop.Screen);
     EXPECT_EQ(picture.Row(7)[9] & 0xFFFFFF, 0U) << "the tint is on the picture";

@@ -4,40 +4,39 @@ using namespace murala;
 
 using Configurator = TMuralaFixture;
 
-TEST_F(Configurator, ConfirmingSetsWhatTheDialogShowsAndNothingElse)
+TEST_F(Configurator, ConfirmingAssignsTheDialogsGroupsAndNothingElse)
 {
     AddPictures(2);
     TConfiguration configuration = m_murala->Configurator.Present();
     configuration.StartAtStartup = true;
     configuration.ShellIntegration = true;
-    configuration.Settings.ApplyOnStartup = true;
-    configuration.Settings.NextOnStartup = true;
-    configuration.Settings.StickyEdges = false;
-    configuration.Settings.UseWallpaperCategories = false;
-    configuration.Settings.RefreshIcons = false;
-    configuration.Settings.DefaultTransparentIcons = true;
-    configuration.Settings.UseSchedule = true;
-    configuration.Settings.ScheduleUnits = suHour;
-    configuration.Settings.Titles.MaxTitleLength = 12;
+    configuration.Preferences = {true,  true, {false, false, 12, {{"a", "b"}}}, false, false,
+                                 false, true};
+    configuration.Schedule = {true, 5, suHour, 0.25, 3};
     // While the dialog stood.
     m_murala->Desk.RememberFolder("elsewhere");
-    m_murala->Core.Settings.PreviewSize = psLarge;
+    m_murala->Core.Settings.Window.PreviewSize = psLarge;
+    m_murala->Core.Settings.IconBox.Gamma = 7;
+    m_murala->Core.Settings.Preferences.RefreshIcons = true;
     m_services.Clock.Time += 3;
+    TMuSettings expected = m_murala->Core.Settings;
+    expected.Preferences = configuration.Preferences;
+    expected.Schedule = configuration.Schedule;
+    expected.Memory.LastChangeDate = m_services.Clock.Time; // the schedule counts from now
+    const auto text = [](const TMuSettings& settings) {
+        TIniFile file;
+        SaveSettings(file, settings, {}, AllSaveFlags);
+        return file.ToText();
+    };
     m_murala->Configurator.Confirm(configuration);
+    EXPECT_EQ(text(m_murala->Core.Settings), text(expected));
     Restart();
-    const TMuSettings& settings = m_murala->Core.Settings;
+    EXPECT_EQ(text(m_murala->Core.Settings), text(expected)) << "and it is saved";
+    EXPECT_EQ(m_murala->Core.Settings.Memory.WallpaperPath, "elsewhere");
     EXPECT_TRUE(m_murala->Session.StartAtStartup());
     EXPECT_TRUE(m_murala->Session.IsShellIntegrated());
     EXPECT_EQ(m_services.Autostart.Commands.begin()->second,
               m_services.ProgramFolder + "murala /apply");
-    EXPECT_TRUE(settings.ApplyOnStartup && settings.NextOnStartup && settings.UseSchedule);
-    EXPECT_FALSE(settings.StickyEdges || settings.UseWallpaperCategories || settings.RefreshIcons);
-    EXPECT_TRUE(settings.DefaultTransparentIcons);
-    EXPECT_EQ(settings.ScheduleUnits, suHour);
-    EXPECT_EQ(settings.Titles.MaxTitleLength, 12);
-    EXPECT_NEAR(settings.LastChangeDate, m_services.Clock.Time, 1e-5) << "counted from now";
-    EXPECT_EQ(settings.WallpaperPath, "elsewhere");
-    EXPECT_EQ(settings.PreviewSize, psLarge);
     EXPECT_EQ(m_murala->Core.List.Item(0).Title, "Picture0") << "only new titles follow the rules";
 }
 
@@ -45,7 +44,7 @@ TEST_F(Configurator, TitlesAreMadeAnewUntilTheUserEndsIt)
 {
     AddPictures(200);
     TConfiguration configuration = m_murala->Configurator.Present();
-    configuration.Settings.Titles.ConvertList = {{"Picture", "Photo"}};
+    configuration.Preferences.Titles.ConvertList = {{"Picture", "Photo"}};
     configuration.Retitle = TRetitle::Selected;
     Select(3);
     m_murala->Configurator.Confirm(configuration);

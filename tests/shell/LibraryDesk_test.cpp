@@ -36,7 +36,7 @@ struct TStrictView : TListener {
 
 TEST_F(LibraryDesk, AddsEachFileOnceAndKeepsItForTheNextStart)
 {
-    m_murala->Core.Settings.DefaultTransparentIcons = true;
+    m_murala->Core.Settings.Preferences.DefaultTransparentIcons = true;
     AddPictures(2);
     EXPECT_EQ(m_murala->Desk.AddFiles({Item(0).FileName()}), 0);
     EXPECT_EQ(SelectedRows(), std::vector<int>{1});

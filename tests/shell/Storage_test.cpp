@@ -25,13 +25,13 @@ TEST_F(Storage, AFailingSaveIsToldOnceAndLosesNothing)
     const std::string before = ReadWholeFile(list);
     Block(ListFileName);
     m_murala->Storage.SaveList();
-    m_murala->Core.Settings.ScheduleFrequency = 9;
+    m_murala->Core.Settings.Schedule.Frequency = 9;
     m_murala->Storage.SaveList();
     EXPECT_EQ(m_view.Messages.size(), 1U);
     Unblock(ListFileName);
     EXPECT_EQ(ReadWholeFile(list), before);
     Restart();
-    EXPECT_EQ(m_murala->Core.Settings.ScheduleFrequency, 9)
+    EXPECT_EQ(m_murala->Core.Settings.Schedule.Frequency, 9)
         << "the settings are saved all the same";
     Block(SettingsFileName);
     m_murala->Storage.SaveList();
@@ -68,7 +68,7 @@ TEST_F(Storage, AnUnreadableListIsKeptBesideTheNewOne)
 
 TEST_F(Storage, SettingsThatCannotBeReadForAWhileAreNotReplacedByDefaults)
 {
-    m_murala->Core.Settings.ScheduleFrequency = 7;
+    m_murala->Core.Settings.Schedule.Frequency = 7;
     AddPictures(2);
     const std::string content = ReadWholeFile(m_folder.File(SettingsFileName));
     Block(SettingsFileName);
@@ -84,14 +84,14 @@ TEST_F(Storage, SettingsThatCannotBeReadForAWhileAreNotReplacedByDefaults)
 
 TEST_F(Storage, ASecondReadingThatFailsKeepsWhatTheFirstHadRead)
 {
-    m_murala->Core.Settings.ScheduleFrequency = 7;
+    m_murala->Core.Settings.Schedule.Frequency = 7;
     AddPictures(1);
     Restart();
     Block(SettingsFileName);
     m_murala->LoadSettings({});
     Unblock(SettingsFileName);
-    EXPECT_EQ(m_murala->Core.Settings.ScheduleFrequency, 7);
+    EXPECT_EQ(m_murala->Core.Settings.Schedule.Frequency, 7);
     m_murala->Storage.SaveList();
     Restart();
-    EXPECT_EQ(m_murala->Core.Settings.ScheduleFrequency, 7);
+    EXPECT_EQ(m_murala->Core.Settings.Schedule.Frequency, 7);
 }

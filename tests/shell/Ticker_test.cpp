@@ -47,13 +47,13 @@ TEST_F(Ticker, AnotherScreenHasTheWallpaperInItsSize)
     EXPECT_EQ(installed(), 0U) << "the desktop is the user's own";
     Apply(1);
     StartSchedule();
-    const TDateTime changed = m_murala->Core.Settings.LastChangeDate;
+    const TDateTime changed = m_murala->Core.Settings.Memory.LastChangeDate;
     m_services.Clock.Time += 0.5 / MinutesPerDay;
     m_services.Desktop.Screen = {48, 32};
     tell();
     EXPECT_EQ(Installed().Size(), (TSize{48, 32}));
     EXPECT_EQ(CurrentIndex(), 1);
-    EXPECT_EQ(m_murala->Core.Settings.LastChangeDate, changed);
+    EXPECT_EQ(m_murala->Core.Settings.Memory.LastChangeDate, changed);
     m_services.Desktop.Screen = {64, 64};
     m_services.ScreenSaver.Running = true;
     tell();
@@ -112,11 +112,11 @@ TEST_F(Ticker, AMessageHoldsTheScheduleUp)
     AddPictures(3);
     m_murala->Desk.AddFiles({m_services.ProgramFolder + "Missing.jpg"});
     StartSchedule();
-    const TDateTime lastChange = m_murala->Core.Settings.LastChangeDate;
+    const TDateTime lastChange = m_murala->Core.Settings.Memory.LastChangeDate;
     m_view.OnMessage = [this] { EXPECT_EQ(TickAfter(10), -1) << "it failed"; };
     Apply(3);
     EXPECT_EQ(m_view.Messages.size(), 1U);
-    EXPECT_EQ(m_murala->Core.Settings.LastChangeDate, lastChange);
+    EXPECT_EQ(m_murala->Core.Settings.Memory.LastChangeDate, lastChange);
     EXPECT_EQ(TickAfter(0), 0);
 }
 

@@ -257,7 +257,7 @@ TEST_F(Tray, AnotherDesktopOfVeyraBringsItsSettingsAndNothingIsLost)
 {
     AddPictures(3);
     Apply(1);
-    m_murala->Core.Settings.LastChangeDate = 45000.25; // only in memory
+    m_murala->Core.Settings.Memory.LastChangeDate = 45000.25; // only in memory
     {
         TIniFile file = TIniFile::Load(m_services.ProgramFolder + "Murala.ini");
         file.Write("Main", "RefreshIcons", "0");
@@ -265,17 +265,17 @@ TEST_F(Tray, AnotherDesktopOfVeyraBringsItsSettingsAndNothingIsLost)
         file.Save(m_services.ProgramFolder + "Murala.ini");
     }
     RightClick(); // the list is new to the menu: that reads the settings, too
-    EXPECT_FALSE(m_murala->Core.Settings.RefreshIcons);
+    EXPECT_FALSE(m_murala->Core.Settings.Preferences.RefreshIcons);
     EXPECT_EQ(CurrentIndex(), 1);
-    m_murala->Core.Settings.RefreshIcons = true;
+    m_murala->Core.Settings.Preferences.RefreshIcons = true;
     RightClick();
-    EXPECT_TRUE(m_murala->Core.Settings.RefreshIcons);
+    EXPECT_TRUE(m_murala->Core.Settings.Preferences.RefreshIcons);
     m_services.Siblings.VeyraDesktop = 3;
     m_services.Desktop.Calls.clear();
     RightClick();
-    EXPECT_FALSE(m_murala->Core.Settings.RefreshIcons);
-    EXPECT_TRUE(m_murala->Core.Settings.UseWallpaperCategories);
-    EXPECT_EQ(m_murala->Core.Settings.LastChangeDate, 45000.25);
+    EXPECT_FALSE(m_murala->Core.Settings.Preferences.RefreshIcons);
+    EXPECT_TRUE(m_murala->Core.Settings.Preferences.UseWallpaperCategories);
+    EXPECT_EQ(m_murala->Core.Settings.Memory.LastChangeDate, 45000.25);
     EXPECT_EQ(CurrentIndex(), 2);
     EXPECT_TRUE(FindMenuItem(Wallpapers(), "CategoryMenuItem2")->Checked);
     EXPECT_TRUE(m_services.Desktop.Calls.empty());
@@ -285,13 +285,13 @@ TEST_F(Tray, SettingsThatCouldNotBeSavedAreNotReadOverWhatIsHeld)
 {
     AddPictures(1);
     Block(SettingsFileName);
-    m_murala->Core.Settings.ScheduleFrequency = 7;
+    m_murala->Core.Settings.Schedule.Frequency = 7;
     m_murala->Storage.SaveSettings(AllSaveFlags);
     EXPECT_EQ(m_view.Messages.size(), 1U);
     Unblock(SettingsFileName);
     m_services.Siblings.VeyraDesktop = 2;
     RightClick();
-    EXPECT_EQ(m_murala->Core.Settings.ScheduleFrequency, 7);
+    EXPECT_EQ(m_murala->Core.Settings.Schedule.Frequency, 7);
 }
 
 TEST_F(Tray, AnAppliedWallpaperRunsThroughTheFramesOnce)

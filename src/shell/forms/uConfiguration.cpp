@@ -8,11 +8,8 @@
 
 #include <algorithm>
 
-#include <wx/dc.h>
-#include <wx/grid.h>
 #include <wx/hyperlink.h>
 #include <wx/panel.h>
-#include <wx/settings.h>
 #include <wx/sizer.h>
 
 namespace murala
@@ -36,88 +33,7 @@ wxWindow* Finish(wxWindow* page, wxSizer* rows)
     return page;
 }
 
-// Makes blanks visible, and says where a text is replaced by nothing.
-class TReplacementRenderer : public wxGridCellStringRenderer
-{
-public:
-    void Draw(wxGrid& grid, wxGridCellAttr& attributes, wxDC& dc, const wxRect& rect, int row,
-              int column, bool isSelected) override
-    {
-        wxGridCellRenderer::Draw(grid, attributes, dc, rect, row, column, isSelected);
-        wxString text = grid.GetCellValue(row, column);
-        const bool isNothing = text.empty() && column == 1 && !grid.GetCellValue(row, 0).empty();
-        text.Replace(" ", wxUniChar(0x00B7)); // a middle dot
-        SetTextColoursAndFont(grid, attributes, dc, isSelected);
-        if (isNothing && !isSelected)
-            dc.SetTextForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
-        grid.DrawTextRectangle(dc, isNothing ? wxString("(nothing)") : text,
-                               wxRect(rect).Deflate(1), wxALIGN_LEFT, wxALIGN_CENTRE);
-    }
-    wxGridCellRenderer* Clone() const override { return new TReplacementRenderer; }
-};
-
 } // namespace
-
-TConvertGrid::TConvertGrid(wxWindow* parent, const TConvertList& list)
-    : m_grid(new wxGrid(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(wxSize(340, 190)),
-                        wxWANTS_CHARS | wxBORDER_THEME, "sgConvertList"))
-{
-    m_grid->CreateGrid(std::max<int>(1, static_cast<int>(list.size())), 2);
-    m_grid->SetDefaultRenderer(new TReplacementRenderer); // which the grid owns
-    m_grid->SetCellHighlightPenWidth(2);
-    m_grid->SetCellHighlightColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT));
-    m_grid->SetColLabelValue(0, "From");
-    m_grid->SetColLabelValue(1, "To");
-    m_grid->HideRowLabels();
-    m_grid->Bind(wxEVT_SIZE, [grid = m_grid](wxSizeEvent& event) {
-        event.Skip();
-        for (int column = 0; column < 2; ++column)
-            grid->SetColSize(column, grid->GetClientSize().x / 2);
-    });
-    for (int row = 0; row < static_cast<int>(list.size()); ++row) {
-        m_grid->SetCellValue(row, 0, ToWx(list[static_cast<std::size_t>(row)].first));
-        m_grid->SetCellValue(row, 1, ToWx(list[static_cast<std::size_t>(row)].second));
-    }
-    const wxString hint = "Move to the bottom of the list and press the\r\n"
-                          "down arrow key to add a new entry to the list.";
-    m_grid->SetToolTip(hint);
-    m_grid->GetGridWindow()->SetToolTip(hint);
-    for (wxWindow* window : {static_cast<wxWindow*>(m_grid), m_grid->GetGridWindow()})
-        SetAccessibleName(*window, "Titles: replace From by To");
-    m_grid->Bind(wxEVT_KEY_DOWN, &TConvertGrid::OnKey, this);
-}
-
-wxWindow* TConvertGrid::Window() const
-{
-    return m_grid;
-}
-
-void TConvertGrid::OnKey(wxKeyEvent& event)
-{
-    const int last = m_grid->GetNumberRows() - 1;
-    const bool isAtEnd = m_grid->GetGridCursorRow() == last;
-    const bool isDown = event.GetKeyCode() == WXK_DOWN && event.GetModifiers() == wxMOD_NONE;
-    // In and out of the grid as of any other control.
-    if (event.GetKeyCode() == WXK_TAB)
-        return static_cast<void>(
-            m_grid->Navigate(event.ShiftDown() ? 0 : wxNavigationKeyEvent::IsForward));
-    if (!isAtEnd || !isDown)
-        return event.Skip();
-    if (m_grid->GetCellValue(last, 0).empty())
-        return;
-    m_grid->AppendRows();
-    m_grid->GoToCell(last + 1, 0);
-}
-
-TConvertList TConvertGrid::List() const
-{
-    m_grid->DisableCellEditControl(); // takes what is being typed
-    TConvertList list;
-    for (int row = 0; row < m_grid->GetNumberRows(); ++row)
-        if (const wxString from = m_grid->GetCellValue(row, 0); !from.empty())
-            list.emplace_back(from.utf8_string(), m_grid->GetCellValue(row, 1).utf8_string());
-    return list;
-}
 
 TfConfiguration::TfConfiguration(wxWindow* parent, TMurala& murala, const TActionList& actions)
     : wxDialog(parent, wxID_ANY, "Configuration", wxDefaultPosition, wxDefaultSize,
@@ -142,13 +58,14 @@ TfConfiguration::TfConfiguration(wxWindow* parent, TMurala& murala, const TActio
     UpdateStartBoxes();
 }
 
-wxCheckBox* TfConfiguration::NewCheckBox(wxWindow* parent, wxSizer* rows, const wxString& caption,
-                                         const wxString& name, bool value)
+wxCheckBox* TfConfiguration::AddBox(wxWindow* page, wxSizer* rows, const wxString& caption,
+                                    const char* name, bool& value)
 {
-    auto* box = new wxCheckBox(parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0,
+    auto* box = new wxCheckBox(page, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0,
                                wxDefaultValidator, name);
     box->SetValue(value);
     rows->Add(box, wxSizerFlags().Border(wxBOTTOM));
+    m_boxes.emplace_back(box, &value);
     return box;
 }
 
@@ -156,17 +73,16 @@ wxWindow* TfConfiguration::BuildStartPage(wxWindow* parent)
 {
     wxWindow* page = NewPage(parent, "tsStartup");
     auto* rows = new wxBoxSizer(wxVERTICAL);
-    const auto add = [&](TActionId action, const char* name, bool value) {
-        return NewCheckBox(page, rows, ToWx(m_actions[action].Caption), name, value);
+    const auto add = [&](TActionId action, const char* name, bool& value) {
+        return AddBox(page, rows, ToWx(m_actions[action].Caption), name, value);
     };
-    const TMuSettings& settings = m_configuration.Settings;
+    TPreferences& preferences = m_configuration.Preferences;
     cbStartAtStartup = add(aStartAtStartup, "cbStartAtStartup", m_configuration.StartAtStartup);
-    cbApplyAtStartup = add(aApplyOnStartup, "cbApplyAtStartup", settings.ApplyOnStartup);
-    cbNextAtStartup = add(aNextOnStartup, "cbNextAtStartup", settings.NextOnStartup);
+    cbApplyAtStartup = add(aApplyOnStartup, "cbApplyAtStartup", preferences.ApplyOnStartup);
+    cbNextAtStartup = add(aNextOnStartup, "cbNextAtStartup", preferences.NextOnStartup);
     rows->AddSpacer(FromDIP(12));
-    cbShellIntegration = NewCheckBox(
-        page, rows, "Use She&ll Integration (\"Add to Murala\" on popup menu in explorer)",
-        "cbShellIntegration", m_configuration.ShellIntegration);
+    AddBox(page, rows, "Use She&ll Integration (\"Add to Murala\" on popup menu in explorer)",
+           "cbShellIntegration", m_configuration.ShellIntegration);
     for (wxCheckBox* box : {cbStartAtStartup, cbApplyAtStartup})
         box->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { UpdateStartBoxes(); });
     return Finish(page, rows);
@@ -186,7 +102,7 @@ wxWindow* TfConfiguration::BuildSchedulePage(wxWindow* parent)
         new wxStaticText(page, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lSchedule");
     rows->Add(lSchedule, wxSizerFlags().Expand().Border(wxBOTTOM));
     rows->Add(new wxStaticText(page, wxID_ANY,
-                               ToWx(LastChangeText(m_configuration.Settings.LastChangeDate))),
+                               ToWx(LastChangeText(m_murala.Core.Settings.Memory.LastChangeDate))),
               wxSizerFlags().DoubleBorder(wxBOTTOM));
     auto* button = new wxButton(page, wxID_ANY, "Wallpaper Sche&dule...", wxDefaultPosition,
                                 wxDefaultSize, 0, wxDefaultValidator, "bSchedule");
@@ -198,28 +114,26 @@ wxWindow* TfConfiguration::BuildSchedulePage(wxWindow* parent)
 
 void TfConfiguration::bScheduleClick()
 {
-    TMuSettings& settings = m_configuration.Settings;
-    TfSchedule dialog(this, ScheduleOf(settings), settings.LastChangeDate);
+    TfSchedule dialog(this, m_configuration.Schedule, m_murala.Core.Settings.Memory.LastChangeDate);
     if (dialog.ShowModal() == wxID_OK)
-        SetScheduleOf(settings, dialog.Schedule());
+        m_configuration.Schedule = dialog.Schedule();
     ShowSchedule();
 }
 
 void TfConfiguration::ShowSchedule()
 {
-    lSchedule->SetLabel(ToWx(DescribeSchedule(ScheduleOf(m_configuration.Settings))));
+    lSchedule->SetLabel(ToWx(DescribeSchedule(m_configuration.Schedule)));
     lSchedule->GetParent()->Layout();
 }
 
 wxWindow* TfConfiguration::BuildTitlesPage(wxWindow* parent)
 {
     wxWindow* page = NewPage(parent, "tsTitles");
-    const TTitleRules& titles = m_configuration.Settings.Titles;
+    TTitleRules& titles = m_configuration.Preferences.Titles;
     auto* rows = new wxBoxSizer(wxVERTICAL);
-    cbCapitaliseFirstLetter = NewCheckBox(page, rows, "Capitalise &First Letter",
-                                          "cbCapitaliseFirstLetter", titles.CapitaliseFirstLetter);
-    cbSpaceOutWords =
-        NewCheckBox(page, rows, "S&pace Out Words", "cbSpaceOutWords", titles.SpaceOutWords);
+    AddBox(page, rows, "Capitalise &First Letter", "cbCapitaliseFirstLetter",
+           titles.CapitaliseFirstLetter);
+    AddBox(page, rows, "S&pace Out Words", "cbSpaceOutWords", titles.SpaceOutWords);
     auto* length = new wxBoxSizer(wxHORIZONTAL);
     length->Add(new wxStaticText(page, wxID_ANY, "&Maximum Title Length"),
                 wxSizerFlags().CenterVertical().Border(wxRIGHT));
@@ -251,26 +165,22 @@ wxWindow* TfConfiguration::BuildTitlesPage(wxWindow* parent)
 wxWindow* TfConfiguration::BuildWallpapersPage(wxWindow* parent)
 {
     wxWindow* page = NewPage(parent, "tsWallpapers");
-    const TMuSettings& settings = m_configuration.Settings;
+    TPreferences& preferences = m_configuration.Preferences;
     auto* rows = new wxBoxSizer(wxVERTICAL);
-    cbUseWallpaperCategories =
-        NewCheckBox(page, rows, "&Group wallpapers by category in the tray menu",
-                    "cbUseWallpaperCategories", settings.UseWallpaperCategories);
-    cbStickyEdges = NewCheckBox(page, rows, "The window snaps to the &edges of the screen",
-                                "cbStickyEdges", settings.StickyEdges);
-    cbStickyEdges->Enable(IsAskedWhileDragging());
+    AddBox(page, rows, "&Group wallpapers by category in the tray menu", "cbUseWallpaperCategories",
+           preferences.UseWallpaperCategories);
+    wxCheckBox* stickyEdges = AddBox(page, rows, "The window snaps to the &edges of the screen",
+                                     "cbStickyEdges", preferences.StickyEdges);
+    stickyEdges->Enable(IsAskedWhileDragging());
     if (!IsAskedWhileDragging())
-        cbStickyEdges->SetToolTip("The window manager moves windows here, and snaps them.");
+        stickyEdges->SetToolTip("The window manager moves windows here, and snaps them.");
     rows->AddSpacer(FromDIP(12));
-    cbRefreshIcons = NewCheckBox(page, rows, "Perodically &Refresh Icons", "cbRefreshIcons",
-                                 settings.RefreshIcons);
-    cbRefreshIcons->SetToolTip(
-        "Sometimes Windows causes transparent icons to revert back to opaque. \r\n"
-        "Use this option to refresh the transparent icons every few seconds");
-    cbDefaultTransparentIcons =
-        NewCheckBox(page, rows, "&Icons Are Transparent By Default", "cbDefaultTransparentIcons",
-                    settings.DefaultTransparentIcons);
-    cbDefaultTransparentIcons->SetToolTip("Sets transparent icons when a new wallapper is added");
+    AddBox(page, rows, "Perodically &Refresh Icons", "cbRefreshIcons", preferences.RefreshIcons)
+        ->SetToolTip("Sometimes Windows causes transparent icons to revert back to opaque. \r\n"
+                     "Use this option to refresh the transparent icons every few seconds");
+    AddBox(page, rows, "&Icons Are Transparent By Default", "cbDefaultTransparentIcons",
+           preferences.DefaultTransparentIcons)
+        ->SetToolTip("Sets transparent icons when a new wallapper is added");
     if (!m_murala.Core.Services.IconView.CanBeAsked())
         rows->Add(new wxStaticText(page, wxID_ANY,
                                    "This desktop's icon text cannot be made transparent."),
@@ -349,30 +259,17 @@ void TfConfiguration::aRefreshThumbnailsExecute()
     ShowStatistics();
 }
 
-// A length from the settings that the control cannot show stays, unless the user sets another one.
-int TfConfiguration::MaxTitleLength() const
+const TConfiguration& TfConfiguration::Configuration()
 {
-    const int stored = m_configuration.Settings.Titles.MaxTitleLength;
-    const int shown = seMaxTitleLength->GetValue();
-    return shown == std::clamp(stored, 1, MaximumTitleLength) ? stored : shown;
-}
-
-TConfiguration TfConfiguration::Configuration() const
-{
-    TConfiguration configuration = m_configuration;
-    configuration.StartAtStartup = cbStartAtStartup->GetValue();
-    configuration.ShellIntegration = cbShellIntegration->GetValue();
-    configuration.Retitle = static_cast<TRetitle>(cbRetitle->GetSelection());
-    TMuSettings& settings = configuration.Settings;
-    settings.ApplyOnStartup = cbApplyAtStartup->GetValue();
-    settings.NextOnStartup = cbNextAtStartup->GetValue();
-    settings.Titles = {cbCapitaliseFirstLetter->GetValue(), cbSpaceOutWords->GetValue(),
-                       MaxTitleLength(), sgConvertList->List()};
-    settings.UseWallpaperCategories = cbUseWallpaperCategories->GetValue();
-    settings.StickyEdges = cbStickyEdges->GetValue();
-    settings.RefreshIcons = cbRefreshIcons->GetValue();
-    settings.DefaultTransparentIcons = cbDefaultTransparentIcons->GetValue();
-    return configuration;
+    for (const auto& [box, value] : m_boxes)
+        *value = box->GetValue();
+    TTitleRules& titles = m_configuration.Preferences.Titles;
+    // A length that the control cannot show stays, unless the user sets another one.
+    if (seMaxTitleLength->GetValue() != std::clamp(titles.MaxTitleLength, 1, MaximumTitleLength))
+        titles.MaxTitleLength = seMaxTitleLength->GetValue();
+    titles.ConvertList = sgConvertList->List();
+    m_configuration.Retitle = static_cast<TRetitle>(cbRetitle->GetSelection());
+    return m_configuration;
 }
 
 } // namespace murala

@@ -1,7 +1,8 @@
-// The configuration dialog: edits a copy of the settings.
+// The configuration dialog: edits a copy of the settings that it owns.
 #pragma once
 
 #include "uActionList.h"
+#include "uConvertGrid.h"
 #include "uMurala.h"
 
 #include <wx/button.h>
@@ -12,26 +13,8 @@
 #include <wx/spinctrl.h>
 #include <wx/stattext.h>
 
-class wxGrid;
-class wxGridEvent;
-
 namespace murala
 {
-
-// The convert list: "From" and "To". Down on the last row opens another one.
-class TConvertGrid
-{
-public:
-    TConvertGrid(wxWindow* parent, const TConvertList& list);
-    wxWindow* Window() const;
-    // Rows without a "From" are left out.
-    TConvertList List() const;
-
-private:
-    void OnKey(wxKeyEvent& event);
-
-    wxGrid* m_grid;
-};
 
 class TfConfiguration : public wxDialog
 {
@@ -39,7 +22,7 @@ public:
     TfConfiguration(wxWindow* parent, TMurala& murala, const TActionList& actions);
 
     // What the user has made of it.
-    TConfiguration Configuration() const;
+    const TConfiguration& Configuration();
 
 private:
     wxWindow* BuildStartPage(wxWindow* parent);
@@ -47,11 +30,11 @@ private:
     wxWindow* BuildTitlesPage(wxWindow* parent);
     wxWindow* BuildWallpapersPage(wxWindow* parent);
     wxWindow* BuildThumbnailsPage(wxWindow* parent);
-    wxCheckBox* NewCheckBox(wxWindow* parent, wxSizer* rows, const wxString& caption,
-                            const wxString& name, bool value);
+    // Below the others. The box shows the value; Configuration() takes it from there.
+    wxCheckBox* AddBox(wxWindow* page, wxSizer* rows, const wxString& caption, const char* name,
+                       bool& value);
 
     void UpdateStartBoxes();
-    int MaxTitleLength() const;
     void bScheduleClick();
     void ShowSchedule();
     void ShowStatistics();
@@ -60,17 +43,14 @@ private:
 
     TMurala& m_murala;
     const TActionList& m_actions;
-    TConfiguration m_configuration;
+    TConfiguration m_configuration; // what is edited
+    std::vector<std::pair<wxCheckBox*, bool*>> m_boxes;
 
     wxCheckBox *cbStartAtStartup = nullptr, *cbApplyAtStartup = nullptr, *cbNextAtStartup = nullptr;
-    wxCheckBox* cbShellIntegration = nullptr;
     wxStaticText* lSchedule = nullptr;
-    wxCheckBox *cbCapitaliseFirstLetter = nullptr, *cbSpaceOutWords = nullptr;
     wxSpinCtrl* seMaxTitleLength = nullptr;
     std::unique_ptr<TConvertGrid> sgConvertList;
     wxChoice* cbRetitle = nullptr;
-    wxCheckBox *cbUseWallpaperCategories = nullptr, *cbStickyEdges = nullptr;
-    wxCheckBox *cbRefreshIcons = nullptr, *cbDefaultTransparentIcons = nullptr;
     wxStaticText *lSize = nullptr, *lShare = nullptr, *lCount = nullptr;
     wxButton* bDeleteThumbnailCache = nullptr;
 };

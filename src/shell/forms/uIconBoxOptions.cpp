@@ -25,17 +25,17 @@ constexpr int TintTicks = 10;
 
 } // namespace
 
-TfIconBoxOptions::TfIconBoxOptions(wxWindow* parent, const TIconBoxOptions& options)
+TfIconBoxOptions::TfIconBoxOptions(wxWindow* parent, const TIconBoxSettings& settings)
     : wxDialog(parent, wxID_ANY, "Icon Box Options", wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE, "TfIconBoxOptions"),
-      m_borderColor(options.BorderColor)
+      m_borderColor(settings.BorderColor)
 {
     BuildControls();
     FinishDialog(*this, BuildLayout(), *rgType);
-    const long double tint = static_cast<long double>(options.Gamma) / MaximumGamma * MaximumTint;
+    const long double tint = static_cast<long double>(settings.Gamma) / MaximumGamma * MaximumTint;
     tbTint->SetValue(static_cast<int>(RoundHalfEven(tint)));
-    cbBorder->SetValue(options.Border);
-    rgType->SetSelection(options.OnlyIcons ? 1 : 0);
+    cbBorder->SetValue(settings.Border);
+    rgType->SetSelection(settings.OnlyIcons ? 1 : 0);
     pBorderColor->SetBackgroundColour(ToWxColour(m_borderColor));
     UpdateTint();
     UpdateControls();
@@ -120,7 +120,7 @@ wxSizer* TfIconBoxOptions::BuildLayout()
     return content;
 }
 
-TIconBoxOptions TfIconBoxOptions::Options() const
+TIconBoxSettings TfIconBoxOptions::Settings() const
 {
     const long double gamma =
         static_cast<long double>(tbTint->GetValue()) / MaximumTint * MaximumGamma;

@@ -1,7 +1,7 @@
 // The dialog "Icon Box Options".
 #pragma once
 
-#include "uAddOnDesk.h"
+#include "uSettings.h"
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
@@ -18,9 +18,9 @@ namespace murala
 class TfIconBoxOptions : public wxDialog
 {
 public:
-    TfIconBoxOptions(wxWindow* parent, const TIconBoxOptions& options);
+    TfIconBoxOptions(wxWindow* parent, const TIconBoxSettings& settings);
 
-    TIconBoxOptions Options() const;
+    TIconBoxSettings Settings() const;
 
 private:
     void BuildControls();

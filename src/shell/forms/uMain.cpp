@@ -105,7 +105,7 @@ TfMain::~TfMain()
 void TfMain::LoadSettings()
 {
     m_murala.LoadSettings(DefaultPlacement(m_panel->DesignSize()));
-    m_presence.WillStart(m_murala.Core.Settings.WindowState);
+    m_presence.WillStart(m_murala.Core.Settings.Window.IsVisible);
 }
 
 // The window may be smaller than the settings' pages: they scroll.
@@ -164,18 +164,18 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
 {
     m_link.Unlock();
     LoadSettings();
-    Place(m_murala.Core.Settings.Placement);
+    Place(m_murala.Core.Settings.Window.Placement);
     m_murala.Core.Selection.Select(m_murala.Core.Selection.Current());
     if (IsApplyStart(arguments)) {
-        if (m_murala.Core.Settings.NextOnStartup)
+        if (m_murala.Core.Settings.Preferences.NextOnStartup)
             m_murala.Applier.Next(TReport::StatusLine);
         else
             m_murala.Applier.ComposeWallpaper(true, TReport::StatusLine);
     }
     m_presence.Start();
-    SetPreviewSize(m_murala.Core.Settings.PreviewSize);
-    SetViewMode(m_murala.Core.Settings.ViewMode);
-    SetThumbnailSize(m_murala.Core.Settings.ThumbnailSize);
+    SetPreviewSize(m_murala.Core.Settings.Window.PreviewSize);
+    SetViewMode(m_murala.Core.Settings.Window.ViewMode);
+    SetThumbnailSize(m_murala.Core.Settings.Window.ThumbnailSize);
     m_murala.Core.Updating = false;
     CallLater(*this, [this] { m_panel->Wallpapers().View().Window().SetFocus(); });
     UpdateHints();

@@ -116,7 +116,7 @@ void TfMain::BindWindowActions()
         const auto size = static_cast<TPreviewSize>(i);
         alMain[sizes[i]].OnExecute = [this, size] { SetPreviewSize(size); };
         alMain[sizes[i]].OnChecked = [this, size] {
-            return m_murala.Core.Settings.PreviewSize == size;
+            return m_murala.Core.Settings.Window.PreviewSize == size;
         };
     }
     static constexpr TActionId views[] = {aViewList, aViewThumbnails};
@@ -124,18 +124,18 @@ void TfMain::BindWindowActions()
         const auto mode = static_cast<TViewMode>(i);
         alMain[views[i]].OnExecute = [this, mode] { SetViewMode(mode); };
         alMain[views[i]].OnChecked = [this, mode] {
-            return m_murala.Core.Settings.ViewMode == mode;
+            return m_murala.Core.Settings.Window.ViewMode == mode;
         };
     }
     alMain[aNextView].OnExecute = [this] {
-        SetViewMode(m_murala.Core.Settings.ViewMode == vmList ? vmThumbnails : vmList);
+        SetViewMode(m_murala.Core.Settings.Window.ViewMode == vmList ? vmThumbnails : vmList);
     };
     static constexpr TActionId thumbnails[] = {aThumbSmall, aThumbNormal, aThumbLarge};
     for (std::size_t i = 0; i < std::size(thumbnails); ++i) {
         const auto size = static_cast<TThumbnailSize>(i);
         alMain[thumbnails[i]].OnExecute = [this, size] { SetThumbnailSize(size); };
         alMain[thumbnails[i]].OnChecked = [this, size] {
-            return m_murala.Core.Settings.ThumbnailSize == size;
+            return m_murala.Core.Settings.Window.ThumbnailSize == size;
         };
     }
     alMain[aExit].OnExecute = [this] {
@@ -162,13 +162,15 @@ void TfMain::BindSystemActions()
     start.OnExecute = [&session] { session.SetStartAtStartup(!session.StartAtStartup()); };
     start.OnChecked = [&session] { return session.StartAtStartup(); };
     TAction& apply = alMain[aApplyOnStartup];
-    apply.OnExecute = [&] { session.SetApplyOnStartup(!settings.ApplyOnStartup); };
-    apply.OnChecked = [&settings] { return settings.ApplyOnStartup; };
+    apply.OnExecute = [&] { session.SetApplyOnStartup(!settings.Preferences.ApplyOnStartup); };
+    apply.OnChecked = [&settings] { return settings.Preferences.ApplyOnStartup; };
     apply.OnEnabled = [&session] { return session.StartAtStartup(); };
     TAction& next = alMain[aNextOnStartup];
-    next.OnExecute = [&] { session.SetNextOnStartup(!settings.NextOnStartup); };
-    next.OnChecked = [&settings] { return settings.NextOnStartup; };
-    next.OnEnabled = [&] { return session.StartAtStartup() && settings.ApplyOnStartup; };
+    next.OnExecute = [&] { session.SetNextOnStartup(!settings.Preferences.NextOnStartup); };
+    next.OnChecked = [&settings] { return settings.Preferences.NextOnStartup; };
+    next.OnEnabled = [&] {
+        return session.StartAtStartup() && settings.Preferences.ApplyOnStartup;
+    };
 }
 
 int TfMain::RunModal(wxDialog& dialog)
@@ -179,7 +181,7 @@ int TfMain::RunModal(wxDialog& dialog)
 
 void TfMain::aAddExecute()
 {
-    std::string folder = m_murala.Core.Settings.WallpaperPath;
+    std::string folder = m_murala.Core.Settings.Memory.WallpaperPath;
     // The first time the dialog begins in the folder of sample pictures.
     if (folder.empty() || folder == m_services.ProgramFolder)
         folder = FindShippedFile(m_services, "samples").value_or(folder);
@@ -247,7 +249,7 @@ void TfMain::SetPreviewSize(TPreviewSize size)
     {
         const wxWindowUpdateLocker lock(this);
         const TValueScope updating(m_murala.Core.Updating, true);
-        m_murala.Core.Settings.PreviewSize = size;
+        m_murala.Core.Settings.Window.PreviewSize = size;
         m_panel->FitRightPanel();
     }
     m_murala.Preview.PreviewChanged(false);
@@ -256,7 +258,7 @@ void TfMain::SetPreviewSize(TPreviewSize size)
 
 void TfMain::SetViewMode(TViewMode mode)
 {
-    m_murala.Core.Settings.ViewMode = mode == vmThumbnails ? vmThumbnails : vmList;
+    m_murala.Core.Settings.Window.ViewMode = mode == vmThumbnails ? vmThumbnails : vmList;
     m_panel->Wallpapers().ShowViewMode();
     UpdateHints();
     m_murala.Storage.SaveSettings(TSaveFlags().set(sfViewMode));
@@ -264,7 +266,7 @@ void TfMain::SetViewMode(TViewMode mode)
 
 void TfMain::SetThumbnailSize(TThumbnailSize size)
 {
-    m_murala.Core.Settings.ThumbnailSize = size >= tsSmall && size <= tsLarge ? size : tsNormal;
+    m_murala.Core.Settings.Window.ThumbnailSize = size >= tsSmall && size <= tsLarge ? size : tsNormal;
     m_panel->Wallpapers().ShowThumbnailSize();
     m_murala.Storage.SaveSettings(TSaveFlags().set(sfThumbnailSize));
 }

@@ -14,13 +14,12 @@ namespace murala
 void TfMain::BindAddOnActions()
 {
     TAddOnDesk& addOns = m_murala.AddOns;
-    const TMuSettings& settings = m_murala.Core.Settings;
-    TAction& calendar = alMain[aCalendar];
-    calendar.OnExecute = [&] { addOns.SetUseCalendar(!settings.UseCalendar); };
-    calendar.OnChecked = [&settings] { return settings.UseCalendar; };
-    TAction& iconBox = alMain[aIconBox];
-    iconBox.OnExecute = [&] { addOns.SetUseIconBox(!settings.UseIconBox); };
-    iconBox.OnChecked = [&settings] { return settings.UseIconBox; };
+    const TAddOnSwitches& switches = m_murala.Core.Settings.AddOns;
+    for (const TAddOn& addOn : AddOnList()) {
+        TAction& action = alMain[addOn.Switch];
+        action.OnExecute = [&] { addOns.Switch(addOn.Use, !(switches.*addOn.Use)); };
+        action.OnChecked = [&] { return switches.*addOn.Use; };
+    }
 
     alMain[aNewGradient].OnExecute = [this] { aNewGradientExecute(); };
     alMain[aCalendarOptions].OnExecute = [this] { aCalendarOptionsExecute(); };
@@ -49,9 +48,9 @@ void TfMain::aCalendarOptionsExecute()
 
 void TfMain::aIconBoxOptionsExecute()
 {
-    TfIconBoxOptions dialog(this, m_murala.AddOns.IconBox());
+    TfIconBoxOptions dialog(this, m_murala.Core.Settings.IconBox);
     if (RunModal(dialog) == wxID_OK)
-        m_murala.AddOns.SetIconBox(dialog.Options());
+        m_murala.AddOns.SetIconBox(dialog.Settings());
 }
 
 } // namespace murala

@@ -125,7 +125,7 @@ void TfMain::tScheduleTimer()
 
 void TfMain::StartSchedule()
 {
-    if (m_murala.Core.Settings.UseSchedule && !m_murala.Core.Pauses.IsPaused())
+    if (m_murala.Core.Settings.Schedule.Use && !m_murala.Core.Pauses.IsPaused())
         tSchedule.StartOnce(ScheduleInterval);
     else
         tSchedule.Stop();
@@ -157,7 +157,7 @@ void TfMain::FormDropFiles(wxDropFilesEvent& event)
 void TfMain::FormMoving(wxMoveEvent& event)
 {
     const int display = wxDisplay::GetFromWindow(this);
-    if (!m_murala.Core.Settings.StickyEdges || display == wxNOT_FOUND)
+    if (!m_murala.Core.Settings.Preferences.StickyEdges || display == wxNOT_FOUND)
         return event.Skip();
     const wxRect area = wxDisplay(static_cast<unsigned>(display)).GetClientArea();
     const wxRect window = event.GetRect();
@@ -183,8 +183,9 @@ void TfMain::UpdateHints()
         item != nullptr && item->DisplayMode < std::size(DisplayModeNames)
             ? FormatText("Display (%s)", {DisplayModeNames[item->DisplayMode]})
             : "Display";
-    alMain[aNextView].Hint =
-        m_murala.Core.Settings.ViewMode == vmThumbnails ? "View (Thumbnails)" : "View (List)";
+    alMain[aNextView].Hint = m_murala.Core.Settings.Window.ViewMode == vmThumbnails
+                                 ? "View (Thumbnails)"
+                                 : "View (List)";
     alMain[aDisplayProperties].Hint = m_services.Launcher.HasDisplayProperties()
                                           ? ""
                                           : "This desktop has no settings of its own for it";
@@ -195,7 +196,7 @@ void TfMain::UpdateHints()
 
 void TfMain::ShowLastChange()
 {
-    m_panel->Bottom().ShowLastChange(LastChangeText(m_murala.Core.Settings.LastChangeDate));
+    m_panel->Bottom().ShowLastChange(LastChangeText(m_murala.Core.Settings.Memory.LastChangeDate));
 }
 
 void TfMain::CurrentChanged(TCurrentChange change)

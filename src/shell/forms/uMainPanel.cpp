@@ -162,7 +162,7 @@ void TMainPanel::BindSplitters()
 
 void TMainPanel::FitRightPanel()
 {
-    const auto size = std::clamp(m_murala.Core.Settings.PreviewSize, psMini, psLarge);
+    const auto size = std::clamp(m_murala.Core.Settings.Window.PreviewSize, psMini, psLarge);
     const wxSize preview = FromDIP(wxSize(PreviewSizes[size].first, PreviewSizes[size].second));
     m_rightWidth = std::max(preview.x, m_pagesSize.x);
     m_previewHeight = preview.y;

@@ -38,14 +38,14 @@ void TWallpaperPanel::BuildToolBar()
 
 TWallpaperView& TWallpaperPanel::View()
 {
-    if (m_murala.Core.Settings.ViewMode == vmThumbnails)
+    if (m_murala.Core.Settings.Window.ViewMode == vmThumbnails)
         return *lvThumbnails;
     return *lvWallpaper;
 }
 
 void TWallpaperPanel::ShowViewMode()
 {
-    const bool isThumbnails = m_murala.Core.Settings.ViewMode == vmThumbnails;
+    const bool isThumbnails = m_murala.Core.Settings.Window.ViewMode == vmThumbnails;
     if (lvThumbnails->IsShown() == isThumbnails)
         return;
     const bool hadFocus = lvWallpaper->Window().HasFocus() || lvThumbnails->HasFocus();
@@ -61,7 +61,7 @@ void TWallpaperPanel::ShowViewMode()
 
 void TWallpaperPanel::ShowThumbnailSize()
 {
-    lvThumbnails->SetSize(m_murala.Core.Settings.ThumbnailSize);
+    lvThumbnails->SetSize(m_murala.Core.Settings.Window.ThumbnailSize);
 }
 
 void TWallpaperPanel::RefreshThumbnails()

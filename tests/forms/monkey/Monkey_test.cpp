@@ -107,7 +107,7 @@ protected:
 
     wxWindow& View()
     {
-        const bool isThumbnails = m_main->Murala().Core.Settings.ViewMode == vmThumbnails;
+        const bool isThumbnails = m_main->Murala().Core.Settings.Window.ViewMode == vmThumbnails;
         return Control<wxWindow>(isThumbnails ? "lvThumbnails" : "lvWallpaper");
     }
 
@@ -133,7 +133,7 @@ protected:
         click.SetPosition({Below(400), Below(400)});
         click.SetShiftDown(Chance(20));
         click.SetControlDown(Chance(20));
-        if (m_main->Murala().Core.Settings.ViewMode == vmThumbnails)
+        if (m_main->Murala().Core.Settings.Window.ViewMode == vmThumbnails)
             View().ProcessWindowEvent(click);
     }
 
@@ -167,7 +167,7 @@ protected:
     {
         m_services.Clock.Time += (Below(4000) - 1000) / 1440.0;
         m_services.ScreenSaver.Running = Chance(10);
-        m_main->Murala().Core.Settings.UseSchedule = Chance(80);
+        m_main->Murala().Core.Settings.Schedule.Use = Chance(80);
         for (int tick = Below(4); tick > 0; --tick) {
             m_main->Murala().Ticker.ScheduleTick();
             m_main->Murala().Ticker.RefreshTick();

@@ -23,8 +23,9 @@ void SaveVersion(const std::string& folder, int version)
     }
     list.SaveToFile(JoinPath(folder, ListFileName));
     TMuSettings settings;
-    settings.ScheduleFrequency = version;
-    settings.Titles.ConvertList.assign(static_cast<std::size_t>(version % 50), {"a", "b"});
+    settings.Schedule.Frequency = version;
+    settings.Preferences.Titles.ConvertList.assign(static_cast<std::size_t>(version % 50),
+                                                   {"a", "b"});
     TIniFile file = TIniFile::Load(JoinPath(folder, SettingsFileName));
     SaveSettings(file, settings, {version, "/current"}, AllSaveFlags);
     file.Save(JoinPath(folder, SettingsFileName));

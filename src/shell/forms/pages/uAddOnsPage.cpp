@@ -10,13 +10,6 @@ namespace murala
 namespace
 {
 
-struct TAddOnRow {
-    const char* Caption;
-    TActionId Switch, Options;
-};
-constexpr TAddOnRow AddOnTable[] = {{"Calendar", aCalendar, aCalendarOptions},
-                                    {"Icon Box", aIconBox, aIconBoxOptions}};
-
 constexpr int TextWidth = 270; // DIPs, where the page has no size yet
 
 } // namespace
@@ -30,13 +23,13 @@ TAddOnsPage::TAddOnsPage(wxWindow* parent, TMurala& murala, TActionBinder& binde
 wxSizer* TAddOnsPage::NewContent()
 {
     wxArrayString captions;
-    for (const TAddOnRow& row : AddOnTable)
-        captions.Add(row.Caption);
+    for (const TAddOn& addOn : AddOnList())
+        captions.Add(ToWx(addOn.Caption));
     m_addOns = new wxCheckListBox(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(180, 80)),
                                   captions, 0, wxDefaultValidator, "clbAddOns");
     m_addOns->SetSelection(0);
     m_addOns->Bind(wxEVT_CHECKLISTBOX, [this](wxCommandEvent& event) {
-        m_actions.Request(AddOnTable[event.GetInt()].Switch);
+        m_actions.Request(AddOnList()[static_cast<std::size_t>(event.GetInt())].Switch);
         CallLater(*this, [this] { ShowMarks(); });
     });
     m_addOns->Bind(wxEVT_LISTBOX_DCLICK,
@@ -55,13 +48,13 @@ wxSizer* TAddOnsPage::NewContent()
 TActionId TAddOnsPage::OptionsAction() const
 {
     const int row = IsBuilt() ? m_addOns->GetSelection() : 0;
-    return row == wxNOT_FOUND ? ActionCount : AddOnTable[row].Options;
+    return row == wxNOT_FOUND ? ActionCount : AddOnList()[static_cast<std::size_t>(row)].Options;
 }
 
 void TAddOnsPage::ShowMarks()
 {
-    for (unsigned row = 0; row < std::size(AddOnTable); ++row)
-        m_addOns->Check(row, m_actions[AddOnTable[row].Switch].Checked());
+    for (unsigned row = 0; row < AddOnList().size(); ++row)
+        m_addOns->Check(row, m_actions[AddOnList()[row].Switch].Checked());
 }
 
 void TAddOnsPage::Arrive()
@@ -69,7 +62,7 @@ void TAddOnsPage::Arrive()
     if (m_addOns->GetSelection() == wxNOT_FOUND)
         m_addOns->SetSelection(0);
     // The desktop's icons may have come up meanwhile.
-    const wxString problem = ToWx(m_murala.AddOns.IconBoxProblem());
+    const wxString problem = ToWx(m_murala.AddOns.Problems());
     if (problem == m_shownProblem)
         return;
     m_shownProblem = problem;

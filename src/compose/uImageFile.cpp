@@ -1,8 +1,7 @@
 #include "uImageFile.h"
 
-#include "uBmpFile.h"
-#include "uJpegFile.h"
 #include "uPath.h"
+#include "uPictureFormats.h"
 #include "uText.h"
 
 #include <algorithm>
@@ -15,26 +14,15 @@ namespace murala
 namespace
 {
 
-struct TFormat {
-    std::string_view Signature;
-    std::unique_ptr<TImageReader> (*Open)(TFile file, TDecoding decoding);
-    TSize (*Size)(TFile file);
-};
-constexpr TFormat Formats[] = {
-    {"\xFF\xD8\xFF", OpenJpeg, JpegSize},
-    {"BM", OpenBmp, BmpSize},
-};
-
-const TFormat& FormatOf(std::FILE* file)
+const TPictureFormat& FormatOf(std::FILE* file)
 {
-    std::array<char, 4> start{};
+    std::array<char, 16> start{};
     const std::string_view content(start.data(), std::fread(start.data(), 1, start.size(), file));
     std::rewind(file);
-    const auto format = std::ranges::find_if(
-        Formats, [=](const TFormat& each) { return content.starts_with(each.Signature); });
-    if (format == std::end(Formats))
-        throw EImageFormat("not a JPEG or BMP picture");
-    return *format;
+    for (const TPictureFormat& format : PictureFormats())
+        if (content.starts_with(format.Signature))
+            return format;
+    throw EImageFormat("not a " + PictureFormatNames() + " picture");
 }
 
 // Pipes and devices could keep us waiting for ever.
@@ -55,7 +43,7 @@ auto Load(const std::string& fileName, TWork work)
 {
     try {
         TFile file = OpenPictureFile(fileName);
-        const TFormat& format = FormatOf(file.get());
+        const TPictureFormat& format = FormatOf(file.get());
         return work(format, std::move(file));
     } catch (const EImageFormat& error) {
         throw EInvalidImage(fileName, error.what());
@@ -90,7 +78,7 @@ EInvalidImage::EInvalidImage(const std::string& fileName, std::string reason)
 
 std::unique_ptr<TImageReader> OpenImage(const std::string& fileName, TDecoding decoding)
 {
-    return Load(fileName, [=](const TFormat& format, TFile file) {
+    return Load(fileName, [=](const TPictureFormat& format, TFile file) {
         return format.Open(std::move(file), decoding);
     });
 }
@@ -113,8 +101,9 @@ try {
 
 TSize ImageFileSize(const std::string& fileName)
 {
-    return Load(fileName,
-                [](const TFormat& format, TFile file) { return format.Size(std::move(file)); });
+    return Load(fileName, [](const TPictureFormat& format, TFile file) {
+        return format.Size(std::move(file));
+    });
 }
 
 } // namespace murala

@@ -1,4 +1,4 @@
-// Reading pictures (JPEG, BMP; told apart by their content) row by row, and writing bitmap files.
+// Reading pictures row by row, whose format their content tells, and writing bitmap files.
 #pragma once
 
 #include "uBitmap.h"

@@ -2,6 +2,7 @@
 
 #include "uFileSearch.h"
 #include "uPath.h"
+#include "uPictureFormats.h"
 #include "uProgramFolder.h"
 #include "uText.h"
 
@@ -16,9 +17,7 @@ namespace
 
 TFileCommand AddToMurala()
 {
-    return {std::string(ShellVerb),
-            {std::begin(ShellExtensions), std::end(ShellExtensions)},
-            InstalledProgramFile()};
+    return {std::string(ShellVerb), UsualPictureExtensions(), InstalledProgramFile()};
 }
 
 std::optional<std::string> FindFile(const std::string& argument)

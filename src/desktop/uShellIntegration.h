@@ -13,10 +13,10 @@ namespace murala
 {
 
 inline constexpr std::string_view ShellVerb = "Add to Murala";
-inline constexpr std::string_view ShellExtensions[] = {".bmp", ".jpg"};
 
-// The verb "Add to Murala" for every extension. Its command names the folder that Murala is meant
-// to be installed in (fixed by the build), not the one that it runs from.
+// The verb "Add to Murala" for the usual extension of every picture format. Its command names the
+// folder that Murala is meant to be installed in (fixed by the build), not the one that it runs
+// from.
 void SetShellIntegration(TFileMenu& menu, bool integrated);
 bool IsShellIntegrated(TFileMenu& menu);
 // What to tell the user who has switched the integration on; empty when the program that the

@@ -13,8 +13,6 @@ namespace fs = std::filesystem;
 namespace
 {
 
-constexpr std::string_view PictureExtensions[] = {".jpg", ".jpeg", ".bmp"};
-
 bool IsAsciiLetter(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -64,15 +62,6 @@ std::string WithTrailingDivider(std::string_view folder)
 std::string JoinPath(std::string_view folder, std::string_view name)
 {
     return WithTrailingDivider(folder).append(name);
-}
-
-bool HasPictureExtension(std::string_view path)
-{
-    const std::string extension = ExtensionPart(path);
-    for (std::string_view known : PictureExtensions)
-        if (SameTextAscii(extension, known))
-            return true;
-    return false;
 }
 
 std::string ResolvePath(std::string_view folder, std::string_view path)

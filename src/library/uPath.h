@@ -28,9 +28,6 @@ std::string WithTrailingDivider(std::string_view folder);
 // WithTrailingDivider(folder) + name.
 std::string JoinPath(std::string_view folder, std::string_view name);
 
-// ".jpg", ".jpeg" or ".bmp", in any letter case.
-bool HasPictureExtension(std::string_view path);
-
 // The value that a path in a setting stands for: itself when it says where to begin, else below
 // `folder`.
 std::string ResolvePath(std::string_view folder, std::string_view path);

@@ -1,4 +1,4 @@
-#include "uImageFile.h"
+#include "uPictureFormats.h"
 
 #include "Pictures.h"
 
@@ -18,9 +18,22 @@ TEST(ImageFile, WhatIsNoPictureIsNamedInTheMessage)
             EXPECT_EQ(error.what(), "The image (" + name +
                                         ") could not be loaded. The image file may be corrupt or "
                                         "missing.");
-            EXPECT_FALSE(error.Reason.empty());
+            EXPECT_TRUE(error.Reason == "not a JPEG or BMP picture" ||
+                        error.Reason == "there is no such file")
+                << error.Reason;
         }
     }
+}
+
+TEST(ImageFile, APicturesNameEndsAsItsFormatHasIt)
+{
+    for (const char* name : {"C:\\P\\a.jpg", "/p.bmp/.JPEG", "/\\:.Bmp"})
+        EXPECT_TRUE(HasPictureExtension(name)) << name;
+    for (const char* name : {"C:/P/a.b.gz", "\\\\s\\a.bmp\\Sea", "/odd/jpg", "Sea.jpg.", ""})
+        EXPECT_FALSE(HasPictureExtension(name)) << name;
+    using TNames = std::vector<std::string>;
+    EXPECT_EQ(UsualPictureExtensions(), (TNames{".bmp", ".jpg"}));
+    EXPECT_EQ(PictureExtensionsLike(".jpg"), (TNames{".jpg", ".jpeg"}));
 }
 
 TEST(ImageFile, BitmapsAreWrittenBottomUpWithThirtyTwoBits)

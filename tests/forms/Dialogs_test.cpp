@@ -1,7 +1,9 @@
 #include "MainFixture.h"
 #include "uConfiguration.h"
 #include "uFileDialogs.h"
+#include "uPictureFile.h"
 #include "uText.h"
+#include "uWindowSystem.h"
 #include "uWxFont.h"
 #include "uWxText.h"
 
@@ -160,6 +162,19 @@ TEST_F(Dialogs, AFileToSaveHasItsEndingBeforeTheUserIsAskedToReplaceIt)
     EXPECT_EQ(ChooseFileToSave(".bmp", ask, refuse), m_folder.File("v1.2.bmp"));
     EXPECT_EQ(questions, std::vector<std::string>{kept});
     EXPECT_EQ(ChooseFileToSave(".bmp", ask, refuse), std::nullopt) << "cancelled";
+}
+
+TEST_F(Dialogs, TheFileDialogsOfferEveryFormat)
+{
+    EXPECT_EQ(OpenFilter(PictureFileKinds()),
+              AnyCaseFilter("All (*.jpg;*.jpeg;*.bmp)|*.jpg;*.jpeg;*.bmp|JPEG Image File (*.jpg)|"
+                            "*.jpg|JPEG Image File (*.jpeg)|*.jpeg|Bitmaps (*.bmp)|*.bmp"));
+    EXPECT_EQ(
+        OpenFilter(BackgroundFileKinds()),
+        AnyCaseFilter("All (*.jpg;*.jpeg;*.bmp;*.ico;*.emf;*.wmf)|*.jpg;*.jpeg;*.bmp;*.ico;*.emf;"
+                      "*.wmf|JPEG Image File (*.jpg)|*.jpg|JPEG Image File (*.jpeg)|*.jpeg|Bitmaps "
+                      "(*.bmp)|*.bmp|Icons (*.ico)|*.ico|Enhanced Metafiles (*.emf)|*.emf|"
+                      "Metafiles (*.wmf)|*.wmf"));
 }
 
 TEST_F(Dialogs, TheWheelScrollsThePageUnlessTheControlHasTheFocus)

@@ -26,11 +26,6 @@ namespace murala
 namespace
 {
 
-constexpr const char* BackgroundFilter =
-    "All (*.jpg;*.jpeg;*.bmp;*.ico;*.emf;*.wmf)|*.jpg;*.jpeg;*.bmp;*.ico;*.emf;*.wmf|"
-    "JPEG Image File (*.jpg)|*.jpg|JPEG Image File (*.jpeg)|*.jpeg|Bitmaps (*.bmp)|*.bmp|"
-    "Icons (*.ico)|*.ico|Enhanced Metafiles (*.emf)|*.emf|Metafiles (*.wmf)|*.wmf";
-
 constexpr const char* SamplePlanet = "samples/Planet.jpg";
 
 enum TCalendarViewMode : int { FitToWindow, ActualSize };
@@ -166,7 +161,7 @@ void TfMainCalendar::aFontExecute(TMuFont TCalendarSettings::*font, const wxStri
 
 void TfMainCalendar::aBackgroundFileExecute()
 {
-    wxFileDialog dialog(this, "Background File", "", "", AnyCaseFilter(BackgroundFilter),
+    wxFileDialog dialog(this, "Background File", "", "", OpenFilter(BackgroundFileKinds()),
                         wxFD_OPEN | wxFD_FILE_MUST_EXIST);
     if (const auto path = BackgroundPath())
         dialog.SetDirectory(ToWx(FolderPart(*path)));

@@ -2,8 +2,6 @@
 
 #include "uIconFile.h"
 #include "uMetafile.h"
-#include "uPath.h"
-#include "uWxText.h"
 
 namespace murala
 {
@@ -11,20 +9,33 @@ namespace murala
 namespace
 {
 
-bool HasExtension(const std::string& fileName, const wxString& extension)
-{
-    return ToWx(FileNamePart(fileName)).Lower().EndsWith(extension);
-}
+// What the system reads, beside the picture formats; told by their names.
+struct TSystemFormat {
+    TFileKind Files;
+    TBitmap (*Load)(const std::string& fileName);
+};
+constexpr TSystemFormat SystemFormats[] = {
+    {{"Icons", {".ico"}}, LoadIconFile},
+    {{"Enhanced Metafiles", {".emf"}}, LoadMetafile},
+    {{"Metafiles", {".wmf"}}, LoadMetafile},
+};
 
 } // namespace
 
 TBitmap LoadPictureFile(const std::string& fileName)
 {
-    if (HasExtension(fileName, ".ico"))
-        return LoadIconFile(fileName);
-    if (HasExtension(fileName, ".emf") || HasExtension(fileName, ".wmf"))
-        return LoadMetafile(fileName);
+    for (const TSystemFormat& format : SystemFormats)
+        if (IsOfKind(fileName, format.Files))
+            return format.Load(fileName);
     return LoadImageFile(fileName);
+}
+
+std::vector<TFileKind> BackgroundFileKinds()
+{
+    std::vector<TFileKind> kinds = PictureFileKinds();
+    for (const TSystemFormat& format : SystemFormats)
+        kinds.push_back(format.Files);
+    return kinds;
 }
 
 } // namespace murala

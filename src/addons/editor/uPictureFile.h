@@ -1,12 +1,14 @@
 // Opens pictures of all kinds that this system can read.
 #pragma once
 
-#include "uImageFile.h"
+#include "uPictureFormats.h"
 
 namespace murala
 {
 
-// JPEG and BMP files, icons, and metafiles where the system knows them. Throws EInvalidImage.
+// The picture formats, icons, and metafiles where the system has them. Throws EInvalidImage.
 TBitmap LoadPictureFile(const std::string& fileName);
+// All of them.
+std::vector<TFileKind> BackgroundFileKinds();
 
 } // namespace murala

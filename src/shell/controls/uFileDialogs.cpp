@@ -11,6 +11,18 @@
 namespace murala
 {
 
+wxString OpenFilter(const std::vector<TFileKind>& kinds)
+{
+    wxString all, each;
+    for (const TFileKind& kind : kinds)
+        for (const std::string_view extension : kind.Extensions()) {
+            const wxString pattern = "*" + ToWx(extension);
+            all << (all.empty() ? "" : ";") << pattern;
+            each << '|' << ToWx(kind.Caption) << " (" << pattern << ")|" << pattern;
+        }
+    return AnyCaseFilter("All (" + all + ")|" + all + each);
+}
+
 std::optional<std::string>
 ChooseFileToSave(const std::string& extension,
                  const std::function<std::optional<std::string>(const std::string&)>& ask,

@@ -1,5 +1,7 @@
-// Asks for the name of a file to save. (To open files, the toolkit's own dialog is enough.)
+// Asks for the name of a file to save, and filters what is offered to open.
 #pragma once
+
+#include "uPictureFormats.h"
 
 #include <wx/string.h>
 
@@ -11,6 +13,9 @@ class wxWindow;
 
 namespace murala
 {
+
+// All kinds together, then every extension by itself.
+wxString OpenFilter(const std::vector<TFileKind>& kinds);
 
 // Asks where a file is to be saved. A name without the extension, e.g. ".bmp", gets it; only then
 // is the user asked whether a file of that name may be replaced. Returns nothing when the user

@@ -4,6 +4,7 @@
 
 #include "uCategory.h"
 #include "uConfiguration.h"
+#include "uFileDialogs.h"
 #include "uPath.h"
 #include "uShippedFile.h"
 #include "uWindowSystem.h"
@@ -20,15 +21,6 @@
 
 namespace murala
 {
-
-namespace
-{
-
-constexpr const char* PictureFilter =
-    "All (*.jpg;*.jpeg;*.bmp)|*.jpg;*.jpeg;*.bmp|JPEG Image File (*.jpg)|*.jpg|"
-    "JPEG Image File (*.jpeg)|*.jpeg|Bitmaps (*.bmp)|*.bmp";
-
-} // namespace
 
 // Binds every action: what it does, when it is enabled, when it is checked.
 
@@ -185,7 +177,7 @@ void TfMain::aAddExecute()
     // The first time the dialog begins in the folder of sample pictures.
     if (folder.empty() || folder == m_services.ProgramFolder)
         folder = FindShippedFile(m_services, "samples").value_or(folder);
-    wxFileDialog dialog(this, "Add", ToWx(folder), "", AnyCaseFilter(PictureFilter),
+    wxFileDialog dialog(this, "Add", ToWx(folder), "", OpenFilter(PictureFileKinds()),
                         wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
     if (RunModal(dialog) != wxID_OK)
         return;

@@ -4,6 +4,7 @@
 
 #include "uCallLater.h"
 #include "uPath.h"
+#include "uPictureFormats.h"
 #include "uProcessMemory.h"
 #include "uStickyEdges.h"
 #include "uText.h"

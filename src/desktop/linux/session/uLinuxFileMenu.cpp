@@ -8,6 +8,7 @@
 #include "uFolders.h"
 #include "uMimeType.h"
 #include "uPath.h"
+#include "uPictureFormats.h"
 #include "uSafeFile.h"
 
 #include <algorithm>
@@ -139,10 +140,9 @@ std::string EndPattern(const std::string& extension)
 std::string Script(const TFileCommand& command)
 {
     std::string patterns;
-    for (const std::string& extension : command.Extensions)
-        patterns += (patterns.empty() ? "" : " | ") + EndPattern(extension);
-    if (std::ranges::count(command.Extensions, ".jpg") != 0)
-        patterns += " | " + EndPattern(".jpeg");
+    for (const std::string& usual : command.Extensions)
+        for (const std::string& extension : PictureExtensionsLike(usual)) // as for the types
+            patterns += (patterns.empty() ? "" : " | ") + EndPattern(extension);
     const TGText program(g_shell_quote(command.Program.c_str()));
     // Caja takes "%" and the letter behind it out of the arguments; the lines of a variable are
     // whole.

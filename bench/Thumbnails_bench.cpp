@@ -28,7 +28,7 @@ using TMilliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr int Pictures = 40;
 constexpr double MaxRatio = 1.05;
-constexpr long MaxKilobytes = 20 * 1024;
+constexpr long MaxKilobytes = 20L * 1024;
 
 // Smooth areas, edges and grain, the same on every run.
 TBitmap MakePhoto()

@@ -49,7 +49,7 @@ public:
         for (int row = 0; row < rows; ++row)
             list << "\"/pictures/" << row << ".jpg\",\"Picture " << row
                  << R"x(","Stretched","0","0","(None)","255","255","255","255","255","255","0",)x"
-                 << "\"0 0 0\",\"Category " << row % 50 << "\"\r\n";
+                 << R"("0 0 0","Category )" << row % 50 << "\"\r\n";
     }
     ~THome() { fs::remove_all(m_folder); }
     THome(const THome&) = delete;

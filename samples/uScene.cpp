@@ -102,7 +102,8 @@ TBitmap Paint(const TScene& scene, TSize size)
             TLight light;
             for (int ray = 0; ray < RaysPerSide * RaysPerSide; ++ray) {
                 const double column = x + (ray % RaysPerSide + 0.5) / RaysPerSide;
-                const double line = y + (ray / RaysPerSide + 0.5) / RaysPerSide;
+                const int above = ray / RaysPerSide;
+                const double line = y + (above + 0.5) / RaysPerSide;
                 light = light + scene.At(column / size.Height, line / size.Height);
             }
             light = light * (1.0 / (RaysPerSide * RaysPerSide));

@@ -98,7 +98,7 @@ private:
         m_first = m_header.IsTopDown ? index : index - rows + 1;
         m_end = m_first + rows;
         std::fseek(m_file.get(), m_header.PixelOffset + m_first * m_stride, SEEK_SET);
-        const std::size_t wanted = static_cast<std::size_t>(rows * m_stride);
+        const auto wanted = static_cast<std::size_t>(rows * m_stride);
         const std::size_t read = std::fread(m_block.data(), 1, wanted, m_file.get());
         std::fill_n(m_block.begin() + static_cast<std::ptrdiff_t>(read), wanted - read, 0);
     }

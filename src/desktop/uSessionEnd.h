@@ -15,7 +15,7 @@ public:
     // Before Listen. `onQuestion` runs when the system asks whether the session may end, at once
     // and whatever the program is doing: it saves what is to be saved, and the program goes on, as
     // another one may refuse. Only Windows asks.
-    virtual void ListenToQuestion(std::function<void()> /*onQuestion*/) {}
+    virtual void ListenToQuestion(std::function<void()> onQuestion) = 0;
 
     // `onEnd` runs once, on this thread and out of its message loop (a dialog's, too), when the
     // session ends (WM_ENDSESSION; the session manager's "die") or the system asks the program to

@@ -194,7 +194,7 @@ public:
         session.SetVariable("SWAYSOCK", path);
         sockaddr_un address{AF_UNIX, {}};
         path.copy(address.sun_path, sizeof address.sun_path - 1);
-        bind(m_listener.Get(), reinterpret_cast<sockaddr*>(&address), sizeof address);
+        EXPECT_EQ(bind(m_listener.Get(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
         listen(m_listener.Get(), 1);
     }
 

@@ -41,10 +41,9 @@ std::vector<std::string> NamesOnDesktop()
 {
     std::vector<std::string> names;
     std::error_code error;
-    for (fs::directory_iterator entry(DesktopFolder(), error), end; !error && entry != end;
-         entry.increment(error))
-        if (!entry->path().filename().native().starts_with('.'))
-            names.push_back(entry->path().filename());
+    for (const fs::path& entry : EntriesOf(DesktopFolder(), error))
+        if (!entry.filename().native().starts_with('.'))
+            names.push_back(entry.filename());
     if (error && error != std::errc::no_such_file_or_directory)
         throw EFileError(
             FormatText("Cannot read the folder %s: %s", {DesktopFolder(), error.message()}));

@@ -58,11 +58,8 @@ TRects AllIcons(const TColumnsOfIcons& columns, const TPlacedIcons& placed, std:
 fs::path ItemsFile(const char* manager)
 {
     std::vector<fs::path> files;
-    std::error_code error;
-    for (fs::directory_iterator entry(UserConfigFolder() / manager, error), end;
-         !error && entry != end; entry.increment(error))
-        if (const fs::path file = entry->path() / "desktop-items-0.conf";
-            FileExists(PathText(file)))
+    for (const fs::path& profile : EntriesOf(UserConfigFolder() / manager))
+        if (const fs::path file = profile / "desktop-items-0.conf"; FileExists(PathText(file)))
             files.push_back(file);
     return NewestOf(files);
 }

@@ -1,13 +1,14 @@
 #include "uSessionManager.h"
 
 #include "uProgramFolder.h"
+#include "uWork.h"
 
 #include <X11/SM/SMlib.h>
-#include <glib-unix.h>
 
 #include <cstdlib>
 #include <string>
 #include <unistd.h>
+#include <utility>
 
 namespace murala
 {
@@ -58,15 +59,12 @@ public:
             return;
         Introduce(m_connection);
         const int descriptor = IceConnectionNumber(SmcGetIceConnection(m_connection));
-        m_source = g_unix_fd_add(
-            descriptor, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR), OnData, this);
+        m_source = RunOnData(descriptor, [this] { return TakeMessages(); });
     }
     TXsmpLink(const TXsmpLink&) = delete;
     TXsmpLink& operator=(const TXsmpLink&) = delete;
     ~TXsmpLink() override
     {
-        if (m_source != 0)
-            g_source_remove(m_source);
         if (m_connection != nullptr)
             SmcCloseConnection(m_connection, 0, nullptr);
     }
@@ -82,23 +80,20 @@ private:
 
     static void OnDie(SmcConn, SmPointer self) { static_cast<TXsmpLink*>(self)->m_onDie(); }
 
-    static gboolean OnData(gint, GIOCondition, gpointer data)
+    bool TakeMessages()
     {
-        auto* self = static_cast<TXsmpLink*>(data);
-        const IceConn ice = SmcGetIceConnection(self->m_connection);
+        auto* ice = SmcGetIceConnection(m_connection);
         if (IceProcessMessages(ice, nullptr, nullptr) == IceProcessMessagesSuccess)
-            return G_SOURCE_CONTINUE;
+            return true;
         // The manager is gone; the library frees the connection with a word of goodbye.
         IceSetShutdownNegotiation(ice, False);
-        SmcCloseConnection(self->m_connection, 0, nullptr);
-        self->m_connection = nullptr;
-        self->m_source = 0;
-        return G_SOURCE_REMOVE;
+        SmcCloseConnection(std::exchange(m_connection, nullptr), 0, nullptr);
+        return false;
     }
 
     std::function<void()> m_onDie;
     SmcConn m_connection = nullptr;
-    guint m_source = 0;
+    TSource m_source;
 };
 
 } // namespace

@@ -1,11 +1,9 @@
 #include "uWindowSocket.h"
 
-#include "uDoor.h"
 #include "uPath.h"
 #include "uSafeFile.h"
 
 #include <fcntl.h>
-#include <glib-unix.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -115,31 +113,23 @@ TWindowSocket::TWindowSocket(const std::filesystem::path& place, TOnMessage onMe
         listen(m_listener.Get(), SOMAXCONN) != 0)
         throw EFileError("No socket could be made as " + PathText(place) + ": " +
                          std::generic_category().message(errno));
-    m_source = g_unix_fd_add(
-        m_listener.Get(), G_IO_IN,
-        [](gint descriptor, GIOCondition condition, gpointer self) {
-            return OnConnection(descriptor, condition, self);
-        },
-        this);
+    m_source = RunOnData(m_listener.Get(), [this] {
+        TakeMessage();
+        return true;
+    });
 }
 
 TWindowSocket::~TWindowSocket()
 {
-    if (m_source != 0) {
-        g_source_remove(m_source);
-        unlink(m_place.c_str());
-    }
+    unlink(m_place.c_str());
 }
 
-int TWindowSocket::OnConnection(int descriptor, int /*condition*/, void* self)
+void TWindowSocket::TakeMessage()
 {
-    const TDescriptor connection(accept4(descriptor, nullptr, nullptr, SOCK_CLOEXEC));
-    NoThrow([&] {
-        if (connection)
-            if (const auto message = ReceiveLine(connection, MessageLimitUs))
-                static_cast<TWindowSocket*>(self)->m_onMessage(*message);
-    });
-    return G_SOURCE_CONTINUE;
+    const TDescriptor connection(accept4(m_listener.Get(), nullptr, nullptr, SOCK_CLOEXEC));
+    if (connection)
+        if (const auto message = ReceiveLine(connection, MessageLimitUs))
+            m_onMessage(*message);
 }
 
 } // namespace murala

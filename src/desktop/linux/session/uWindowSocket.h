@@ -3,6 +3,7 @@
 #pragma once
 
 #include "uDescriptor.h"
+#include "uWork.h"
 
 #include <filesystem>
 #include <functional>
@@ -35,12 +36,12 @@ public:
     ~TWindowSocket();
 
 private:
-    static int OnConnection(int descriptor, int condition, void* self);
+    void TakeMessage();
 
     std::filesystem::path m_place;
     TDescriptor m_listener;
     TOnMessage m_onMessage;
-    unsigned m_source = 0;
+    TSource m_source;
 };
 
 } // namespace murala

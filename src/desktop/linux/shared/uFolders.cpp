@@ -46,6 +46,22 @@ std::filesystem::path UserMuralaFolder()
     return UserDataFolder() / "murala";
 }
 
+std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder,
+                                             std::error_code& error)
+{
+    std::vector<std::filesystem::path> entries;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error))
+        entries.push_back(entry->path());
+    return entries;
+}
+
+std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder)
+{
+    std::error_code ignored;
+    return EntriesOf(folder, ignored);
+}
+
 std::optional<std::filesystem::path> RuntimeFolder()
 {
     const char* runtime = std::getenv("XDG_RUNTIME_DIR");

@@ -3,6 +3,8 @@
 
 #include <filesystem>
 #include <optional>
+#include <system_error>
+#include <vector>
 
 namespace murala
 {
@@ -12,6 +14,11 @@ std::filesystem::path UserConfigFolder(); // $XDG_CONFIG_HOME or ~/.config
 
 // What belongs to every copy of Murala of this user: in the user's data folder.
 std::filesystem::path UserMuralaFolder();
+
+// What lies in the folder; as much of it as can be read.
+std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder,
+                                             std::error_code& error);
+std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder);
 
 // $XDG_RUNTIME_DIR, else a folder in /tmp that only this user may enter. Nothing when that name is
 // taken by somebody else.

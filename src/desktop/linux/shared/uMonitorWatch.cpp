@@ -1,7 +1,6 @@
 #include "uMonitorWatch.h"
 
 #include <X11/extensions/Xrandr.h>
-#include <glib-unix.h>
 
 namespace murala
 {
@@ -15,27 +14,15 @@ TMonitorWatch::TMonitorWatch(std::function<void()> onChange)
     XRRSelectInput(m_display.get(), DefaultRootWindow(m_display.get()),
                    RRScreenChangeNotifyMask | RRCrtcChangeNotifyMask | RROutputChangeNotifyMask);
     XFlush(m_display.get());
-    m_source = g_unix_fd_add(
-        ConnectionNumber(m_display.get()), G_IO_IN,
-        [](gint descriptor, GIOCondition condition, gpointer self) {
-            return OnData(descriptor, condition, self);
-        },
-        this);
+    m_source = RunOnData(ConnectionNumber(m_display.get()), [this] { return TakeEvents(); });
 }
 
-TMonitorWatch::~TMonitorWatch()
+bool TMonitorWatch::TakeEvents()
 {
-    if (m_source != 0)
-        g_source_remove(m_source);
-}
-
-int TMonitorWatch::OnData(int /*descriptor*/, int /*condition*/, void* data)
-{
-    auto* self = static_cast<TMonitorWatch*>(data);
-    for (XEvent event; XPending(self->m_display.get()) > 0;)
-        XNextEvent(self->m_display.get(), &event);
-    self->m_settling.Begin();
-    return G_SOURCE_CONTINUE;
+    for (XEvent event; XPending(m_display.get()) > 0;)
+        XNextEvent(m_display.get(), &event);
+    m_settling.Begin();
+    return true;
 }
 
 } // namespace murala

@@ -16,14 +16,13 @@ public:
     explicit TMonitorWatch(std::function<void()> onChange);
     TMonitorWatch(const TMonitorWatch&) = delete;
     TMonitorWatch& operator=(const TMonitorWatch&) = delete;
-    ~TMonitorWatch();
 
 private:
-    static int OnData(int descriptor, int condition, void* self);
+    bool TakeEvents();
 
     TDisplay m_display; // its own, whose events nobody else reads
     TSettling m_settling;
-    unsigned m_source = 0;
+    TSource m_source;
 };
 
 } // namespace murala

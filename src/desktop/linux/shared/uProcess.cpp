@@ -2,6 +2,7 @@
 
 #include "uDoor.h"
 #include "uGLib.h"
+#include "uWork.h"
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -40,28 +41,18 @@ TOrdinaryPriority::~TOrdinaryPriority()
 namespace
 {
 
-constexpr guint RunLimitS = 10;
+constexpr unsigned RunLimitMs = 10'000;
 
 // A program that runs; it deletes itself.
 struct TRun {
     TGObject<GSubprocess> Process;
     std::function<void(bool)> OnEnd;
-    guint Limit = 0;
+    TSource Limit;
 };
-
-gboolean OnLimit(gpointer data)
-{
-    auto* run = static_cast<TRun*>(data);
-    g_subprocess_force_exit(run->Process.get());
-    run->Limit = 0;
-    return G_SOURCE_REMOVE;
-}
 
 void OnRunEnd(GObject* process, GAsyncResult* result, gpointer data)
 {
     const std::unique_ptr<TRun> run(static_cast<TRun*>(data));
-    if (run->Limit != 0)
-        g_source_remove(run->Limit);
     const bool worked =
         g_subprocess_wait_check_finish(G_SUBPROCESS(process), result, nullptr) != FALSE;
     NoThrow([&] { run->OnEnd(worked); });
@@ -77,9 +68,10 @@ void RunProgramLater(const std::vector<std::string>& command, std::function<void
         ArgumentPointers(command).data(), static_cast<GSubprocessFlags>(silent), nullptr));
     if (!process)
         return onEnd(false);
-    auto* run = new TRun{std::move(process), std::move(onEnd)};
-    run->Limit = g_timeout_add_seconds(RunLimitS, OnLimit, run);
-    g_subprocess_wait_check_async(run->Process.get(), nullptr, OnRunEnd, run);
+    GSubprocess* running = process.get();
+    TSource limit = RunAfter(RunLimitMs, [=] { g_subprocess_force_exit(running); });
+    g_subprocess_wait_check_async(running, nullptr, OnRunEnd,
+                                  new TRun{std::move(process), std::move(onEnd), std::move(limit)});
 }
 
 bool HasProgram(const std::string& name)

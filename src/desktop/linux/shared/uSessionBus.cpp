@@ -68,7 +68,7 @@ void OnBus(GObject* /*source*/, GAsyncResult* result, gpointer data)
                            call->Arguments.get(),
                            call->AnswerType != nullptr ? G_VARIANT_TYPE(call->AnswerType) : nullptr,
                            G_DBUS_CALL_FLAGS_NONE, TimeLimitMs, nullptr, OnCallDone, call.get());
-    call.release();
+    static_cast<void>(call.release()); // OnCallDone owns it
 }
 
 } // namespace

@@ -1,7 +1,7 @@
-// What comes as many events and is done once they have ended.
+// For changes that come as many events: the work is done once they have ended.
 #pragma once
 
-#include <functional>
+#include "uWork.h"
 
 namespace murala
 {
@@ -11,17 +11,12 @@ class TSettling
 public:
     // `onSettled` runs out of the main loop, a second after the last Begin.
     explicit TSettling(std::function<void()> onSettled) : m_onSettled(std::move(onSettled)) {}
-    TSettling(const TSettling&) = delete;
-    TSettling& operator=(const TSettling&) = delete;
-    ~TSettling() { End(); }
 
-    void Begin();
+    void Begin() { m_source = RunAfter(1000, m_onSettled); }
 
 private:
-    void End();
-
     std::function<void()> m_onSettled;
-    unsigned m_source = 0;
+    TSource m_source;
 };
 
 } // namespace murala

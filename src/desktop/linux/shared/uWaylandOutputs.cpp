@@ -2,7 +2,6 @@
 
 #include "uSettling.h"
 
-#include <glib-unix.h>
 #include <wayland-client.h>
 
 #include <algorithm>
@@ -85,11 +84,6 @@ public:
 
     TConnection(const TConnection&) = delete;
     TConnection& operator=(const TConnection&) = delete;
-    ~TConnection() override
-    {
-        if (m_source != 0)
-            g_source_remove(m_source);
-    }
 
     bool IsConnected() const { return m_display && wl_display_get_error(m_display.get()) == 0; }
 
@@ -118,23 +112,15 @@ public:
     void Listen(std::function<void()> onChange) override
     {
         m_settling = std::make_unique<TSettling>(std::move(onChange));
-        if (m_source == 0 && IsConnected())
-            m_source = g_unix_fd_add(wl_display_get_fd(m_display.get()), G_IO_IN, OnData, this);
+        if (!m_source && IsConnected())
+            m_source = RunOnData(wl_display_get_fd(m_display.get()), [this] {
+                TakeEvents();
+                m_settling->Begin();
+                return IsConnected(); // until the compositor is gone
+            });
     }
 
 private:
-    // Until the compositor is gone.
-    static gboolean OnData(gint /*descriptor*/, GIOCondition /*condition*/, gpointer data)
-    {
-        auto* self = static_cast<TConnection*>(data);
-        self->TakeEvents();
-        self->m_settling->Begin();
-        if (self->IsConnected())
-            return G_SOURCE_CONTINUE;
-        self->m_source = 0;
-        return G_SOURCE_REMOVE;
-    }
-
     // What has come since the last time; nothing is waited for.
     void TakeEvents()
     {
@@ -173,7 +159,7 @@ private:
     TWaylandOwned<wl_registry, wl_registry_destroy> m_registry;
     std::list<TOutput> m_outputs; // which stay where they are
     std::unique_ptr<TSettling> m_settling;
-    guint m_source = 0;
+    TSource m_source;
 };
 
 } // namespace

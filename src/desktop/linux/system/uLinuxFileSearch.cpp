@@ -1,4 +1,5 @@
 #include "uFileSearch.h"
+#include "uFolders.h"
 #include "uPath.h"
 #include "uText.h"
 
@@ -16,10 +17,8 @@ std::optional<std::string> FirstMatch(const std::filesystem::path& folder,
                                       const std::string& pattern)
 {
     std::vector<std::string> names;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        std::string name = PathText(entry->path().filename());
+    for (const auto& entry : EntriesOf(folder)) {
+        std::string name = PathText(entry.filename());
         if (fnmatch(pattern.c_str(), name.c_str(), FNM_NOESCAPE) == 0)
             names.push_back(std::move(name));
     }
@@ -47,12 +46,10 @@ std::optional<std::string> FindFirstName(const std::string& pattern)
 std::vector<std::string> FindPrograms(const std::string& folder)
 {
     std::vector<std::string> names;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(NativePath(folder), error), end;
-         !error && entry != end; entry.increment(error)) {
+    for (const auto& entry : EntriesOf(NativePath(folder))) {
         std::error_code ignored;
-        if (entry->is_regular_file(ignored) && access(entry->path().c_str(), X_OK) == 0)
-            names.push_back(PathText(entry->path().filename()));
+        if (std::filesystem::is_regular_file(entry, ignored) && access(entry.c_str(), X_OK) == 0)
+            names.push_back(PathText(entry.filename()));
     }
     return names;
 }

@@ -1,5 +1,5 @@
-#include "uGLib.h"
 #include "uMessageLoop.h"
+#include "uWork.h"
 
 namespace murala
 {
@@ -18,10 +18,8 @@ public:
     // A timer of its own ends the wait.
     void HandleOneMessage() override
     {
-        const guint limit = g_timeout_add(
-            LongestWaitMs, [](gpointer) -> gboolean { return TRUE; }, nullptr);
+        const TSource limit = RunEvery(LongestWaitMs, [] { return true; });
         g_main_context_iteration(nullptr, TRUE);
-        g_source_remove(limit);
     }
 
     void HandlePendingMessages() override

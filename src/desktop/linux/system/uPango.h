@@ -56,7 +56,7 @@ namespace murala
 
 // Each function is a member of its own name.
 struct TPango {
-#define MURALA_DECLARE(name) decltype(&::name) name;
+#define MURALA_DECLARE(name) decltype(&::name) name; // NOLINT(bugprone-macro-parentheses)
     MURALA_PANGO_FUNCTIONS(MURALA_DECLARE)
 #undef MURALA_DECLARE
 

@@ -118,11 +118,9 @@ private:
     // The settings folder of the desktop that has just stored the picture.
     static std::filesystem::path FindProfile(const std::string& path)
     {
-        std::error_code error;
-        for (std::filesystem::directory_iterator entry(UserConfigFolder() / "pcmanfm", error), end;
-             !error && entry != end; entry.increment(error))
-            if (ValueOf(ReadSettings(SettingsFile(entry->path(), 0)), "wallpaper") == path)
-                return entry->path();
+        for (const auto& profile : EntriesOf(UserConfigFolder() / "pcmanfm"))
+            if (ValueOf(ReadSettings(SettingsFile(profile, 0)), "wallpaper") == path)
+                return profile;
         return {};
     }
 

@@ -3,12 +3,12 @@
 #include "uBackground.h"
 #include "uColorText.h"
 #include "uDesktop.h"
-#include "uDoor.h"
-#include "uGLib.h"
+#include "uFolders.h"
 #include "uIniFile.h"
 #include "uPath.h"
 #include "uSafeFile.h"
 #include "uScreens.h"
+#include "uWork.h"
 
 #include <cstdio>
 #include <filesystem>
@@ -24,7 +24,7 @@ constexpr std::string_view StoreName = "Murala.desktop.ini";
 constexpr std::string_view ColorsSection = "colors";
 
 constexpr gint64 RetryLimitUs = gint64{60} * G_USEC_PER_SEC;
-constexpr guint RetryPauseMs = 2000;
+constexpr unsigned RetryPauseMs = 2000;
 
 // Names of the same picture for desktops that go by names: some keep what a name once showed, so
 // each has a name that was never used before, "MuralaWallpaper~5f1c0a9b3d2e4.bmp".
@@ -53,14 +53,10 @@ public:
 
     void RemoveOthers(const std::string& kept) const
     {
-        std::error_code error;
-        std::vector<std::filesystem::path> others;
-        for (std::filesystem::directory_iterator entry(FolderPart(m_path), error), end;
-             !error && entry != end; entry.increment(error))
-            if (entry->path() != kept && IsOurs(entry->path()))
-                others.push_back(entry->path());
-        for (const auto& other : others)
-            std::filesystem::remove(other, error);
+        std::error_code ignored;
+        for (const auto& entry : EntriesOf(FolderPart(m_path)))
+            if (entry != kept && IsOurs(entry))
+                std::filesystem::remove(entry, ignored);
     }
 
 private:
@@ -84,20 +80,7 @@ struct TJob {
     TColor Color;
     TOnInstalled OnInstalled;
     gint64 Begin = g_get_monotonic_time();
-    guint Retry = 0;
-
-    TJob(std::string path, std::string name, TColor color, TOnInstalled onInstalled)
-        : Path(std::move(path)), Name(std::move(name)), Color(color),
-          OnInstalled(std::move(onInstalled))
-    {
-    }
-    TJob(const TJob&) = delete;
-    TJob& operator=(const TJob&) = delete;
-    ~TJob()
-    {
-        if (Retry != 0)
-            g_source_remove(Retry);
-    }
+    TSource Retry = nullptr;
 };
 
 class TLinuxDesktop : public TDesktop
@@ -131,7 +114,7 @@ public:
         std::string name = isThere && m_background->GoesByNames() ? TFreshNames(path).Make() : path;
         if (!isThere || name.empty())
             return onInstalled({false, ""});
-        m_job = std::make_shared<TJob>(path, std::move(name), color, std::move(onInstalled));
+        m_job = std::make_shared<TJob>(TJob{path, std::move(name), color, std::move(onInstalled)});
         Try();
     }
 
@@ -151,7 +134,6 @@ private:
     // A job outlives neither this object nor its successor, so that late answers find nobody.
     void Try()
     {
-        m_job->Retry = 0;
         m_background->SetPicture(
             m_job->Name, m_job->Color,
             [this, waiting = std::weak_ptr(m_job)](TTook took, const std::string& advice) {
@@ -163,13 +145,7 @@ private:
     void Answered(TTook took, const std::string& advice)
     {
         if (took == TTook::NotYet && g_get_monotonic_time() - m_job->Begin < RetryLimitUs) {
-            m_job->Retry = g_timeout_add(
-                RetryPauseMs,
-                [](gpointer self) -> gboolean {
-                    NoThrow([=] { static_cast<TLinuxDesktop*>(self)->Try(); });
-                    return G_SOURCE_REMOVE;
-                },
-                this);
+            m_job->Retry = RunAfter(RetryPauseMs, [this] { Try(); });
             return;
         }
         // Whoever is told may install the next one at once.

@@ -1,14 +1,10 @@
 #include "uRootKeeper.h"
 
-#include "uDoor.h"
-
 #include <X11/Xatom.h>
-#include <glib-unix.h>
 #include <unistd.h>
 
 #include <fstream>
 #include <string>
-#include <utility>
 
 namespace murala
 {
@@ -65,21 +61,12 @@ TRootKeeper::TRootKeeper(std::function<void()> onLost)
         return;
     XSelectInput(m_display.get(), DefaultRootWindow(m_display.get()), PropertyChangeMask);
     XFlush(m_display.get());
-    m_events = g_unix_fd_add(
-        ConnectionNumber(m_display.get()), G_IO_IN,
-        [](gint descriptor, GIOCondition condition, gpointer self) {
-            return OnData(descriptor, condition, self);
-        },
-        this);
+    m_events = RunOnData(ConnectionNumber(m_display.get()), [this] {
+        TakeEvents();
+        return true;
+    });
     if (!IsManagerOld(m_display.get()))
         Begin();
-}
-
-TRootKeeper::~TRootKeeper()
-{
-    End();
-    if (m_events != 0)
-        g_source_remove(m_events);
 }
 
 void TRootKeeper::Keep()
@@ -96,12 +83,6 @@ void TRootKeeper::Keep()
     m_isLost = PictureOnRoot(m_display.get()) != m_kept;
 }
 
-int TRootKeeper::OnData(int /*descriptor*/, int /*condition*/, void* data)
-{
-    static_cast<TRootKeeper*>(data)->TakeEvents();
-    return G_SOURCE_CONTINUE;
-}
-
 // Events that Xlib has read while it waited for an answer do not make the connection readable any
 // more. So this is also called after such a wait.
 void TRootKeeper::TakeEvents()
@@ -114,7 +95,7 @@ void TRootKeeper::TakeEvents()
             continue;
         if (event.xproperty.atom == manager)
             Begin();
-        else if (event.xproperty.atom == picture && m_looking == 0)
+        else if (event.xproperty.atom == picture && !m_looking)
             m_kept = None; // the user's
         else if (event.xproperty.atom == picture)
             m_isLost = true;
@@ -123,26 +104,14 @@ void TRootKeeper::TakeEvents()
 
 void TRootKeeper::Begin()
 {
-    End();
     m_looksLeft = Looks;
     m_lossesLeft = MostLosses;
-    m_looking = g_timeout_add(
-        LookEveryMs,
-        [](gpointer data) -> gboolean {
-            auto* self = static_cast<TRootKeeper*>(data);
-            NoThrow([=] { self->Look(); });
-            if (--self->m_looksLeft > 0 && self->m_lossesLeft > 0)
-                return G_SOURCE_CONTINUE;
-            self->m_looking = 0;
-            return G_SOURCE_REMOVE;
-        },
-        this);
-}
-
-void TRootKeeper::End()
-{
-    if (const unsigned looking = std::exchange(m_looking, 0); looking != 0)
-        g_source_remove(looking);
+    m_looking = RunEvery(LookEveryMs, [this] {
+        const bool goesOn = Look();
+        if (!goesOn)
+            m_looking.reset();
+        return goesOn;
+    });
 }
 
 // A window manager that paints while we do may name its picture before ours and show it after.
@@ -157,16 +126,18 @@ void TRootKeeper::ShowKept()
     m_isLost = guard.HasFailed(); // some free it and name none of their own
 }
 
-void TRootKeeper::Look()
+// Whether it is worth looking again.
+bool TRootKeeper::Look()
 {
     TakeEvents();
-    if (m_kept == None)
-        return;
-    if (!m_isLost)
-        return ShowKept();
-    m_kept = None; // until it is there again
-    --m_lossesLeft;
-    m_onLost();
+    if (m_kept != None && !m_isLost) {
+        ShowKept();
+    } else if (m_kept != None) {
+        m_kept = None; // until it is there again
+        --m_lossesLeft;
+        m_onLost();
+    }
+    return --m_looksLeft > 0 && m_lossesLeft > 0;
 }
 
 } // namespace murala

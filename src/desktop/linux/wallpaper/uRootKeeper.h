@@ -2,6 +2,7 @@
 // log-in that may be after us. What the user puts there later stays.
 #pragma once
 
+#include "uWork.h"
 #include "uX11.h"
 
 #include <functional>
@@ -23,25 +24,22 @@ public:
     explicit TRootKeeper(std::function<void()> onLost);
     TRootKeeper(const TRootKeeper&) = delete;
     TRootKeeper& operator=(const TRootKeeper&) = delete;
-    ~TRootKeeper();
 
     // Our picture, which has just been shown.
     void Keep();
 
 private:
-    static int OnData(int descriptor, int condition, void* self);
     void Begin();
-    void End();
     void TakeEvents();
-    void Look();
+    bool Look();
     void ShowKept();
 
     std::function<void()> m_onLost;
     TDisplay m_display; // its own, whose events nobody else reads
     Pixmap m_kept = None;
     bool m_isLost = false; // another one was named since
-    unsigned m_events = 0, m_looking = 0;
     int m_looksLeft = 0, m_lossesLeft = 0;
+    TSource m_events, m_looking;
 };
 
 } // namespace murala

@@ -1,15 +1,13 @@
 // sway, over its own socket: a message is "i3-ipc", the payload's length, the message's type, and
-// the payload; numbers are 32 bits in the machine's order. Reloading its configuration loses what
-// was set, so that it is set again.
+// the payload, which is JSON where sway answers; numbers are 32 bits in the machine's order. sway
+// forgets the picture when its configuration is reloaded: it is then set again.
 #include "uBackground.h"
 #include "uDescriptor.h"
-#include "uDoor.h"
-#include "uGLib.h"
+#include "uWork.h"
 
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <glib-unix.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 
@@ -26,6 +24,48 @@ constexpr std::uint32_t SubscribeType = 2;
 constexpr std::uint32_t WorkspaceEvent = 0x80000000U;
 constexpr std::size_t LongestMessage = 1U << 20U;
 
+// The place behind the quotation mark that ends the text at the beginning of `json`.
+std::size_t EndOfText(std::string_view json)
+{
+    std::size_t end = 1;
+    while (end < json.size() && json[end] != '"')
+        end += json[end] == '\\' ? 2 : 1;
+    return end + 1;
+}
+
+// Takes the first token off: a text with its quotation marks, a bracket, comma or colon, or a word.
+// Empty at the end.
+std::string_view TakeToken(std::string_view& json)
+{
+    constexpr std::string_view blanks = " \t\r\n", marks = "{}[]:,";
+    json.remove_prefix(std::min(json.find_first_not_of(blanks), json.size()));
+    std::size_t end = 1;
+    if (json.starts_with('"'))
+        end = EndOfText(json);
+    else if (!json.empty() && marks.find(json[0]) == std::string_view::npos)
+        end = json.find_first_of(" \t\r\n{}[]:,");
+    const std::string_view token = json.substr(0, end);
+    json.remove_prefix(token.size());
+    return token;
+}
+
+// Whether the JSON text has this member in an object that lies in `depth` brackets, its own
+// included.
+bool HasMember(std::string_view json, int depth, std::string_view name, std::string_view value)
+{
+    std::string_view beforeLast, last;
+    for (auto token = TakeToken(json); !token.empty(); token = TakeToken(json)) {
+        if (depth == 0 && beforeLast == name && last == ":" && token == value)
+            return true;
+        if (token == "{" || token == "[")
+            depth--;
+        else if (token == "}" || token == "]")
+            depth++;
+        beforeLast = std::exchange(last, token);
+    }
+    return false;
+}
+
 // A connection that is written to and read from without waiting.
 class TSwaySocket
 {
@@ -38,23 +78,16 @@ public:
         sockaddr_un address{AF_UNIX, {}};
         if (path == nullptr || std::strlen(path) >= sizeof address.sun_path)
             return;
-        std::strcpy(address.sun_path, path);
+        std::memcpy(address.sun_path, path, std::strlen(path));
         m_socket = TDescriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-        if (!m_socket || connect(m_socket.Get(), reinterpret_cast<const sockaddr*>(&address),
-                                 sizeof address) != 0) {
+        if (m_socket && connect(m_socket.Get(), reinterpret_cast<const sockaddr*>(&address),
+                                sizeof address) == 0)
+            m_source = RunOnData(m_socket.Get(), [this] { return TakeData(); });
+        else
             m_socket = TDescriptor();
-            return;
-        }
-        m_source = g_unix_fd_add(m_socket.Get(), static_cast<GIOCondition>(G_IO_IN | G_IO_HUP),
-                                 OnData, this);
     }
     TSwaySocket(const TSwaySocket&) = delete;
     TSwaySocket& operator=(const TSwaySocket&) = delete;
-    ~TSwaySocket()
-    {
-        if (m_source != 0)
-            g_source_remove(m_source);
-    }
 
     bool Send(std::uint32_t type, const std::string& payload)
     {
@@ -67,21 +100,17 @@ public:
     }
 
 private:
-    static gboolean OnData(gint descriptor, GIOCondition, gpointer data)
+    bool TakeData()
     {
-        auto* self = static_cast<TSwaySocket*>(data);
         char bytes[4096];
-        const ssize_t count = recv(descriptor, bytes, sizeof bytes, 0);
+        const ssize_t count = recv(m_socket.Get(), bytes, sizeof bytes, 0);
         if (count <= 0 && errno != EAGAIN) {
-            self->m_source = 0;
-            self->m_socket = TDescriptor();
-            return G_SOURCE_REMOVE;
+            m_socket = TDescriptor();
+            return false;
         }
-        NoThrow([=] {
-            self->m_received.append(bytes, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-            self->TakeMessages();
-        });
-        return G_SOURCE_CONTINUE;
+        m_received.append(bytes, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        TakeMessages();
+        return true;
     }
 
     void TakeMessages()
@@ -103,8 +132,8 @@ private:
 
     TOnMessage m_onMessage;
     TDescriptor m_socket;
-    guint m_source = 0;
     std::string m_received;
+    TSource m_source;
 };
 
 // sway expands a file name as a shell would. A name with anything but plain characters is therefore
@@ -152,13 +181,10 @@ private:
 
     void OnMessage(std::uint32_t type, std::string_view payload)
     {
-        const auto says = [&](std::string_view text) {
-            return payload.find(text) != std::string_view::npos;
-        };
+        // One answer for each command, in an array.
         if (type == RunCommandType)
-            Answer(says("\"success\": true") || says("\"success\":true") ? TTook::Yes : TTook::No);
-        else if (type == WorkspaceEvent &&
-                 (says("\"change\": \"reload\"") || says("\"change\":\"reload\"")))
+            Answer(HasMember(payload, 2, R"("success")", "true") ? TTook::Yes : TTook::No);
+        else if (type == WorkspaceEvent && HasMember(payload, 1, R"("change")", R"("reload")"))
             m_socket->Send(RunCommandType, m_command);
     }
 

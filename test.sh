@@ -1,9 +1,17 @@
 #!/usr/bin/env bash
-# Sets everything up and runs all tests: ./test.sh for both homes, ./test.sh linux or windows for one.
+# ./test.sh [--since COMMIT] [linux] [windows]: sets everything up, runs all tests of both homes or of
+# one, and checks the source files that differ from the commit - by default from the last tag, else from
+# the commit before - with clang-tidy.
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
 . scripts/screen.sh
+usage="usage: ./test.sh [--since COMMIT] [linux] [windows]"
+since=$(git describe --tags --abbrev=0 2>/dev/null || echo HEAD~1)
+if [ "${1:-}" = --since ]; then
+    since=${2:?$usage}
+    shift 2
+fi
 [ $# -gt 0 ] || set -- linux windows
 
 run_ctest() {
@@ -34,7 +42,7 @@ test_windows() {
     run_ctest windows-release
 }
 
-scripts/setup.sh run screen
+scripts/setup.sh run screen lint
 export LC_ALL=C.UTF-8
 summaries=$(mktemp -d)
 start_screen 1280x1024
@@ -44,7 +52,7 @@ failed=()
 for home in "$@"; do
     case $home in
         linux | windows) ;;
-        *) die "usage: ./test.sh [linux] [windows]" ;;
+        *) die "$usage" ;;
     esac
     # A failing home must not keep the other from being tested.
     set +e
@@ -52,6 +60,8 @@ for home in "$@"; do
     [ $? -eq 0 ] || failed+=("$home")
     set -e
 done
+
+scripts/lint.sh "$since" || failed+=("lint")
 
 for home in "$@"; do
     [ -e "$summaries/$home-release" ] || continue

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# setup.sh run|linux|windows...: installs the Debian packages that a purpose needs.
+# setup.sh run|screen|linux|windows|lint...: installs the Debian packages that a purpose needs.
 set -euo pipefail
 . "$(dirname "$0")/common.sh"
 
@@ -13,6 +13,7 @@ screen=(xvfb xauth openbox xdotool imagemagick x11-utils procps dbus fonts-dejav
 linux=(clang libclang-rt-14-dev xfconf xfdesktop4 gsettings-desktop-schemas libglib2.0-bin
     dconf-gsettings-backend dconf-cli desktop-file-utils x11-apps locales
     at-spi2-core python3-pyatspi)
+lint=(clang-format-14 clang-tidy-14)
 windows=(g++-mingw-w64-x86-64-posix nasm dpkg-dev wine wine64 fonts-wine)
 
 for purpose in "$@"; do
@@ -20,6 +21,7 @@ for purpose in "$@"; do
         run) install_packages "${run[@]}" ;;
         screen) install_packages "${screen[@]}" ;;
         linux) install_packages "${linux[@]}" ;;
+        lint) install_packages "${lint[@]}" ;;
         windows) install_packages "${windows[@]}" ;;
         *) die "unknown purpose $purpose" ;;
     esac

@@ -12,7 +12,7 @@ inline constexpr std::string_view SeparatorCaption = "-";
 
 struct TMenuItem {
     std::string Name;
-    std::string Caption; // "&" before the access key, "&&" for an "&"
+    std::string Caption;  // "&" before the access key, "&&" for an "&"
     bool IsPlain = false; // but for this one: "&" stands for itself, and there is no access key
     std::string Hint;
     int Action = -1; // what it runs besides; -1 for none

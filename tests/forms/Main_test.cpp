@@ -1,13 +1,10 @@
 #include "MainFixture.h"
 
 #include "uCallLater.h"
-#include "uItemWork.h"
 #include "uProgress.h"
-#include "uSafeFile.h"
 #include "uWallpaperSchedule.h"
 
 #include <wx/uiaction.h>
-#include <wx/weakref.h>
 
 using namespace murala;
 
@@ -95,37 +92,6 @@ TEST_F(MainWindow, ThePreviewIsComposedAndABrokenPictureSaysSo)
     EXPECT_TRUE(m_messages.Texts.empty());
 }
 
-TEST_F(MainWindow, AHiddenStartWithApplyLoadsNothingElseUntilAnotherCopyWakesIt)
-{
-    Start();
-    AddPictures({"A.bmp", "B.bmp"});
-    Select(0);
-    m_services.Clock.Time += 1;
-    Execute(aApply);
-    EXPECT_EQ(Control<wxStaticText>("lLastChange").GetLabel(), "Last Change: 10/12/2025 12:00");
-    Murala().Core.Settings.Preferences.NextOnStartup = true;
-    m_main->Iconize();
-    ASSERT_TRUE(PumpUntil([&] { return m_main->IsIconized(); }));
-    Close();
-    m_services.Desktop.Calls.clear();
-    m_main = new TfMain(m_services.Services(), m_link);
-    m_main->Activate({"/APPLY"});
-    EXPECT_TRUE(PumpUntil([&] { return m_main->IsIconized(); }));
-    Pump(800);
-    EXPECT_TRUE(m_main->IsIconized());
-    EXPECT_EQ(Murala().Core.Selection.CurrentIndex(), 1);
-    EXPECT_FALSE(m_services.Desktop.Calls.empty());
-    EXPECT_EQ(Murala().Preview.Picture(20).Width(), 0);
-    m_services.FileQueue.QueueFiles({Picture("C.bmp", 4, 4, 0)});
-    m_link.Wake();
-    EXPECT_TRUE(PumpUntil([&] { return Murala().Core.List.Count() == 3; }));
-    EXPECT_TRUE(PumpUntil([&] { return Control<TPreviewPanel>("iPreview").Picture().IsOk(); }));
-    EXPECT_TRUE(m_main->IsEnabled());
-    Close();
-    Start();
-    EXPECT_EQ(Murala().Core.Selection.CurrentIndex(), 1);
-}
-
 TEST_F(MainWindow, ASliderMovedByKeysIsSavedAsItStands)
 {
     Start();
@@ -150,104 +116,6 @@ TEST_F(MainWindow, ASliderMovedByKeysIsSavedAsItStands)
         return saved.Item(0).GammaStartRed == before - 2;
     }));
     EXPECT_TRUE(bar.GetToolTipText().EndsWith(std::to_string(before - 2)));
-}
-
-TEST_F(MainWindow, WhatComesInDuringADialogWaitsForItsEnd)
-{
-    Start();
-    AddTwo();
-    Murala().Core.Settings.Schedule.Use = true;
-    Murala().Core.Settings.Memory.LastChangeDate = 0;
-    m_services.FileQueue.QueueFiles({Picture("C.bmp", 4, 4, 0)});
-    InDialog("TfConfiguration", [&](wxDialog&) {
-        m_link.Wake();
-        Pump(20);
-        EXPECT_FALSE(m_main->Close());
-        EXPECT_EQ(Murala().Core.List.Count(), 2);
-        Murala().Ticker.ScheduleTick();
-        EXPECT_TRUE(m_services.Desktop.Calls.empty());
-    });
-    const wxWeakRef<TfMain> main(m_main);
-    Execute(aConfiguration);
-    EXPECT_TRUE(PumpUntil([&] { return !main; })) << "it was asked to close";
-    m_main = nullptr;
-    Start();
-    EXPECT_EQ(Murala().Core.List.Count(), 3) << "nothing that was queued is lost";
-}
-
-TEST_F(MainWindow, TheSessionsEndEndsLongWorkBetweenTwoItems)
-{
-    Start();
-    AddTwo();
-    const wxWeakRef<TfMain> main(m_main);
-    std::size_t done = 0;
-    InDialog("TfConfiguration", [&](wxDialog&) {
-        Murala().Core.Selection.SelectAll();
-        done = WorkOn(Murala().Core, Murala().Core.Selection.Items(), "Refreshing Thumbnail",
-                      [&](TMuWallpaper&) { m_services.SessionEnd.OnEnd(); });
-    });
-    Execute(aConfiguration);
-    EXPECT_EQ(done, 1U);
-    EXPECT_TRUE(PumpUntil([&] { return !main; }, 1000)) << "nothing holds the window any longer";
-    if (main)
-        main->Destroy(); // or it would end the test's process
-    m_main = nullptr;
-}
-
-TEST_F(MainWindow, TheSessionIsLetEndWithoutAMessageThoughNothingCanBeSaved)
-{
-    Start();
-    AddTwo();
-    Murala().Core.List.Item(0).Title = "Unsaved";
-    const std::string list = m_services.ProgramFolder + "Murala.Wallpaper.List";
-    std::filesystem::create_directory(NativePath(list + ".new"));
-    m_services.SessionEnd.OnQuestion();
-    Pump(50);
-    EXPECT_TRUE(m_main->IsShown()) << "another program may refuse";
-    Murala().Storage.SaveList();
-    EXPECT_EQ(m_messages.Texts.size(), 1U) << "the session goes on, and the user is told";
-    const wxWeakRef<TfMain> main(m_main);
-    m_services.SessionEnd.OnEnd();
-    m_services.FileQueue.QueueFiles({Picture("C.bmp", 4, 4, 0)});
-    m_link.Wake();
-    EXPECT_TRUE(PumpUntil([&] { return !main; }, 1000));
-    m_main = nullptr;
-    EXPECT_EQ(m_messages.Texts.size(), 1U);
-    EXPECT_EQ(m_services.FileQueue.Names.size(), 1U) << "they wait for the next start";
-}
-
-TEST_F(MainWindow, TheSessionsQuestionSavesAtOnceAlsoDuringADialog)
-{
-    Start();
-    AddTwo();
-    InDialog("TfConfiguration", [&](wxDialog& dialog) {
-        Murala().Core.List.Item(0).Title = "Changed";
-        m_services.SessionEnd.OnQuestion();
-        EXPECT_NE(ReadWholeFile(m_services.ProgramFolder + "Murala.Wallpaper.List").find("Changed"),
-                  std::string::npos);
-        wxCloseEvent toolkit(wxEVT_QUERY_END_SESSION, wxID_ANY);
-        toolkit.SetCanVeto(true);
-        EXPECT_TRUE(wxTheApp->SafelyProcessEvent(toolkit));
-        EXPECT_FALSE(toolkit.GetVeto());
-        EXPECT_TRUE(dialog.IsModal());
-    });
-    const wxWeakRef<TfMain> main(m_main);
-    Execute(aConfiguration);
-    Pump(100);
-    EXPECT_TRUE(main);
-}
-
-TEST_F(MainWindow, NothingElseStandsBesideAMessageAtTheStart)
-{
-    for (const char* file : {"Murala.ini", "Murala.Wallpaper.List"})
-        std::filesystem::create_directory(NativePath(m_services.ProgramFolder + file));
-    m_messages.OnMessage = [] {
-        EXPECT_EQ(wxWindow::FindWindowByName("TfProgress"), nullptr);
-        wxMilliSleep(400); // after which the start would take too long to say nothing
-    };
-    Start();
-    EXPECT_GE(m_messages.Texts.size(), 2U);
-    m_messages.OnMessage = nullptr;
 }
 
 TEST_F(MainWindow, AnotherNumberOfDotsAnInchScalesThePanels)
@@ -385,103 +253,4 @@ TEST(ScheduleDialog, EnablesWhatMattersAndGivesBackWhatItWasGiven)
     units.SetSelection(suHour);
     Send(units, wxEVT_CHOICE);
     EXPECT_FALSE(isEnabled("cbOn") || isEnabled("dtpAt"));
-}
-
-TEST_F(MainWindow, GoesToTheTrayWhereThereIsOneAndComesBackWhereItWas)
-{
-    m_services.TrayArea.Place = TTrayState::There;
-    Start();
-    AddTwo();
-    Select(0);
-    auto& preview = Control<TPreviewPanel>("iPreview");
-    EXPECT_TRUE(PumpUntil([&] { return preview.Picture().IsOk(); }));
-    const wxRect before = m_main->GetRect();
-    Execute(aApplyAndMinimize);
-    EXPECT_FALSE(m_main->IsShown());
-    ASSERT_EQ(m_messages.Texts.size(), 1U);
-    EXPECT_NE(m_messages.Texts[0].find("notification area"), std::string::npos);
-    EXPECT_FALSE(preview.Picture().IsOk());
-    Pump(400);
-    m_services.TrayArea.Events->TrayLeftClick();
-    EXPECT_TRUE(PumpUntil([&] { return m_main->IsShown() && !m_main->IsIconized(); }));
-    EXPECT_TRUE(PumpUntil([&] { return preview.Picture().IsOk(); }));
-    Pump(500);
-    EXPECT_EQ(m_main->GetRect(), before);
-    m_services.TrayArea.Events->TrayLeftClick();
-    EXPECT_TRUE(PumpUntil([&] { return !m_main->IsShown(); }));
-    EXPECT_EQ(m_messages.Texts.size(), 1U);
-    Execute(aOptions);
-    EXPECT_TRUE(m_main->IsShown());
-    // Whatever minimises the window hides it.
-    m_main->Iconize();
-    EXPECT_TRUE(PumpUntil([&] { return !m_main->IsShown(); }));
-    m_services.TrayArea.Turn(TTrayState::Missing); // and without the icon it can be reached
-    EXPECT_TRUE(PumpUntil([&] { return m_main->IsShown(); }));
-    m_services.TrayArea.Turn(TTrayState::There);
-    Close();
-    EXPECT_FALSE(m_services.TrayArea.HasIcon);
-}
-
-TEST_F(MainWindow, AfterAHiddenStartTheCurrentRowIsSeen)
-{
-    m_services.TrayArea.Place = TTrayState::There;
-    for (const TActionId view : {aViewList, aViewThumbnails}) {
-        Start();
-        std::vector<std::string> names;
-        for (int i = 0; i < 300; ++i)
-            names.push_back("P" + std::to_string(i) + ".bmp");
-        AddPictures(names);
-        Execute(view);
-        Select(250);
-        Execute(aApply);
-        m_services.TrayArea.Events->TrayLeftClick();
-        ASSERT_TRUE(PumpUntil([&] { return !m_main->IsShown(); }));
-        Close();
-        m_main = new TfMain(m_services.Services(), m_link);
-        m_main->Activate({});
-        Pump(300);
-        EXPECT_FALSE(m_main->IsShown());
-        m_services.TrayArea.Events->TrayLeftClick();
-        ASSERT_TRUE(PumpUntil([&] { return m_main->IsShown(); }));
-        Pump(800);
-        TWallpaperView& shown =
-            view == aViewList ? static_cast<TWallpaperView&>(List())
-                              : dynamic_cast<TMuThumbnailView&>(Control<wxWindow>("lvThumbnails"));
-        const wxRect row = shown.RowRect(250);
-        EXPECT_GT(row.height, 0) << view;
-        EXPECT_GE(row.y, 0) << view;
-        EXPECT_LE(row.GetBottom(), shown.Window().GetClientSize().y) << view;
-        Close();
-    }
-}
-
-TEST_F(MainWindow, AHiddenStartStaysHiddenUntilTheIconIsClicked)
-{
-    m_services.TrayArea.Place = TTrayState::There;
-    Start();
-    m_services.TrayArea.Events->TrayLeftClick();
-    Pump(20);
-    Close();
-    m_services.TrayArea.Place = TTrayState::Asking; // the desktop is slow
-    m_main = new TfMain(m_services.Services(), m_link);
-    m_main->Activate({});
-    Pump(600);
-    EXPECT_FALSE(m_main->IsShown());
-    m_services.TrayArea.Turn(TTrayState::There);
-    Pump(300);
-    EXPECT_FALSE(m_main->IsShown());
-    EXPECT_TRUE(m_services.TrayArea.HasIcon);
-    m_services.TrayArea.Events->TrayLeftClick();
-    Pump(600);
-    EXPECT_TRUE(m_main->IsShown());
-    EXPECT_FALSE(m_main->IsIconized());
-    EXPECT_EQ(m_messages.Texts.size(), 1U);
-    m_services.TrayArea.Events->TrayLeftClick();
-    Pump(20);
-    Close();
-    m_services.TrayArea.Place = TTrayState::Asking;
-    m_main = new TfMain(m_services.Services(), m_link);
-    m_main->Activate({});
-    m_services.TrayArea.Turn(TTrayState::Missing); // there is none: minimised, then
-    EXPECT_TRUE(PumpUntil([&] { return m_main->IsShown() && m_main->IsIconized(); }));
 }

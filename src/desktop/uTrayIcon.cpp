@@ -14,24 +14,6 @@ std::string ShortHint(const std::string& hint)
     return WithoutMiddle(hint, most);
 }
 
-std::string MenuLabel(const TMenuItem& item)
-{
-    if (item.Caption.empty())
-        return " ";
-    return item.IsPlain ? ReplaceAll(item.Caption, "&", "&&") : item.Caption;
-}
-
-const TMenuItem* FindMenuItem(const TMenuItem& menu, std::string_view name)
-{
-    for (const TMenuItem& item : menu.Items) {
-        if (item.Name == name)
-            return &item;
-        if (const TMenuItem* found = FindMenuItem(item, name))
-            return found;
-    }
-    return nullptr;
-}
-
 const TBitmap& ImageOfSide(const TIconImage& image, int side)
 {
     for (const TBitmap& bitmap : image)
@@ -53,7 +35,7 @@ void TMuTrayIcon::AddArea(TTrayArea& area)
     m_areas.push_back(&area);
 }
 
-// Null while one is still asked that would be better than the others.
+// Null while a better one than those that are there has not answered yet.
 TTrayArea* TMuTrayIcon::BestArea() const
 {
     for (TTrayArea* area : m_areas)
@@ -160,16 +142,16 @@ void TMuTrayIcon::TrayRightClick(TPoint cursor)
     m_way.Post([=, this] { Count([&] { OnRightClick(cursor); }); });
 }
 
-// The desktop waits for what the menu is.
+// At once: the desktop waits for the menu.
 void TMuTrayIcon::TrayMenuOpens()
 {
     if (Enabled && OnMenuOpens)
         m_door.Pass(OnMenuOpens);
 }
 
-void TMuTrayIcon::TrayMenuChosen(const std::string& name)
+void TMuTrayIcon::TrayMenuChosen(const TMenuTarget& target)
 {
-    m_way.Post([=, this] { Count([&] { OnMenuChosen(name); }); });
+    m_way.Post([=, this] { Count([&] { OnMenuChosen(target); }); });
 }
 
 } // namespace murala

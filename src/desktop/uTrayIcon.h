@@ -7,7 +7,7 @@
 
 #include "uBitmap.h"
 #include "uDoor.h"
-#include "uMenuItem.h"
+#include "uTrayModel.h"
 
 #include <functional>
 #include <memory>
@@ -43,10 +43,10 @@ public:
     virtual void TrayLeftClick() = 0;
     // The menu is wanted.
     virtual void TrayRightClick(TPoint cursor) = 0;
-    // The desktop draws the menu itself and is about to; SetMenu renews it.
+    // The desktop, which draws the menu itself, is about to show it.
     virtual void TrayMenuOpens() = 0;
-    // An entry of the menu that the desktop drew.
-    virtual void TrayMenuChosen(const std::string& name) = 0;
+    // The user has chosen an entry of the menu that the desktop drew.
+    virtual void TrayMenuChosen(const TMenuTarget& target) = 0;
     // The area came, went or began anew.
     virtual void TrayAreaChanged() = 0;
 };
@@ -74,17 +74,13 @@ public:
     virtual bool Modify(const TTrayLook& look) = 0;
     virtual void Remove() = 0;
 
-    // The menu for a desktop that draws it itself.
-    virtual void SetMenu(const TMenuItem& /*menu*/) {}
-    virtual bool DrawsMenu() const { return false; }
-    // As far as such a desktop tells.
-    virtual bool IsMenuShown() const { return false; }
-    // Whether it makes all of a large menu anew for another check, and the next click waits for it.
-    virtual bool IsSlowToCheck() const { return false; }
+    // The menu has changed, or is new; the model lives until Remove. False where the desktop does
+    // not draw the menu itself.
+    virtual bool TellMenu(TTrayModel& /*model*/) { return false; }
     virtual TMenuMetrics MenuMetrics() { return {}; }
-    // Shows the menu and waits until it is closed. The chosen entry, null for none; nothing when
-    // this area has no menus of its own.
-    virtual std::optional<const TMenuItem*> ShowMenu(const TMenuItem& /*menu*/, TPoint /*place*/)
+    // Shows the menu and waits until it is closed. What was chosen; nothing when this area has no
+    // menus of its own.
+    virtual std::optional<TMenuTarget> ShowMenu(TTrayModel& /*model*/, TPoint /*place*/)
     {
         return std::nullopt;
     }
@@ -104,7 +100,7 @@ public:
     // A click, or an entry chosen from the menu, while clicks do not count.
     std::function<void()> OnIgnoredClick;
     std::function<void()> OnMenuOpens;
-    std::function<void(const std::string& name)> OnMenuChosen;
+    std::function<void(const TMenuTarget& target)> OnMenuChosen;
     // Added may have changed, or the icon may have moved to another area.
     std::function<void()> OnChanged;
 
@@ -143,7 +139,7 @@ private:
     void TrayLeftClick() override;
     void TrayRightClick(TPoint cursor) override;
     void TrayMenuOpens() override;
-    void TrayMenuChosen(const std::string& name) override;
+    void TrayMenuChosen(const TMenuTarget& target) override;
     void TrayAreaChanged() override;
 
     TDoor& m_door;

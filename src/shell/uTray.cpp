@@ -1,6 +1,5 @@
 #include "uTray.h"
 
-#include "uProcessMemory.h"
 #include "uText.h"
 
 #include <algorithm>
@@ -12,25 +11,19 @@ namespace murala
 namespace
 {
 
-// The menu of more wallpapers than these is made when it is wanted, and let go soon afterwards:
-// calls of RefreshMenu, five to ten seconds.
-constexpr int MostWallpapersKept = 200;
-constexpr int MenuRest = 2;
-
-// The pop-up, before and behind the wallpapers' menu; ActionCount stands for a separator.
-constexpr TActionId ActionsBefore[] = {aOptions};
-constexpr TActionId ActionsBehind[] = {aNext,     aPrevious,   ActionCount,    aTransparentIcons,
-                                       aCalendar, ActionCount, aConfiguration, ActionCount,
-                                       aExit};
-// At the end of the wallpapers.
-constexpr TActionId ActionsOfWallpapers[] = {aAdd, aOptions};
-
-TMenuItem Separator()
-{
-    TMenuItem item;
-    item.Caption = SeparatorCaption;
-    return item;
-}
+const TMenuTarget MainMenu[] = {TMenuAction{aOptions},
+                                TMenuSeparator{},
+                                TMenuBelow{TMenuBelow::Wallpapers, {}},
+                                TMenuAction{aNext},
+                                TMenuAction{aPrevious},
+                                TMenuSeparator{},
+                                TMenuAction{aTransparentIcons},
+                                TMenuAction{aCalendar},
+                                TMenuSeparator{},
+                                TMenuAction{aConfiguration},
+                                TMenuSeparator{},
+                                TMenuAction{aExit}};
+const TMenuTarget EndOfWallpapers[] = {TMenuSeparator{}, TMenuAction{aAdd}, TMenuAction{aOptions}};
 
 } // namespace
 
@@ -44,14 +37,14 @@ TTray::TTray(TCore& core, TStorage& storage, TApplier& applier)
             m_view->RaiseDialog();
     };
     m_icon.OnMenuOpens = [this] { MenuPopup(); };
-    m_icon.OnMenuChosen = [this](const std::string& name) { MenuChosen(name); };
+    m_icon.OnMenuChosen = [this](const TMenuTarget& target) { Choose(target); };
     m_icon.OnChanged = [this] { IconChanged(); };
     m_subscription = m_core.Listeners.Listen(*this);
 }
 
 void TTray::IconChanged()
 {
-    HandOverMenu();
+    TellMenu();
     if (m_view != nullptr)
         m_view->TrayChanged();
 }
@@ -76,10 +69,7 @@ void TTray::Enable()
 {
     m_isDisabled = false;
     PauseChanged();
-    if (IsMenuKept())
-        return RebuildTrayMenus(true);
-    ReleaseMenu();
-    HandOverMenu();
+    MenuChanged();
 }
 
 void TTray::Disable()
@@ -102,24 +92,13 @@ void TTray::PauseChanged()
 
 void TTray::CurrentChanged(TCurrentChange change)
 {
-    m_isCheckStale = !IsMenuKept() && m_icon.Added() && m_icon.Area()->IsSlowToCheck();
-    if (!m_isCheckStale)
-        UpdateTrayChecks(pmTrayIcon, m_core.Selection.CurrentIndex());
+    m_hasCheckMoved = true;
     if (change != TCurrentChange::Installed)
         return;
     ShowHint();
     if (m_view != nullptr)
         m_view->StartIcons();
-    if (!m_isMenuReleased && !m_isCheckStale)
-        HandOverMenu();
-}
-
-void TTray::TellCheck()
-{
-    if (!std::exchange(m_isCheckStale, false) || m_isMenuReleased)
-        return;
-    UpdateTrayChecks(pmTrayIcon, m_core.Selection.CurrentIndex());
-    HandOverMenu();
+    TellMenu();
 }
 
 void TTray::ShowHint()
@@ -153,18 +132,11 @@ void TTray::Refresh()
     m_icon.Refresh();
 }
 
+// A desktop that draws the menu may not tell when it shows it.
 void TTray::RefreshMenu()
 {
-    if (!IsMenuKept()) {
-        const bool isWaiting = m_isCheckStale && m_icon.Added() && m_icon.Area()->IsMenuShown();
-        if (m_menuRest > 0 && !isWaiting && --m_menuRest == 0) {
-            TellCheck();
-            ReleaseMenu();
-        }
-    } else if (m_icon.Added() && m_icon.Area()->DrawsMenu()) {
-        // Such a desktop may not tell when it shows the menu.
-        RebuildTrayMenus(false);
-    }
+    if (m_isMenuDirty && !m_core.Updating && TellMenu())
+        m_isMenuDirty = m_hasCheckMoved = false;
 }
 
 void TTray::ExplainHiding()
@@ -186,24 +158,24 @@ void TTray::LeftClick()
 
 void TTray::RightClick(TPoint cursor)
 {
-    if (m_isMenuOpen)
-        return;
-    const TValueScope open(m_isMenuOpen, true);
-    m_view->BringToFront();
-    MenuPopup();
-    TellCheck();
-    if (const TMenuItem* chosen = ShowMenu(PlaceOfMenu(cursor)))
-        Choose(TMenuItem(*chosen)); // the menu may be made anew by what it does
+    TMenuTarget chosen;
+    {
+        const TPauseScope pause(m_core.Pauses);
+        m_view->BringToFront();
+        MenuPopup();
+        chosen = ShowMenu(cursor);
+    }
+    Choose(chosen);
 }
 
-const TMenuItem* TTray::ShowMenu(TPoint place)
+TMenuTarget TTray::ShowMenu(TPoint cursor)
 {
-    const TPauseScope pause(m_core.Pauses);
-    // Making the menu lets messages through, and one of them may have taken the icon away.
+    // Messages were let through, and one of them may have taken the icon away.
     if (!m_icon.Added())
-        return nullptr;
-    const std::optional<const TMenuItem*> shown = m_icon.Area()->ShowMenu(pmTrayIcon, place);
-    return shown ? *shown : m_view->ShowMenu(pmTrayIcon, place);
+        return {};
+    const TPoint place = PlaceOfMenu(cursor);
+    const std::optional<TMenuTarget> shown = m_icon.Area()->ShowMenu(*this, place);
+    return shown ? *shown : m_view->ShowMenu(*this, place);
 }
 
 TMenuMetrics TTray::MenuMetrics() const
@@ -211,7 +183,7 @@ TMenuMetrics TTray::MenuMetrics() const
     return m_icon.Added() ? m_icon.Area()->MenuMetrics() : TMenuMetrics();
 }
 
-TPoint TTray::PlaceOfMenu(TPoint cursor) const
+TPoint TTray::PlaceOfMenu(TPoint cursor)
 {
     std::optional<TRect> taskBar;
     try {
@@ -220,27 +192,20 @@ TPoint TTray::PlaceOfMenu(TPoint cursor) const
         // At the cursor, then.
     }
     return MenuPlace(cursor, taskBar, m_core.Services.Desktop.ScreenSize(),
-                     MenuHeight(pmTrayIcon, MenuMetrics()));
+                     MenuHeight(Children({}), MenuMetrics()));
 }
 
 // Before the menu is seen.
 void TTray::MenuPopup()
 {
     const TPauseScope pause(m_core.Pauses);
-    m_menuRest = MenuRest;
     const int desktop = m_core.Services.Siblings.GetVeyraDesktop();
-    if (IsMenuStale() || desktop != m_currentDesktop) {
+    if (m_isMenuDirty || desktop != m_currentDesktop) {
         ReloadForDesktop(desktop);
-        RebuildTrayMenus(true);
+        MenuChanged();
     } else {
-        UpdateActions(pmTrayIcon);
-        HandOverMenu();
+        TellMenu();
     }
-}
-
-bool TTray::IsMenuStale() const
-{
-    return m_menusDirty || m_isByCategory != m_core.Settings.Preferences.UseWallpaperCategories;
 }
 
 void TTray::ReloadForDesktop(int desktop)
@@ -252,126 +217,72 @@ void TTray::ReloadForDesktop(int desktop)
     ShowHint();
 }
 
-void TTray::MenuChosen(const std::string& name)
+void TTray::MenuChanged()
 {
-    const TMenuItem* item = FindMenuItem(pmTrayIcon, name);
-    if (item != nullptr && item->Action >= 0)
-        Choose(TMenuItem(*item));
-    else if (const int index = WallpaperIndexOf(name); index >= 0)
-        ChooseWallpaper(index); // whether the menu has been released since or not
-    else if (name == MoreMenuName)
-        m_view->RestoreWindow(); // the desktop cannot show what is below it
-}
-
-void TTray::Choose(const TMenuItem& item)
-{
-    if (item.Action >= 0)
-        m_actions->Execute(static_cast<TActionId>(item.Action));
-    else
-        ChooseWallpaperFromMenu(item);
-}
-
-void TTray::ChooseWallpaperFromMenu(const TMenuItem& item)
-{
-    ChooseWallpaper(WallpaperIndexOf(item));
-}
-
-void TTray::ChooseWallpaper(int index)
-{
-    if (index < 0 || index >= static_cast<int>(m_menuWallpapers.size()))
+    if (m_core.Updating)
         return;
-    // The list may have changed since the menu was made.
-    const std::uint64_t wanted = m_menuWallpapers[static_cast<std::size_t>(index)];
-    for (int row = 0; row < m_core.List.Count(); ++row)
-        if (m_core.List.Item(row).Id() == wanted) {
-            m_applier.ApplyRow(row, TReport::MessageBox);
-            return;
+    m_isMenuDirty = m_hasCheckMoved = false;
+    TellMenu();
+}
+
+bool TTray::TellMenu()
+{
+    return !m_isDisabled && m_icon.Added() && m_icon.Area()->TellMenu(*this);
+}
+
+TMenuEntries TTray::Children(const TMenuBelow& menu)
+{
+    TMenuEntries entries;
+    if (menu.Kind == TMenuBelow::Main) {
+        Append(entries, MainMenu);
+        return entries;
+    }
+    const int rows =
+        m_core.Services.Desktop.ScreenSize().Height / std::max(1, MenuMetrics().ItemHeight);
+    entries = WallpaperEntries(
+        m_core.List, m_core.Selection.Current(), menu,
+        {m_core.Settings.Preferences.UseWallpaperCategories, rows, !m_hasCheckMoved});
+    if (menu == TMenuBelow{TMenuBelow::Wallpapers, {}})
+        Append(entries, EndOfWallpapers);
+    return entries;
+}
+
+void TTray::Append(TMenuEntries& entries, std::span<const TMenuTarget> targets) const
+{
+    for (const TMenuTarget& target : targets) {
+        TMenuEntry entry{.Caption = {}, .Target = target};
+        if (entry.MenuBelow() != nullptr)
+            entry.Caption = "Wallpaper";
+        if (const auto* id = std::get_if<TMenuAction>(&target)) {
+            const TAction& action = (*m_actions)[static_cast<TActionId>(id->Id)];
+            if (!action.IsOffered())
+                continue;
+            entry.Caption = action.Caption;
+            entry.Enabled = action.Enabled();
+            entry.Checked = action.Checkable && action.Checked();
         }
-}
-
-TMenuItem TTray::ActionItem(TActionId id) const
-{
-    const TAction& action = (*m_actions)[id];
-    TMenuItem item;
-    item.Name = action.Name;
-    item.Caption = action.Caption;
-    item.Action = id;
-    return item;
-}
-
-TMenuItem TTray::NewPopupMenu(const TMuWallpaperList& list) const
-{
-    TMenuItem menu;
-    const auto append = [&](TActionId id) {
-        if (id == ActionCount)
-            menu.Items.push_back(Separator());
-        else if ((*m_actions)[id].IsOffered())
-            menu.Items.push_back(ActionItem(id));
-    };
-    std::ranges::for_each(ActionsBefore, append);
-    menu.Items.push_back(Separator());
-    const TSize screen = m_core.Services.Desktop.ScreenSize();
-    const TMenuMetrics metrics = MenuMetrics();
-    TMenuItem wallpapers = NewWallpaperMenu(list, m_core.Selection.CurrentIndex(),
-                                            {m_core.Settings.Preferences.UseWallpaperCategories,
-                                             screen.Height / std::max(1, metrics.ItemHeight)});
-    std::vector<TMenuItem> last;
-    for (const TActionId id : ActionsOfWallpapers)
-        last.push_back(ActionItem(id));
-    AppendToWallpaperMenu(wallpapers, last);
-    menu.Items.push_back(std::move(wallpapers));
-    std::ranges::for_each(ActionsBehind, append);
-    return menu;
-}
-
-void TTray::RebuildTrayMenus(bool force)
-{
-    if (m_core.Updating || m_actions == nullptr || (!force && !IsMenuStale()))
-        return;
-    pmTrayIcon = NewPopupMenu(m_core.List);
-    m_menuWallpapers.clear();
-    for (int i = 0; i < m_core.List.Count(); ++i)
-        m_menuWallpapers.push_back(m_core.List.Item(i).Id());
-    UpdateActions(pmTrayIcon);
-    m_menusDirty = m_isMenuReleased = false;
-    m_isByCategory = m_core.Settings.Preferences.UseWallpaperCategories;
-    HandOverMenu();
-}
-
-bool TTray::IsMenuKept() const
-{
-    return m_core.List.Count() <= MostWallpapersKept;
-}
-
-// A desktop that draws it keeps what it was told, so that it opens at once the next time, and may
-// ask for a wallpaper of it: the numbers in it are kept.
-void TTray::ReleaseMenu()
-{
-    if (m_core.Updating || m_actions == nullptr)
-        return;
-    pmTrayIcon = NewPopupMenu(TMuWallpaperList());
-    m_menusDirty = m_isMenuReleased = true;
-    UpdateActions(pmTrayIcon);
-    GiveBackFreeMemory();
-}
-
-void TTray::UpdateActions(TMenuItem& menu) const
-{
-    for (TMenuItem& item : menu.Items) {
-        if (item.Action >= 0) {
-            const TAction& action = (*m_actions)[static_cast<TActionId>(item.Action)];
-            item.Enabled = action.Enabled();
-            item.Checked = action.Checkable && action.Checked();
-        } else if (!item.Items.empty()) {
-            UpdateActions(item);
-        }
+        entries.push_back(std::move(entry));
     }
 }
 
-void TTray::HandOverMenu()
+void TTray::Choose(const TMenuTarget& target)
 {
-    if (m_icon.Added() && m_icon.Area()->DrawsMenu())
-        m_icon.Area()->SetMenu(pmTrayIcon);
+    if (const auto* action = std::get_if<TMenuAction>(&target))
+        m_actions->Execute(static_cast<TActionId>(action->Id));
+    else if (const auto* wallpaper = std::get_if<TMenuWallpaper>(&target))
+        ApplyWallpaper(wallpaper->Id);
+    else if (std::holds_alternative<TMenuBelow>(target))
+        m_view->RestoreWindow(); // the desktop cannot show what is below it
+}
+
+// It may have been removed, or have another row, since the menu was shown.
+void TTray::ApplyWallpaper(std::uint64_t id)
+{
+    for (int row = 0; row < m_core.List.Count(); ++row)
+        if (m_core.List.Item(row).Id() == id) {
+            m_applier.ApplyRow(row, TReport::MessageBox);
+            return;
+        }
 }
 
 } // namespace murala

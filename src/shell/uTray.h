@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -32,8 +33,8 @@ public:
     virtual void StartIcons() = 0;
     // The application's icon.
     virtual void ShowIcon(const TIconImage& image) = 0;
-    // For areas without menus of their own. The chosen entry, null for none.
-    virtual const TMenuItem* ShowMenu(const TMenuItem& menu, TPoint place) = 0;
+    // For areas without menus of their own; waits until it is closed. What was chosen.
+    virtual TMenuTarget ShowMenu(TTrayModel& menu, TPoint place) = 0;
     // Tray::CanHide has changed.
     virtual void TrayChanged() = 0;
 };
@@ -42,7 +43,7 @@ public:
 constexpr int TrayFrameCount = 3;
 using TTrayFrames = std::function<std::shared_ptr<const TIconImage>(int frame)>;
 
-class TTray : private TListener
+class TTray : public TTrayModel, private TListener
 {
 public:
     TTray(TCore& core, TStorage& storage, TApplier& applier);
@@ -66,23 +67,22 @@ public:
     // Tells the user where a hidden window is, once for all times.
     void ExplainHiding();
 
-    // Both every five seconds; the second one has the menu made anew, or lets a large one go.
+    // Both every five seconds; the second one tells the desktop of a menu that has changed.
     void Refresh();
     void RefreshMenu();
     // The next frame; whether there are more.
     bool IconsTick();
 
-    const TMenuItem& Menu() const { return pmTrayIcon; }
+    TMenuEntries Children(const TMenuBelow& menu) override;
+
     const std::string& Hint() const { return m_icon.Hint(); }
     bool IsEnabled() const { return m_icon.Enabled; }
-    // Nothing while Updating; without `force` nothing when it is as it should be.
-    void RebuildTrayMenus(bool force);
-    void ChooseWallpaperFromMenu(const TMenuItem& item);
 
 private:
     // TListener.
-    void RowsChanged() override { m_menusDirty = true; }
-    void ItemsChanged(const TItems&) override { m_menusDirty = true; }
+    void RowsChanged() override { m_isMenuDirty = true; }
+    void ItemsChanged(const TItems&) override { m_isMenuDirty = true; }
+    void SettingsChanged() override { m_isMenuDirty = true; }
     void CurrentChanged(TCurrentChange change) override;
     void PauseChanged() override;
 
@@ -91,24 +91,19 @@ private:
     void LeftClick();
     void RightClick(TPoint cursor);
     void MenuPopup();
-    void MenuChosen(const std::string& name);
+    void Choose(const TMenuTarget& target);
 
-    void Choose(const TMenuItem& item);
-    void ChooseWallpaper(int index);
-    const TMenuItem* ShowMenu(TPoint place);
+    void ApplyWallpaper(std::uint64_t id);
+    TMenuTarget ShowMenu(TPoint cursor);
     TMenuMetrics MenuMetrics() const;
-    TPoint PlaceOfMenu(TPoint cursor) const;
-    TMenuItem ActionItem(TActionId id) const;
-    TMenuItem NewPopupMenu(const TMuWallpaperList& list) const;
-    void UpdateActions(TMenuItem& menu) const;
-    bool IsMenuStale() const;
-    bool IsMenuKept() const;
-    void ReleaseMenu();
+    TPoint PlaceOfMenu(TPoint cursor);
+    void Append(TMenuEntries& entries, std::span<const TMenuTarget> targets) const;
+    // Nothing while Updating.
+    void MenuChanged();
+    // Whether the desktop draws the menu itself.
+    bool TellMenu();
     void ReloadForDesktop(int desktop);
     void ShowHint();
-    // For a desktop that draws the menu itself.
-    void HandOverMenu();
-    void TellCheck();
     const std::shared_ptr<const TIconImage>& Frame(int frame);
 
     TCore& m_core;
@@ -120,15 +115,11 @@ private:
     TTrayFrames m_newFrame;
     std::array<std::shared_ptr<const TIconImage>, TrayFrameCount> m_frames;
     int m_frame = 0;
-    TMenuItem pmTrayIcon;
-    std::vector<std::uint64_t> m_menuWallpapers; // their numbers, by the indexes in the menu
-    bool m_menusDirty = true;
-    bool m_isByCategory = false; // the menu
-    bool m_isMenuReleased = false;
-    bool m_isCheckStale = false; // where the desktop draws the menu
-    bool m_isMenuOpen = false;
+    bool m_isMenuDirty = true;
+    // Another wallpaper became the current one: its entry is checked, but what leads to it is
+    // only when the menu has changed, too.
+    bool m_hasCheckMoved = false;
     bool m_isDisabled = true;
-    int m_menuRest = 0;       // until it is released
     int m_currentDesktop = 0; // of Veyra, as seen before
     TSubscription m_subscription;
 };

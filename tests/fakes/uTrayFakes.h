@@ -1,28 +1,47 @@
-// A notification area that remembers, and refuses.
+// A notification area that remembers, and refuses; and the tray's menu read as a whole.
 #pragma once
 
 #include "uTrayIcon.h"
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
 namespace murala
 {
 
+// With what is below each entry behind it.
+inline TMenuEntries AllEntries(TTrayModel& model, const TMenuBelow& menu = {})
+{
+    TMenuEntries all;
+    for (TMenuEntry& entry : model.Children(menu)) {
+        const TMenuEntries below =
+            entry.MenuBelow() != nullptr ? AllEntries(model, *entry.MenuBelow()) : TMenuEntries();
+        all.push_back(std::move(entry));
+        all.insert(all.end(), below.begin(), below.end());
+    }
+    return all;
+}
+
+// Null when there is none.
+inline const TMenuEntry* Find(const TMenuEntries& entries, std::string_view caption)
+{
+    const auto found = std::ranges::find(entries, caption, &TMenuEntry::Caption);
+    return found != entries.end() ? &*found : nullptr;
+}
+
 struct TFakeTrayArea : TTrayArea {
     TTrayState Place = TTrayState::Missing;
     bool Refuses = false;
     bool Draws = false; // the menu, itself
-    // While a menu of its own is shown; the answer is the chosen entry.
-    std::function<const TMenuItem*(const TMenuItem& menu, TPoint place)> OnMenu;
+    // While a menu of its own is shown; the answer is what is chosen.
+    std::function<TMenuTarget(TTrayModel& model, TPoint place)> OnMenu;
 
     TTrayEvents* Events = nullptr;
     bool HasIcon = false;
-    bool IsShown = false; // the menu
-    bool IsSlow = false;  // with checks
-    int Added = 0, Modified = 0, Removed = 0, Menus = 0;
+    int Added = 0, Menus = 0;
     TTrayLook Look;
-    TMenuItem Menu;
+    TMenuEntries Told; // what the desktop keeps of the menu
 
     // The shell is killed, and everything that it held is gone.
     void Restart() { HasIcon = false; }
@@ -47,27 +66,22 @@ struct TFakeTrayArea : TTrayArea {
     }
     bool Modify(const TTrayLook& look) override
     {
-        Modified++;
         if (HasIcon)
             Look = look;
         return HasIcon;
     }
-    void Remove() override
+    void Remove() override { HasIcon = false; }
+    bool TellMenu(TTrayModel& model) override
     {
-        Removed++;
-        HasIcon = false;
+        if (Draws) {
+            Menus++;
+            Told = AllEntries(model);
+        }
+        return Draws;
     }
-    void SetMenu(const TMenuItem& menu) override
+    std::optional<TMenuTarget> ShowMenu(TTrayModel& model, TPoint place) override
     {
-        Menus++;
-        Menu = menu;
-    }
-    bool DrawsMenu() const override { return Draws; }
-    bool IsMenuShown() const override { return IsShown; }
-    bool IsSlowToCheck() const override { return IsSlow; }
-    std::optional<const TMenuItem*> ShowMenu(const TMenuItem& menu, TPoint place) override
-    {
-        return OnMenu ? std::optional(OnMenu(menu, place)) : std::nullopt;
+        return OnMenu ? std::optional(OnMenu(model, place)) : std::nullopt;
     }
 };
 

@@ -172,7 +172,7 @@ protected:
         if (place == "tool")
             Control<wxToolBar>("tbMain").OnLeftClick(Tool(expected)->GetId(), true);
         else if (place == "tray")
-            m_services.TrayArea.Events->TrayMenuChosen(std::string(TrayItem(expected)->Name));
+            m_services.TrayArea.Events->TrayMenuChosen(TrayItem(expected)->Target);
         else if (wxMenuItem* item = MenuItem(expected))
             m_main->ProcessCommand(item->GetId());
         else
@@ -199,13 +199,10 @@ protected:
                 return tool;
         return nullptr;
     }
-    const TMenuItem* TrayItem(const TExpected& expected)
+    const TMenuEntry* TrayItem(const TExpected& expected)
     {
-        Murala().Tray.RefreshMenu();
-        for (const TMenuItem& item : m_services.TrayArea.Menu.Items)
-            if (item.Caption == Action(expected.Id).Caption)
-                return &item;
-        return nullptr;
+        m_services.TrayArea.Events->TrayMenuOpens();
+        return Find(m_services.TrayArea.Told, Action(expected.Id).Caption);
     }
 
     wxWeakRef<TfMain> m_weakMain;

@@ -27,14 +27,23 @@ void FillMany(TMuWallpaperList& list, int count, int categories)
     Fill(list, wallpapers);
 }
 
-// Captions, what is below in brackets, "*" for a check and "|" for a new column.
-std::string Drawn(const TMenuItem& menu)
+TMenuBelow Wallpapers(int first = 0)
 {
+    return {TMenuBelow::Wallpapers, {}, first};
+}
+
+// Captions, what is below in brackets, "*" for a check and "|" for a new column; "-" for a
+// separator.
+std::string Drawn(const TMuWallpaperList& list, int current, const TWallpaperMenuOptions& options,
+                  const TMenuBelow& menu = Wallpapers())
+{
+    const TMuWallpaper* item = current >= 0 ? &list.Item(current) : nullptr;
     std::string text;
-    for (const TMenuItem& item : menu.Items) {
-        text += (item.BarBreak ? "|" : " ") + item.Caption + (item.Checked ? "*" : "");
-        if (!item.Items.empty())
-            text += "[" + Drawn(item) + "]";
+    for (const TMenuEntry& entry : WallpaperEntries(list, item, menu, options)) {
+        text += (entry.BarBreak ? "|" : " ") + (entry.IsSeparator() ? "-" : entry.Caption) +
+                (entry.Checked ? "*" : "");
+        if (entry.MenuBelow() != nullptr)
+            text += "[" + Drawn(list, current, options, *entry.MenuBelow()) + "]";
     }
     return text;
 }
@@ -44,87 +53,53 @@ std::string Drawn(const TMenuItem& menu)
 TEST(WallpaperMenu, CategoriesStandInTheOrderOfTheirFirstWallpapersAndDifferByCase)
 {
     TMuWallpaperList list;
-    Fill(list, {{"Sea", "a"}, {"art", "b & c"}, {"Sea", "&d"}, {"sea", "e"}, {"A&B", "f"}});
-    EXPECT_EQ(Drawn(NewWallpaperMenu(list, 2, {true, 30})),
-              " Sea*[ a &&d*] art[ b && c] sea[ e] A&B[ f]");
-    EXPECT_EQ(Drawn(NewWallpaperMenu(list, 2, {false, 30})), " a b && c &&d* e f");
-    EXPECT_EQ(Drawn(NewWallpaperMenu(list, -1, {true, 30})),
-              " Sea[ a &&d] art[ b && c] sea[ e] A&B[ f]");
-    const TMenuItem menu = NewWallpaperMenu(list, 2, {true, 30});
-    EXPECT_EQ(menu.Name + menu.Caption + menu.Hint, "Wallpaper1Wallpaper");
-    EXPECT_FALSE(menu.Checked);
-    EXPECT_EQ(menu.Items[0].Name + menu.Items[0].Hint, "MainCategoryMenu");
-    const TMenuItem& second = menu.Items[0].Items[1];
-    EXPECT_EQ(second.Name + ' ' + second.Hint, "CategoryMenuItem2 WallpaperMenu2_1");
-    EXPECT_EQ(WallpaperIndexOf(second), 2);
-    EXPECT_EQ(WallpaperIndexOf(menu.Items[0]), -1);
+    Fill(list, {{"Sea", "a"}, {"art", "b & c"}, {"Sea", "&d"}, {"sea", ""}, {"A&B", "f"}});
+    EXPECT_EQ(Drawn(list, 2, {true, 30}), " Sea*[ a &&d*] art[ b && c] sea[  ] A&&B[ f]");
+    EXPECT_EQ(Drawn(list, 2, {true, 30, false}), " Sea[ a &&d*] art[ b && c] sea[  ] A&&B[ f]");
+    EXPECT_EQ(Drawn(list, 2, {false, 30}), " a b && c &&d*   f");
+    EXPECT_EQ(Drawn(list, -1, {true, 30}), " Sea[ a &&d] art[ b && c] sea[  ] A&&B[ f]");
+    const TMenuEntries sea = WallpaperEntries(list, nullptr, {TMenuBelow::Category, "Sea"}, {});
+    EXPECT_EQ(sea.at(1).Target, TMenuTarget(TMenuWallpaper{list.Item(2).Id()}));
 }
 
 TEST(WallpaperMenu, AHundredEntriesThenMoreBelow)
 {
     TMuWallpaperList list;
     FillMany(list, 250, 1);
-    for (const bool byCategory : {true, false}) {
-        TMenuItem menu = NewWallpaperMenu(list, 249, {byCategory, 1000});
-        const TMenuItem* level = byCategory ? &menu.Items[0] : &menu;
-        // What the first holds, and what is left: the separator and "More..." come besides.
-        const std::size_t sizes[] = {102, 102, 50};
-        int index = 0;
-        for (const std::size_t size : sizes) {
-            ASSERT_EQ(level->Items.size(), size);
-            EXPECT_EQ(WallpaperIndexOf(level->Items[0]), index);
-            EXPECT_EQ(level->Items[0].Hint, "WallpaperMenu" + std::to_string(index) + "_0");
+    for (const TMenuBelow& top : {Wallpapers(), TMenuBelow{TMenuBelow::Category, "C0"}}) {
+        TMenuBelow menu = top;
+        for (const std::size_t size : {102, 102, 50}) {
+            const TMenuEntries entries =
+                WallpaperEntries(list, &list.Item(249), menu, {false, 1000});
+            ASSERT_EQ(entries.size(), size);
+            EXPECT_EQ(entries[0].Caption, "T" + std::to_string(menu.First));
+            EXPECT_EQ(entries[49].Checked, size == 50);
             if (size == 50)
                 break;
-            EXPECT_EQ(level->Items[100].Name, "MoreSeparatorCategoryMenuItem");
-            EXPECT_TRUE(level->Items[100].IsSeparator());
-            EXPECT_EQ(level->Items[101].Name, "MoreCategoryMenuItem");
-            EXPECT_EQ(level->Items[101].Caption, "More...");
-            EXPECT_TRUE(level->Items[101].Checked); // it leads to the current one
-            EXPECT_FALSE(level->Items[99].Checked);
-            level = &level->Items[101];
-            index += 100;
+            EXPECT_TRUE(entries[100].IsSeparator());
+            EXPECT_EQ(entries[101].Caption, "More...");
+            EXPECT_TRUE(entries[101].Checked); // it leads to the current one
+            menu = *entries[101].MenuBelow();
         }
-        EXPECT_TRUE(level->Items[49].Checked);
-        AppendToWallpaperMenu(menu, std::vector<TMenuItem>(2));
-        EXPECT_EQ(menu.Items[menu.Items.size() - 3].Name, "SpacerMenuItem");
     }
+    EXPECT_TRUE(WallpaperEntries(list, nullptr, Wallpapers(300), {false}).empty());
 }
 
 TEST(WallpaperMenu, AColumnHoldsAsManyRowsAsTheScreen)
 {
     TMuWallpaperList list;
     FillMany(list, 130, 1);
-    const TMenuItem menu = NewWallpaperMenu(list, -1, {false, 30});
-    std::vector<std::size_t> breaks;
-    for (std::size_t i = 0; i < menu.Items.size(); ++i)
-        if (menu.Items[i].BarBreak)
-            breaks.push_back(i);
-    EXPECT_EQ(breaks, (std::vector<std::size_t>{30, 60, 90}));
-    EXPECT_FALSE(menu.Items[101].Items[0].BarBreak);
-    EXPECT_EQ(menu.Items[101].Items.size(), 30U);
-    EXPECT_EQ(Drawn(NewWallpaperMenu(list, -1, {false, 0})).find('|'), std::string::npos);
-}
-
-TEST(WallpaperMenu, ChecksFollowTheCurrentWallpaperAndLeaveActionsAlone)
-{
-    TMuWallpaperList list;
-    Fill(list, {{"A", "a"}, {"A", "-"}, {"B", "c"}});
-    TMenuItem menu = NewWallpaperMenu(list, 0, {true, 30});
-    TMenuItem action;
-    action.Action = 3;
-    action.Checked = true;
-    action.Caption = "act";
-    AppendToWallpaperMenu(menu, std::vector{action, action});
-    EXPECT_EQ(Drawn(menu), " A*[ a* -] B[ c] - act* act*");
-    UpdateTrayChecks(menu, 2);
-    EXPECT_EQ(Drawn(menu), " A[ a -] B[ c*] - act* act*");
-    UpdateTrayChecks(menu, -1);
-    EXPECT_EQ(Drawn(menu), " A[ a -] B[ c] - act* act*");
-    // A title of one dash is an entry, but is never checked.
-    EXPECT_FALSE(menu.Items[0].Items[1].IsSeparator());
-    UpdateTrayChecks(menu, 1);
-    EXPECT_EQ(Drawn(menu), " A[ a -] B[ c] - act* act*");
+    for (const int first : {0, 100}) {
+        std::vector<std::size_t> breaks;
+        const TMenuEntries entries =
+            WallpaperEntries(list, nullptr, Wallpapers(first), {false, 30});
+        for (std::size_t i = 0; i < entries.size(); ++i)
+            if (entries[i].BarBreak)
+                breaks.push_back(i);
+        EXPECT_EQ(breaks,
+                  first == 0 ? (std::vector<std::size_t>{30, 60, 90}) : std::vector<std::size_t>());
+    }
+    EXPECT_EQ(Drawn(list, -1, {false, 0}).find('|'), std::string::npos);
 }
 
 TEST(TrayMenuPlace, FollowsTheTaskBarsEdge)
@@ -150,8 +125,7 @@ TEST(TrayMenuPlace, FollowsTheTaskBarsEdge)
         }
         EXPECT_EQ(MenuPlace({500, 400}, each.TaskBar, screen, 100), each.Place);
     }
-    TMenuItem menu;
-    menu.Items.resize(5);
-    menu.Items[2].Caption = "-";
+    TMenuEntries menu(5, {.Caption = "a", .Target = TMenuBelow()});
+    menu[2] = {};
     EXPECT_EQ(MenuHeight(menu, {20, 9, 3}), 4 * 20 + 9 + 6);
 }

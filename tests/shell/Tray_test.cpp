@@ -10,8 +10,9 @@ struct TFakeTrayView : TTrayView {
     TFakeMainView& View;
     int Restored = 0, Raised = 0, Started = 0, Changed = 0;
     std::vector<std::size_t> Icons;
-    std::string Choice; // the name of the entry that is chosen
-    std::function<void()> OnMenu;
+    std::string Choice;           // the caption of the entry that is chosen
+    std::function<void()> OnMenu; // after the menu was read
+    TMenuEntries Shown;
     std::vector<TPoint> Places;
 
     void RestoreWindow() override
@@ -24,12 +25,14 @@ struct TFakeTrayView : TTrayView {
     void BringToFront() override { Raised++; }
     void StartIcons() override { Started++; }
     void ShowIcon(const TIconImage& image) override { Icons.push_back(image.size()); }
-    const TMenuItem* ShowMenu(const TMenuItem& menu, TPoint place) override
+    TMenuTarget ShowMenu(TTrayModel& menu, TPoint place) override
     {
         Places.push_back(place);
+        const TMenuEntries shown = Shown = AllEntries(menu);
         if (OnMenu)
             OnMenu();
-        return FindMenuItem(menu, Choice);
+        const TMenuEntry* chosen = Find(shown, Choice);
+        return chosen != nullptr ? chosen->Target : TMenuTarget();
     }
     void TrayChanged() override { Changed++; }
 };
@@ -53,7 +56,7 @@ protected:
         m_actions[aNext].OnEnabled = [this] { return m_murala->Core.List.Count() >= 2; };
         m_actions[aTransparentIcons].OnExecute = [] {};
         m_actions[aTransparentIcons].OnChecked = [this] { return m_transparent; };
-        m_actions[aExit].OnExecute = [this] { m_murala->Tray.Disable(); };
+        m_actions[aOptions].OnExecute = [] {};
         Connect();
     }
     // The window's fake is the fixture's, which must be there first.
@@ -76,9 +79,9 @@ protected:
         Area().Events->TrayRightClick({50, 20});
         m_services.Door.Open();
     }
-    void Chosen(const char* name)
+    void Chosen(const TMenuTarget& target)
     {
-        Area().Events->TrayMenuChosen(name);
+        Area().Events->TrayMenuChosen(target);
         m_services.Door.Open();
     }
     void Turn(TTrayState state)
@@ -86,8 +89,13 @@ protected:
         Area().Turn(state);
         m_services.Door.Open();
     }
-    // What the pop-up would show of the wallpapers.
-    const TMenuItem& Wallpapers() { return *FindMenuItem(m_murala->Tray.Menu(), "Wallpaper1"); }
+    const TMenuEntry& Shown(const char* caption)
+    {
+        static const TMenuEntry missing;
+        const TMenuEntry* entry = Find(m_window.Shown, caption);
+        EXPECT_NE(entry, nullptr) << caption;
+        return entry != nullptr ? *entry : missing;
+    }
 
     TFakeTrayView m_window{m_view};
     TFakeTrayArea m_other;
@@ -117,7 +125,7 @@ TEST_F(Tray, ALeftClickHidesTheWindowAndBringsItBackAndPausesIgnoreIt)
     LeftClick();
     LeftClick();
     EXPECT_TRUE(m_view.Visible);
-    m_actions.Execute(aExit);
+    m_murala->Tray.Disable();
     { // the end of a message does not enable it again
         const TPauseScope message(m_murala->Core.Pauses);
     }
@@ -139,16 +147,14 @@ TEST_F(Tray, TheChosenWallpaperIsAppliedSelectedAndNamedInTheHint)
 {
     AddPictures(3);
     Apply(0);
-    m_window.Choice = "CategoryMenuItem2";
+    m_window.Choice = "Picture2";
     RightClick();
     EXPECT_EQ(CurrentIndex(), 2);
     EXPECT_EQ(SelectedRows(), std::vector<int>{2});
     EXPECT_EQ(Area().Look.Hint, "Murala (" + Item(2).FileName() + ")");
-    EXPECT_TRUE(FindMenuItem(m_murala->Tray.Menu(), "CategoryMenuItem2")->Checked);
-    EXPECT_FALSE(FindMenuItem(m_murala->Tray.Menu(), "CategoryMenuItem0")->Checked);
     // One that cannot be shown is told of, and the hint still names what is on the desktop.
     std::filesystem::remove(Item(1).FileName());
-    m_window.Choice = "CategoryMenuItem1";
+    m_window.Choice = "Picture1";
     RightClick();
     EXPECT_EQ(m_view.Messages.size(), 1U);
     EXPECT_EQ(Area().Look.Hint, "Murala (" + Item(2).FileName() + ")");
@@ -157,10 +163,31 @@ TEST_F(Tray, TheChosenWallpaperIsAppliedSelectedAndNamedInTheHint)
     EXPECT_EQ(m_view.Messages.size(), 1U);
 }
 
+TEST_F(Tray, WhatLeadsToTheCurrentWallpaperIsCheckedUntilThatIsAnother)
+{
+    AddPictures(2);
+    Item(0).Category = "Sea & Land";
+    Apply(0);
+    RightClick(); // the list is new to the menu
+    EXPECT_TRUE(Shown("Picture0").Checked && Shown("Sea && Land").Checked);
+    EXPECT_FALSE(Shown("Picture1").Checked || Shown("Wallpaper").Checked);
+    Apply(1);
+    Apply(0);
+    RightClick();
+    EXPECT_TRUE(Shown("Picture0").Checked);
+    EXPECT_FALSE(Shown("Picture1").Checked || Shown("Sea && Land").Checked);
+    m_murala->Desk.Rename(Item(1), "Other");
+    RightClick();
+    EXPECT_TRUE(Shown("Sea && Land").Checked);
+    m_murala->Core.Settings.UseWallpaperCategories = false;
+    RightClick();
+    EXPECT_EQ(Find(m_window.Shown, "Sea && Land"), nullptr);
+}
+
 TEST_F(Tray, TheListMayChangeWhileTheMenuIsOpen)
 {
     AddPictures(3);
-    m_window.Choice = "CategoryMenuItem2";
+    m_window.Choice = "Picture2";
     const std::string wanted = Item(2).FileName();
     m_window.OnMenu = [this] {
         RightClick(); // a second click while it is open
@@ -176,7 +203,7 @@ TEST_F(Tray, TheListMayChangeWhileTheMenuIsOpen)
         m_murala->Core.Selection.SelectAll();
         m_murala->Desk.RemoveSelected();
     };
-    m_window.Choice = "CategoryMenuItem0";
+    m_window.Choice = "Picture1";
     m_services.Desktop.Calls.clear();
     RightClick();
     EXPECT_TRUE(m_services.Desktop.Calls.empty());
@@ -197,49 +224,28 @@ TEST_F(Tray, TheListMayChangeWhileTheMenuIsOpen)
     EXPECT_EQ(m_window.Places.size(), 5U);
 }
 
-TEST_F(Tray, TheMenuIsMadeAnewOnlyWhenSomethingChanged)
-{
-    AddPictures(2);
-    RightClick();
-    const auto wallpapers = [this] { return Wallpapers().Items.front().Items.size(); };
-    EXPECT_EQ(wallpapers(), 2U);
-    const TMenuItem* before = &Wallpapers().Items.front();
-    RightClick();
-    EXPECT_EQ(&Wallpapers().Items.front(), before);
-    m_murala->Desk.AddFiles({Picture("New.bmp")});
-    RightClick();
-    EXPECT_EQ(wallpapers(), 3U);
-    m_murala->Desk.Rename(Item(0), "R & D");
-    RightClick();
-    EXPECT_EQ(FindMenuItem(m_murala->Tray.Menu(), "CategoryMenuItem0")->Caption, "R && D");
-    {
-        const TValueScope updating(m_murala->Core.Updating, true);
-        m_murala->Desk.Rename(Item(0), "Later");
-        m_murala->Tray.RebuildTrayMenus(true);
-        EXPECT_EQ(FindMenuItem(m_murala->Tray.Menu(), "CategoryMenuItem0")->Caption, "R && D");
-    }
-    m_murala->Tray.RebuildTrayMenus(false);
-    EXPECT_EQ(FindMenuItem(m_murala->Tray.Menu(), "CategoryMenuItem0")->Caption, "Later");
-}
-
 TEST_F(Tray, ActionsOfTheMenuFollowTheActionList)
 {
+    m_actions[aNext].Caption = "next", m_actions[aTransparentIcons].Caption = "transparent";
     RightClick();
-    const auto action = [this](const char* name) {
-        return *FindMenuItem(m_murala->Tray.Menu(), name);
-    };
-    EXPECT_FALSE(action("aNext").Enabled);
-    EXPECT_FALSE(action("aTransparentIcons").Checked);
+    EXPECT_FALSE(Shown("next").Enabled);
+    EXPECT_FALSE(Shown("transparent").Checked);
+    EXPECT_EQ(m_window.Shown.front().Target, TMenuTarget(TMenuAction{aOptions}));
+    EXPECT_EQ(
+        std::ranges::count(m_window.Shown, TMenuTarget(TMenuAction{aOptions}), &TMenuEntry::Target),
+        2)
+        << "and at the end of the wallpapers";
+    EXPECT_EQ(std::ranges::count(m_window.Shown, TMenuTarget(TMenuAction{aCalendar}),
+                                 &TMenuEntry::Target),
+              0)
+        << "nobody offers it";
     AddPictures(2);
     m_transparent = true;
     RightClick();
-    EXPECT_TRUE(action("aNext").Enabled);
-    EXPECT_TRUE(action("aTransparentIcons").Checked);
-    m_transparent = false;
-    RightClick();
-    EXPECT_FALSE(action("aTransparentIcons").Checked);
+    EXPECT_TRUE(Shown("next").Enabled);
+    EXPECT_TRUE(Shown("transparent").Checked);
     Apply(0);
-    m_window.Choice = "aNext";
+    m_window.Choice = "next";
     RightClick();
     EXPECT_EQ(CurrentIndex(), 1);
 }
@@ -277,7 +283,7 @@ TEST_F(Tray, AnotherDesktopOfVeyraBringsItsSettingsAndNothingIsLost)
     EXPECT_TRUE(m_murala->Core.Settings.Preferences.UseWallpaperCategories);
     EXPECT_EQ(m_murala->Core.Settings.Memory.LastChangeDate, 45000.25);
     EXPECT_EQ(CurrentIndex(), 2);
-    EXPECT_TRUE(FindMenuItem(Wallpapers(), "CategoryMenuItem2")->Checked);
+    EXPECT_TRUE(Shown("Picture2").Checked);
     EXPECT_TRUE(m_services.Desktop.Calls.empty());
 }
 
@@ -359,74 +365,38 @@ TEST_F(Tray, TheBestAreaHasTheIconWhateverComesAndGoes)
 TEST_F(Tray, ADesktopThatDrawsTheMenuHasTheLatest)
 {
     Area().Draws = true;
+    const auto told = [this](const char* caption) { return Find(Area().Told, caption); };
     AddPictures(2);
+    {
+        const TValueScope updating(m_murala->Core.Updating, true);
+        m_murala->Tray.RefreshMenu();
+        EXPECT_EQ(Area().Menus, 0);
+    }
     m_murala->Ticker.RefreshTick();
-    EXPECT_NE(FindMenuItem(Area().Menu, "CategoryMenuItem1"), nullptr);
-    const int told = Area().Menus;
+    ASSERT_NE(told("Picture1"), nullptr);
     m_murala->Ticker.RefreshTick();
-    EXPECT_EQ(Area().Menus, told);
+    EXPECT_EQ(Area().Menus, 1) << "nothing has changed";
     m_murala->Desk.AddFiles({Picture("New.bmp")});
     Area().Events->TrayMenuOpens();
-    EXPECT_NE(FindMenuItem(Area().Menu, "CategoryMenuItem2"), nullptr);
-    Chosen("CategoryMenuItem1");
+    ASSERT_NE(told("New"), nullptr);
+    const TMenuTarget first = told("Picture0")->Target, second = told("Picture1")->Target;
+    Chosen(second);
     EXPECT_EQ(CurrentIndex(), 1);
-    EXPECT_TRUE(FindMenuItem(Area().Menu, "CategoryMenuItem1")->Checked);
-    Chosen("aExit");
-    EXPECT_FALSE(m_murala->Tray.IsEnabled());
-    Chosen("CategoryMenuItem0");
-    EXPECT_EQ(CurrentIndex(), 1);
-}
-
-TEST_F(Tray, TheMenuOfThousandsIsMadeWhenItIsWantedAndTheDesktopKeepsIt)
-{
-    Area().Draws = true;
-    std::vector<std::string> files;
-    for (int i = 0; i < 300; ++i)
-        files.push_back(Picture("P" + std::to_string(i) + ".bmp"));
-    m_murala->Desk.AddFiles(files);
-    const auto told = [this](const char* name) { return FindMenuItem(Area().Menu, name); };
-    const auto isHeld = [this] {
-        return FindMenuItem(m_murala->Tray.Menu(), "CategoryMenuItem299") != nullptr;
-    };
-    m_murala->Tray.Enable(); // as at the start
-    EXPECT_EQ(told("CategoryMenuItem299"), nullptr);
-    EXPECT_NE(told("aExit"), nullptr);
-    Area().Events->TrayMenuOpens();
-    EXPECT_NE(told("CategoryMenuItem299"), nullptr);
-    Chosen("CategoryMenuItem4");
-    EXPECT_TRUE(told("CategoryMenuItem4")->Checked);
-    // Where that takes the desktop long it waits until nobody is at the menu.
-    Area().IsShown = Area().IsSlow = true;
-    Chosen("CategoryMenuItem5");
-    for (int i = 0; i < 3; ++i)
-        m_murala->Ticker.RefreshTick();
-    EXPECT_TRUE(isHeld());
-    EXPECT_FALSE(told("CategoryMenuItem5")->Checked);
-    Area().IsShown = false;
-    m_murala->Ticker.RefreshTick();
-    EXPECT_TRUE(isHeld());
-    m_murala->Ticker.RefreshTick();
-    EXPECT_FALSE(isHeld());
-    EXPECT_TRUE(told("CategoryMenuItem5")->Checked);
-
-    // What the desktop was told holds, whatever becomes of the list: it is another wallpaper's
-    // number now.
+    EXPECT_TRUE(told("Picture1")->Checked);
+    // The desktop may still show what it was told before.
     Select(0);
     m_murala->Desk.RemoveSelected();
-    const std::string wanted = Item(298).FileName();
-    Chosen("CategoryMenuItem299");
-    EXPECT_EQ(m_murala->Core.Selection.Current()->FileName(), wanted);
-    EXPECT_NE(told("CategoryMenuItem299"), nullptr);
     m_services.Desktop.Calls.clear();
-    Chosen("CategoryMenuItem0"); // was removed
+    Chosen(first);
     EXPECT_TRUE(m_services.Desktop.Calls.empty());
+    Chosen(second);
+    EXPECT_EQ(CurrentIndex(), 0);
     m_view.Visible = false;
-    Chosen("MoreCategoryMenuItem"); // too deep for the desktop
+    Chosen(TMenuBelow{}); // too deep for the desktop
     EXPECT_TRUE(m_view.Visible);
-
-    Area().Events->TrayMenuOpens();
-    EXPECT_EQ(told("CategoryMenuItem299"), nullptr);
-    EXPECT_TRUE(told("CategoryMenuItem298")->Checked);
+    m_murala->Tray.Disable();
+    Chosen(told("New")->Target);
+    EXPECT_EQ(CurrentIndex(), 0);
 }
 
 TEST_F(Tray, HidingIsExplainedOnceForAllTimes)

@@ -3,7 +3,8 @@
 #include "uWideText.h"
 #include "uWindowsHandles.h"
 
-#include <type_traits>
+#include <string>
+#include <vector>
 
 namespace murala
 {
@@ -13,43 +14,40 @@ namespace
 
 using TMenu = TOwned<HMENU, DestroyMenu>; // with the ones below it
 
-UINT StateOf(const TMenuItem& item)
-{
-    return (item.Checked ? MFS_CHECKED : 0U) | (item.Enabled ? 0U : MFS_GRAYED);
-}
-
 // Gives every entry a number, by which it is known when it was chosen.
 class TBuilder
 {
 public:
-    TMenu Build(const TMenuItem& menu)
+    explicit TBuilder(TTrayModel& model) : m_model(model) {}
+
+    TMenu Build(const TMenuBelow& menu)
     {
         TMenu built(CreatePopupMenu());
-        for (const TMenuItem& item : menu.Items)
-            Append(built.get(), item);
+        for (const TMenuEntry& entry : m_model.Children(menu))
+            Append(built.get(), entry);
         return built;
     }
-    const TMenuItem* Item(UINT number) const
+    TMenuTarget Target(UINT number) const
     {
-        return number > 0 && number <= m_items.size() ? m_items[number - 1] : nullptr;
+        return number > 0 && number <= m_targets.size() ? m_targets[number - 1] : TMenuTarget();
     }
 
 private:
-    void Append(HMENU menu, const TMenuItem& item)
+    void Append(HMENU menu, const TMenuEntry& entry)
     {
-        m_items.push_back(&item);
-        std::wstring caption = WideText(MenuLabel(item));
+        m_targets.push_back(entry.Target);
+        std::wstring caption = WideText(entry.Caption);
         MENUITEMINFOW info{};
         info.cbSize = sizeof info;
         info.fMask = MIIM_FTYPE | MIIM_ID | MIIM_STATE | MIIM_STRING;
-        info.fType = (item.IsSeparator() ? MFT_SEPARATOR : MFT_STRING) |
-                     (item.BarBreak ? MFT_MENUBARBREAK : 0U);
-        info.fState = StateOf(item);
-        info.wID = static_cast<UINT>(m_items.size());
+        info.fType = (entry.IsSeparator() ? MFT_SEPARATOR : MFT_STRING) |
+                     (entry.BarBreak ? MFT_MENUBARBREAK : 0U);
+        info.fState = (entry.Checked ? MFS_CHECKED : 0U) | (entry.Enabled ? 0U : MFS_GRAYED);
+        info.wID = static_cast<UINT>(m_targets.size());
         info.dwTypeData = caption.data();
         TMenu below;
-        if (!item.Items.empty()) {
-            below = Build(item);
+        if (entry.MenuBelow() != nullptr) {
+            below = Build(*entry.MenuBelow());
             info.fMask |= MIIM_SUBMENU;
             info.hSubMenu = below.get();
         }
@@ -57,7 +55,8 @@ private:
             static_cast<void>(below.release()); // it belongs to the menu now
     }
 
-    std::vector<const TMenuItem*> m_items;
+    TTrayModel& m_model;
+    std::vector<TMenuTarget> m_targets;
 };
 
 } // namespace
@@ -71,13 +70,13 @@ TMenuMetrics SystemMenuMetrics()
     return {metrics.iMenuHeight, metrics.iMenuHeight / 2, GetSystemMetrics(SM_CYFIXEDFRAME)};
 }
 
-const TMenuItem* TrackMenu(const TMenuItem& menu, TPoint place, HWND owner)
+TMenuTarget TrackMenu(TTrayModel& model, TPoint place, HWND owner)
 {
-    TBuilder builder;
-    const TMenu built = builder.Build(menu);
+    TBuilder builder(model);
+    const TMenu built = builder.Build({});
     const BOOL number = TrackPopupMenu(built.get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON,
                                        place.X, place.Y, 0, owner, nullptr);
-    return builder.Item(static_cast<UINT>(number));
+    return builder.Target(static_cast<UINT>(number));
 }
 
 } // namespace murala

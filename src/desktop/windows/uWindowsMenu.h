@@ -1,4 +1,4 @@
-// Menus of Windows made from ours.
+// The tray's menu as a menu of Windows.
 #pragma once
 
 #include "uTrayIcon.h"
@@ -10,8 +10,7 @@ namespace murala
 
 TMenuMetrics SystemMenuMetrics();
 
-// Shows it at the place on the screen and waits until it is closed. The chosen entry, null for
-// none.
-const TMenuItem* TrackMenu(const TMenuItem& menu, TPoint place, HWND owner);
+// Shows it at the place on the screen and waits until it is closed. What was chosen.
+TMenuTarget TrackMenu(TTrayModel& model, TPoint place, HWND owner);
 
 } // namespace murala

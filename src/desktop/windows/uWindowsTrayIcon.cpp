@@ -80,13 +80,13 @@ public:
     }
 
     TMenuMetrics MenuMetrics() override { return SystemMenuMetrics(); }
-    std::optional<const TMenuItem*> ShowMenu(const TMenuItem& menu, TPoint place) override
+    std::optional<TMenuTarget> ShowMenu(TTrayModel& model, TPoint place) override
     {
         // Without the foreground the menu would stay when the user clicks elsewhere, and keys would
         // go to another program.
         if (!HasForeground())
             SetForegroundWindow(m_window.get());
-        const TMenuItem* chosen = TrackMenu(menu, place, m_window.get());
+        TMenuTarget chosen = TrackMenu(model, place, m_window.get());
         PostMessageA(m_window.get(), WM_NULL, 0, 0);
         if (const HWND main = FindWindowA(MainWindowClass, MainWindowCaption))
             PostMessageA(main, WM_NULL, 0, 0);

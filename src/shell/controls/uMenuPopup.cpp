@@ -34,55 +34,59 @@ constexpr int MostTries = 10;
 class TBuilder
 {
 public:
-    void Fill(wxMenu& to, const TMenuItem& from)
+    explicit TBuilder(TTrayModel& model) : m_model(model) {}
+
+    void Fill(wxMenu& to, const TMenuBelow& menu)
     {
         std::vector<std::size_t> columns;
-        for (std::size_t i = 0; i < from.Items.size(); ++i) {
-            if (from.Items[i].BarBreak)
+        const TMenuEntries entries = m_model.Children(menu);
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            if (entries[i].BarBreak)
                 columns.push_back(i);
-            Append(to, from.Items[i]);
+            Append(to, entries[i]);
         }
         SetMenuColumns(to, columns);
     }
     void FillBelow(int id)
     {
         if (const auto found = m_unfilled.extract(id))
-            Fill(*found.mapped(), *Item(id));
+            Fill(*found.mapped(), std::get<TMenuBelow>(Target(id)));
     }
-    const TMenuItem* Item(int id) const
+    TMenuTarget Target(int id) const
     {
         const auto index = static_cast<std::size_t>(id - FirstId);
-        return id >= FirstId && index < m_items.size() ? m_items[index] : nullptr;
+        return id >= FirstId && index < m_targets.size() ? m_targets[index] : TMenuTarget();
     }
 
 private:
-    void Append(wxMenu& to, const TMenuItem& item)
+    void Append(wxMenu& to, const TMenuEntry& entry)
     {
-        if (item.IsSeparator()) {
+        if (entry.IsSeparator()) {
             to.AppendSeparator();
             return;
         }
-        if (item.BarBreak)
+        if (entry.BarBreak)
             to.Break();
-        const int id = FirstId + static_cast<int>(m_items.size());
-        m_items.push_back(&item);
-        wxString caption = ToWx(MenuLabel(item));
-        auto below = item.Items.empty() ? nullptr : std::make_unique<wxMenu>();
+        const int id = FirstId + static_cast<int>(m_targets.size());
+        m_targets.push_back(entry.Target);
+        wxString caption = ToWx(entry.Caption);
+        auto below = entry.MenuBelow() != nullptr ? std::make_unique<wxMenu>() : nullptr;
         if (below != nullptr) {
             m_unfilled.emplace(id, below.get());
             // The toolkit's checked entries have no menus below.
-            if (item.Checked)
+            if (entry.Checked)
                 caption = wxString(L"\x2713 ") + caption;
         }
-        const bool isCheck = item.Checked && below == nullptr;
-        wxMenuItem* entry = to.Append(new wxMenuItem(
+        const bool isCheck = entry.Checked && below == nullptr;
+        wxMenuItem* item = to.Append(new wxMenuItem(
             &to, id, caption, "", isCheck ? wxITEM_CHECK : wxITEM_NORMAL, below.release()));
         if (isCheck)
-            entry->Check();
-        entry->Enable(item.Enabled);
+            item->Check();
+        item->Enable(entry.Enabled);
     }
 
-    std::vector<const TMenuItem*> m_items;
+    TTrayModel& m_model;
+    std::vector<TMenuTarget> m_targets; // of the entries, by their numbers
     std::map<int, wxMenu*> m_unfilled;
 };
 
@@ -116,9 +120,9 @@ bool IsClickOver()
     return !mouse.LeftIsDown() && !mouse.RightIsDown() && !mouse.MiddleIsDown();
 }
 
-// The click that asks for it may go on, and its end would close the menu. One that closes at once
-// could not take the pointer and the keys yet: some window managers hold them until the window has
-// its frame.
+// The button that asked for the menu may still be down, and letting it go would close the menu. A
+// menu that closes at once could not take the pointer and the keys: some window managers hold them
+// until the window has its frame. It is shown again, then.
 int ChooseFrom(wxFrame& owner, wxMenu& menu)
 {
     Await(IsClickOver, LongestClick);
@@ -135,11 +139,11 @@ int ChooseFrom(wxFrame& owner, wxMenu& menu)
 
 } // namespace
 
-const TMenuItem* PopupMenuAt(const TMenuItem& menu, const wxPoint& place)
+TMenuTarget PopupMenuAt(TTrayModel& model, const wxPoint& place)
 {
-    TBuilder builder;
+    TBuilder builder(model);
     wxMenu built;
-    builder.Fill(built, menu);
+    builder.Fill(built, {});
     // A menu needs a window that it belongs to, on some desktops one that is really there.
     auto* owner = new wxFrame(
         nullptr, wxID_ANY, "", place, wxSize(1, 1),
@@ -152,7 +156,7 @@ const TMenuItem* PopupMenuAt(const TMenuItem& menu, const wxPoint& place)
     // There, whatever the window's place is: not every desktop tells it, or lets it be chosen.
     const int chosen = ChooseFrom(*owner, built);
     owner->Destroy();
-    return builder.Item(chosen);
+    return builder.Target(chosen);
 }
 
 } // namespace murala

@@ -122,7 +122,7 @@ private:
     void BringToFront() override;
     void StartIcons() override;
     void ShowIcon(const TIconImage& image) override;
-    const TMenuItem* ShowMenu(const TMenuItem& menu, TPoint place) override;
+    TMenuTarget ShowMenu(TTrayModel& menu, TPoint place) override;
     void TrayChanged() override { m_presence.WayBackChanged(); }
 
     // TListener.

@@ -99,7 +99,7 @@ void TfMain::ShowIcon(const TIconImage& image)
     SetIcons(ToIconBundle(image));
 }
 
-const TMenuItem* TfMain::ShowMenu(const TMenuItem& menu, TPoint place)
+TMenuTarget TfMain::ShowMenu(TTrayModel& menu, TPoint place)
 {
     return PopupMenuAt(menu, wxPoint(place.X, place.Y));
 }

@@ -111,10 +111,22 @@ private:
     TGObject<GDBusConnection> m_bus;
 };
 
+using TMenus = std::vector<std::pair<TMenuBelow, TMenuEntries>>;
+
+// A menu that is what it is set to.
+struct TTestMenu : TTrayModel {
+    TMenus Menus;
+    TMenuEntries Children(const TMenuBelow& menu) override
+    {
+        const auto found = std::ranges::find(Menus, menu, &TMenus::value_type::first);
+        return found != Menus.end() ? found->second : TMenuEntries();
+    }
+};
+
 struct TTestEvents : TTrayEvents {
     TWords Told;
-    TTrayArea* Area = nullptr;
-    TMenuItem Menu; // set when the menu opens
+    std::vector<TMenuTarget> Chosen;
+    std::function<void()> OnOpens;
     void TrayLeftClick() override { Told.emplace_back("left"); }
     void TrayRightClick(TPoint at) override
     {
@@ -123,18 +135,24 @@ struct TTestEvents : TTrayEvents {
     void TrayMenuOpens() override
     {
         Told.emplace_back("opens");
-        Area->SetMenu(Menu);
+        if (OnOpens)
+            OnOpens();
     }
-    void TrayMenuChosen(const std::string& name) override { Told.push_back("chosen " + name); }
+    void TrayMenuChosen(const TMenuTarget& target) override { Chosen.push_back(target); }
     void TrayAreaChanged() override { Told.emplace_back("changed"); }
 };
 
-TMenuItem Entry(const char* name, const char* caption)
+TMenuEntry Wallpaper(std::uint64_t id, const std::string& caption)
 {
-    TMenuItem item;
-    item.Name = name;
-    item.Caption = caption;
-    return item;
+    return {.Caption = caption, .Target = TMenuWallpaper{id}};
+}
+TMenuBelow Category(const std::string& category, int first = 0)
+{
+    return {TMenuBelow::Category, category, first};
+}
+TMenuEntry Menu(const TMenuBelow& menu, const std::string& caption)
+{
+    return {.Caption = caption, .Target = menu};
 }
 
 TTrayLook Look(const char* hint)
@@ -162,7 +180,6 @@ protected:
     void Start()
     {
         m_area = NewTrayArea();
-        m_events.Area = m_area.get();
         m_area->Listen(&m_events);
     }
     bool Becomes(TTrayState state)
@@ -268,10 +285,14 @@ protected:
         EXPECT_TRUE(Becomes(TTrayState::There));
         m_area->Add(Look("hint"));
         EXPECT_TRUE(Eventually([&] { return !m_watcher.Items.empty(); }));
-        m_menu.Items = {Entry("a", "&Next && _x\xFF"), Entry("", "-"), Entry("below", "Wallpaper")};
-        m_menu.Items[2].Items = {Entry("CategoryMenuItem0", "One"),
-                                 Entry("CategoryMenuItem1", "Two")};
+        m_menu.Menus = {
+            {{}, {{"&Next && _x\xFF", TMenuAction{7}}, {}, Menu(All, "Wallpaper")}},
+            {All, {Wallpaper(1, "One"), Wallpaper(2, "Two")}},
+        };
+        m_events.OnOpens = [this] { m_area->TellMenu(m_menu); };
     }
+    TMenuEntries& Main() { return m_menu.Menus[0].second; }
+    TMenuEntries& Wallpapers() { return m_menu.Menus[1].second; }
 
     std::string Called(const char* method, GVariant* arguments)
     {
@@ -300,15 +321,46 @@ protected:
                       g_variant_new("(isvu)", number, "clicked", g_variant_new_int32(0), 0));
     }
 
+    std::string Show(gint32 number) { return Called("AboutToShow", g_variant_new("(i)", number)); }
+    static int EntriesOf(const std::string& layout)
+    {
+        int count = 0;
+        for (std::size_t at = 0; (at = layout.find("<(", at)) != std::string::npos; ++at)
+            ++count;
+        return count;
+    }
+    // Since the last call.
+    TWords Signals()
+    {
+        for (int i = 0; i < 5; i++, g_usleep(10000))
+            while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
+            }
+        return std::exchange(m_told, {});
+    }
+
+    const TMenuBelow All{TMenuBelow::Wallpapers, {}};
     TTestWatcher m_watcher;
-    TMenuItem m_menu;
+    TTestMenu m_menu;
+
+private:
+    static void OnSignal(GDBusConnection*, const char*, const char*, const char*,
+                         const char* signal, GVariant* arguments, gpointer to)
+    {
+        const TGText text(g_variant_print(arguments, FALSE));
+        static_cast<TWords*>(to)->push_back(std::string(signal) + text.get());
+    }
+
+    TWords m_told;
+    guint m_listening = g_dbus_connection_signal_subscribe(
+        m_watcher.Bus(), nullptr, "com.canonical.dbusmenu", nullptr, "/MenuBar", nullptr,
+        G_DBUS_SIGNAL_FLAGS_NONE, OnSignal, &m_told, nullptr);
 };
 
 TEST_F(NotifierMenu, EachLevelIsToldAsFarAsItIsAskedFor)
 {
-    m_menu.Items[0].Enabled = false;
-    m_menu.Items[2].Items[1].Checked = true;
-    m_area->SetMenu(m_menu);
+    Main()[0].Enabled = false;
+    Wallpapers()[1].Checked = true;
+    m_area->TellMenu(m_menu);
     const std::string one = "<(4, {'label': <'One'>}, @av [])>";
     const std::string two =
         "<(5, {'label': <'Two'>, 'toggle-type': <'checkmark'>, 'toggle-state': <1>}, @av [])>";
@@ -333,154 +385,121 @@ TEST_F(NotifierMenu, EachLevelIsToldAsFarAsItIsAskedFor)
     EXPECT_EQ(Called("GetProperty", g_variant_new("(is)", 5, "enabled")), "refused");
 }
 
-TEST_F(NotifierMenu, NamesHaveTheirAmpersandAndAnEmptyOneIsABlank)
+TEST_F(NotifierMenu, WhatHasChangedIsToldAndTheRestKeepsItsNumber)
 {
-    m_menu.Items[0].Caption.clear();
-    m_menu.Items[2].Caption = "Sea & Land_";
-    m_menu.Items[2].IsPlain = true;
-    m_area->SetMenu(m_menu);
-    EXPECT_EQ(NumberOf(" "), 1);
-    EXPECT_EQ(NumberOf("Sea & Land__"), 3);
-}
+    Wallpapers()[1].Enabled = false;
+    Wallpapers()[0].Caption = "Sea && Land_";
+    m_area->TellMenu(m_menu);
+    EXPECT_EQ(Signals(), (TWords{"LayoutUpdated(2, 0)", "LayoutUpdated(2, 3)"}));
+    EXPECT_NE(NumberOf("Sea & Land__"), -1);
+    m_area->TellMenu(m_menu);
+    EXPECT_EQ(Signals(), TWords{});
+    Wallpapers()[0].Enabled = false;
+    Wallpapers()[1].Enabled = true;
+    m_area->TellMenu(m_menu);
+    EXPECT_EQ(
+        Signals(),
+        TWords{"ItemsPropertiesUpdated([(4, {'label': <'Sea & Land__'>, 'enabled': <false>}), "
+               "(5, {'label': <'Two'>})], [(5, ['enabled'])])"});
+    Wallpapers()[1].Checked = true; // not every panel can turn an entry into a checked one
+    m_area->TellMenu(m_menu);
+    EXPECT_EQ(Signals(), TWords{"LayoutUpdated(3, 3)"});
 
-TEST_F(NotifierMenu, StatesChangeInPlaceAndWhatIsGoneKeepsItsNumber)
-{
-    TWords told;
-    const auto listen = [](GDBusConnection*, const char*, const char*, const char*,
-                           const char* signal, GVariant* arguments, gpointer to) {
-        const TGText text(g_variant_print(arguments, FALSE));
-        static_cast<TWords*>(to)->push_back(std::string(signal) + text.get());
-    };
-    const guint listening = g_dbus_connection_signal_subscribe(
-        m_watcher.Bus(), nullptr, "com.canonical.dbusmenu", nullptr, "/MenuBar", nullptr,
-        G_DBUS_SIGNAL_FLAGS_NONE, listen, &told, nullptr);
-    m_menu.Items[2].Items[1].Enabled = false;
-    m_area->SetMenu(m_menu);
-    m_area->SetMenu(m_menu); // nothing to tell
-    m_menu.Items[2].Items[0].Enabled = false;
-    m_menu.Items[2].Items[1].Enabled = true;
-    m_area->SetMenu(m_menu);
-    m_menu.Items[2].Items[1].Checked = true; // not every panel can turn an entry into a checked one
-    m_area->SetMenu(m_menu);
-    EXPECT_TRUE(Eventually([&] { return told.size() == 3; }));
-    EXPECT_EQ(told[0], "LayoutUpdated(2, 0)");
-    EXPECT_EQ(told[1], "ItemsPropertiesUpdated([(4, {'label': <'One'>, 'enabled': <false>}), (5, "
-                       "{'label': <'Two'>})], [(5, ['enabled'])])");
-    EXPECT_EQ(told[2], "LayoutUpdated(3, 0)");
-
-    // The menu is renewed when it opens: what is gone keeps its number, and what is still there,
-    // too, whatever it is called by now.
-    const gint32 gone = NumberOf("One"), still = NumberOf("Two"), parent = NumberOf("Wallpaper");
-    m_events.Menu = m_menu;
-    m_events.Menu.Items.erase(m_events.Menu.Items.begin());
-    m_events.Menu.Items[1].Items = {Entry("CategoryMenuItem0", "Three"),
-                                    Entry("CategoryMenuItem7", "Two")};
-    m_events.Menu.Items[1].Items[1].Checked = true;
+    // The menu is renewed when it opens: what is still there keeps its number, and that of what is
+    // gone stands for nothing more.
+    const gint32 gone = NumberOf("Sea & Land__"), still = NumberOf("Two");
+    Main().erase(Main().begin());
+    Wallpapers() = {Wallpaper(3, "Three"), Wallpapers()[1]};
     m_events.Told.clear();
-    const TVariant both(g_variant_ref_sink(g_variant_new_parsed("[0, 99]")));
-    EXPECT_EQ(Called("AboutToShow", g_variant_new("(i)", gone)), "(false,)");
+    EXPECT_EQ(Show(gone), "(false,)");
     EXPECT_TRUE(m_events.Told.empty());
+    const TVariant both(g_variant_ref_sink(g_variant_new_parsed("[0, 99]")));
     EXPECT_EQ(Called("AboutToShowGroup", g_variant_new("(@ai)", both.get())), "([], [99])");
     EXPECT_EQ(m_events.Told, TWords{"opens"});
-    EXPECT_EQ(Called("AboutToShow", g_variant_new("(i)", 0)), "(false,)");
-    EXPECT_TRUE(Eventually([&] { return told.back() == "LayoutUpdated(4, 0)"; }));
-    // Plasma asks for the menu itself, and not for those below.
-    Layout(0, 1);
-    EXPECT_EQ(Called("AboutToShow", g_variant_new("(i)", parent)), "(true,)");
-    EXPECT_EQ(Called("AboutToShow", g_variant_new("(i)", parent)), "(false,)");
+    EXPECT_EQ(Signals(), (TWords{"LayoutUpdated(4, 0)", "LayoutUpdated(4, 3)"}));
     EXPECT_EQ(NumberOf("Two"), still);
-    EXPECT_EQ(NumberOf("Wallpaper"), parent);
-    EXPECT_GT(NumberOf("Three"), std::max(gone, still));
-    m_events.Told.clear();
+    const gint32 three = NumberOf("Three");
+    EXPECT_GT(three, std::max(gone, still));
     EXPECT_EQ(Click(gone), "refused");
-    EXPECT_EQ(Click(parent), "()"); // opens what is below it
+    EXPECT_EQ(Click(3), "()"); // opens what is below it
     EXPECT_EQ(Click(still), "()");
-    EXPECT_TRUE(Eventually([&] { return !m_events.Told.empty(); }));
-    EXPECT_EQ(m_events.Told, TWords{"chosen CategoryMenuItem7"});
-    const std::string events = "[(" + std::to_string(NumberOf("Three")) +
+    EXPECT_EQ(m_events.Chosen, std::vector<TMenuTarget>{TMenuWallpaper{2}});
+    const std::string events = "[(" + std::to_string(three) +
                                ", 'clicked', <0>, uint32 0), (0, 'closed', <0>, 0), "
                                "(99, 'clicked', <0>, 0)]";
     const TVariant group(
         g_variant_parse(G_VARIANT_TYPE("a(isvu)"), events.c_str(), nullptr, nullptr, nullptr));
     EXPECT_EQ(Called("EventGroup", g_variant_new("(@a(isvu))", group.get())), "([99],)");
-    EXPECT_EQ(m_events.Told.back(), "chosen CategoryMenuItem0");
-    g_dbus_connection_signal_unsubscribe(m_watcher.Bus(), listening);
+    EXPECT_EQ(m_events.Chosen.back(), TMenuTarget(TMenuWallpaper{3}));
 }
 
-// Some desktops make something of every entry that they are told.
+// Panels make something of every entry that they are told.
 class LargeNotifierMenu : public NotifierMenu
 {
 protected:
     static constexpr int Menus = 20, Entries = 40;
     LargeNotifierMenu()
     {
-        m_menu.Items[2].Items.assign(Menus, Entry("", "Category"));
-        for (TMenuItem& category : m_menu.Items[2].Items)
-            category.Items.assign(Entries, Entry("CategoryMenuItem1", "One"));
-        m_events.Menu = m_menu;
-        m_area->SetMenu(m_menu);
-        Wallpapers = NumberOf("Wallpaper");
-        Category = NumberOf("Category");
+        Wallpapers().clear();
+        for (int i = 0; i < Menus; ++i) {
+            const std::string name = "C" + std::to_string(i);
+            m_menu.Menus[1].second.push_back(Menu(Category(name), name));
+            m_menu.Menus.emplace_back(Category(name), TMenuEntries(Entries, Wallpaper(1, "One")));
+        }
+        m_area->TellMenu(m_menu);
+        m_category = NumberOf("C1");
+        Signals();
     }
-    static int EntriesOf(const std::string& layout)
-    {
-        int count = 0;
-        for (std::size_t at = 0; (at = layout.find("<(", at)) != std::string::npos; ++at)
-            ++count;
-        return count;
-    }
-    std::string Show(gint32 number) { return Called("AboutToShow", g_variant_new("(i)", number)); }
 
-    gint32 Wallpapers, Category;
+    gint32 m_category;
 };
 
-// GNOME's extension asks for all of it at once, and reads labels by themselves.
-TEST_F(LargeNotifierMenu, IsToldAsItIsShownWhereLabelsAreReadByThemselves)
+TEST_F(LargeNotifierMenu, IsToldAsItIsOpened)
 {
-    const auto entries = [this] { return EntriesOf(Layout(0, -1, {"children-display"})); };
-    EXPECT_EQ(Show(Category), "(false,)"); // a desktop that knows all of it
-    EXPECT_EQ(EntriesOf(Layout(0, -1, {"label", "children-display"})), 3 + Menus + Menus * Entries);
-    EXPECT_EQ(entries(), 3 + Menus + Menus * 10);
+    const auto whole = [this] { return EntriesOf(Layout()); };
+    EXPECT_EQ(whole(), 3 + Menus + Menus * 10);
     EXPECT_EQ(Show(0), "(false,)");
-    EXPECT_EQ(Show(Wallpapers), "(true,)");
-    EXPECT_EQ(entries(), 3 + Menus + Menus * 10);
-    EXPECT_EQ(Show(Category), "(true,)");
-    EXPECT_EQ(Show(Category), "(false,)");
-    EXPECT_EQ(entries(), 3 + Menus + (Menus - 1) * 10 + Entries);
-    // What is told again would be made anew, closed.
-    EXPECT_EQ(Layout(Category, -1, {"children-display"}).find("submenu"), std::string::npos);
+    EXPECT_EQ(Show(3), "(false,)") << "all of it was told";
+    EXPECT_EQ(EntriesOf(Layout(m_category, 1)), 10);
+    EXPECT_EQ(Show(m_category), "(true,)");
+    EXPECT_EQ(Signals(), TWords{"LayoutUpdated(3, " + std::to_string(m_category) + ")"});
+    EXPECT_EQ(EntriesOf(Layout(m_category, 1)), Entries);
+    EXPECT_EQ(Show(m_category), "(false,)");
+    EXPECT_EQ(whole(), 3 + Menus + (Menus - 1) * 10 + Entries);
+    const TVariant next(g_variant_ref_sink(g_variant_new_parsed("[%i, 0]", NumberOf("C2"))));
+    EXPECT_EQ(Called("AboutToShowGroup", g_variant_new("(@ai)", next.get())),
+              "([" + std::to_string(NumberOf("C2")) + "], [])");
 }
 
-// Those of Qt ask for each menu by itself, with all properties each time.
-TEST_F(LargeNotifierMenu, IsToldAsItIsShownWhereMenusAreAskedForByThemselves)
+TEST_F(LargeNotifierMenu, IsToldAtOnceWhereAPanelDoesNotSayWhatIsOpened)
 {
-    EXPECT_EQ(EntriesOf(Layout(0, 1)), 3);
-    EXPECT_EQ(EntriesOf(Layout(Wallpapers, 1)), 1);
+    EXPECT_EQ(EntriesOf(Layout(0, -1, {"label", "disposition"})), 3 + Menus + Menus * 10);
     EXPECT_EQ(Show(0), "(false,)");
-    EXPECT_EQ(Show(Wallpapers), "(true,)");
-    EXPECT_EQ(EntriesOf(Layout(Wallpapers, 1)), Menus);
-    EXPECT_EQ(EntriesOf(Layout(Category, 1)), 1);
-    const TVariant both(g_variant_ref_sink(g_variant_new_parsed("[%i, 0]", Category)));
-    EXPECT_EQ(Called("AboutToShowGroup", g_variant_new("(@ai)", both.get())),
-              "([" + std::to_string(Category) + "], [])");
-    EXPECT_EQ(EntriesOf(Layout(Category, 1)), Entries);
-    EXPECT_NE(Layout(Category, 1).find("'One'"), std::string::npos);
+    EXPECT_EQ(Signals(), TWords{"LayoutUpdated(3, 0)"}) << "each signal has it read all again";
+    EXPECT_EQ(EntriesOf(Layout()), 3 + Menus + Menus * Entries);
+}
+
+// GNOME's extension reads labels by themselves; what is told again it makes anew, closed.
+TEST_F(LargeNotifierMenu, IsToldOnceWhereLabelsAreReadByThemselves)
+{
+    EXPECT_NE(Layout(m_category, 0, {"children-display"}).find("submenu"), std::string::npos);
+    EXPECT_EQ(Layout(m_category, 0, {"children-display"}).find("submenu"), std::string::npos);
+    EXPECT_NE(Layout(m_category, 0, {"label", "children-display"}).find("submenu"),
+              std::string::npos);
 }
 
 // The bus ends the connection of a program whose messages are nested deeper than 64 times.
 TEST_F(NotifierMenu, ThatIsNestedDeeplyStillGetsThrough)
 {
-    TMenuItem* deepest = &m_menu.Items[2];
-    for (int i = 0; i < 40; ++i) {
-        deepest->Items = {Entry("MoreCategoryMenuItem", ("More " + std::to_string(i)).c_str())};
-        deepest = &deepest->Items.front();
-    }
-    m_area->SetMenu(m_menu);
-    m_events.Told.clear();
+    Wallpapers() = {Menu(Category("", 0), "More 0")};
+    for (int i = 0; i < 40; ++i)
+        m_menu.Menus.emplace_back(
+            Category("", i),
+            TMenuEntries{Menu(Category("", i + 1), "More " + std::to_string(i + 1))});
+    m_area->TellMenu(m_menu);
     const gint32 last = NumberOf("More 16");
     EXPECT_EQ(NumberOf("More 17"), -1);
     EXPECT_EQ(Layout(last).find("submenu"), std::string::npos);
     EXPECT_EQ(Click(last), "()");
-    EXPECT_TRUE(Eventually([&] { return !m_events.Told.empty(); }));
-    EXPECT_EQ(m_events.Told, TWords{"chosen MoreCategoryMenuItem"});
+    EXPECT_EQ(m_events.Chosen, std::vector<TMenuTarget>{Category("", 16)});
 }

@@ -21,7 +21,7 @@ struct TTestEvents : TTrayEvents {
     void TrayLeftClick() override { Told.emplace_back("left"); }
     void TrayRightClick(TPoint) override { Told.emplace_back("right"); }
     void TrayMenuOpens() override {}
-    void TrayMenuChosen(const std::string&) override {}
+    void TrayMenuChosen(const TMenuTarget&) override {}
     void TrayAreaChanged() override {}
 };
 

@@ -258,7 +258,7 @@ protected:
         area.Refuses = Chance(10);
         area.OnMenu = nullptr;
         if (Chance(50))
-            area.OnMenu = [this](const TMenuItem& menu, TPoint) { return SomeItem(menu); };
+            area.OnMenu = [this](TTrayModel& menu, TPoint) { return SomeTarget(AllEntries(menu)); };
         switch (Below(6)) {
         case 0:
             return area.Turn(static_cast<TTrayState>(Below(3)));
@@ -266,9 +266,7 @@ protected:
             return area.Restart();
         case 2:
             area.Events->TrayMenuOpens();
-            if (const TMenuItem* item = SomeItem(area.Menu))
-                area.Events->TrayMenuChosen(std::string(item->Name));
-            return;
+            return area.Events->TrayMenuChosen(SomeTarget(area.Told));
         case 3:
             return ClickRight();
         default:
@@ -281,16 +279,14 @@ protected:
         if (m_services.TrayArea.OnMenu && m_services.TrayArea.HasIcon)
             m_services.TrayArea.Events->TrayRightClick({Below(2000), Below(2000)});
     }
-    // Any of them but the end of the program; null: none was chosen.
-    const TMenuItem* SomeItem(const TMenuItem& menu)
+    // Any of them but the end of the program; a separator: nothing was chosen.
+    TMenuTarget SomeTarget(const TMenuEntries& entries)
     {
-        if (menu.Items.empty())
-            return nullptr;
-        const TMenuItem& item =
-            menu.Items[static_cast<std::size_t>(Below(static_cast<int>(menu.Items.size())))];
-        if (!item.Items.empty())
-            return SomeItem(item);
-        return item.Action == aExit || Chance(10) ? nullptr : &item;
+        if (entries.empty() || Chance(10))
+            return {};
+        const TMenuTarget& target =
+            entries[static_cast<std::size_t>(Below(static_cast<int>(entries.size())))].Target;
+        return target == TMenuTarget(TMenuAction{aExit}) ? TMenuTarget() : target;
     }
 
     void Resize()

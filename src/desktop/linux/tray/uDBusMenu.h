@@ -1,18 +1,13 @@
-// A menu that the desktop draws, told to it over D-Bus (com.canonical.dbusmenu).
+// The tray's menu for the desktops that draw it: told to them over D-Bus (com.canonical.dbusmenu).
 //
-// There is no object for each entry: of ten thousand of these GLib keeps 20 MB for good, even when
-// they are gone.
+// Panels make something of every entry that they are told. So of a menu that was not opened yet
+// they are told the first entries only, and the others when it is opened.
 #pragma once
 
 #include "uBusExport.h"
-#include "uMenuItem.h"
-#include "uToldMenu.h"
+#include "uTrayIcon.h"
 
-#include <functional>
-#include <memory>
-#include <optional>
-#include <set>
-#include <string>
+#include <map>
 #include <string_view>
 #include <vector>
 
@@ -22,45 +17,64 @@ namespace murala
 class TDBusMenu
 {
 public:
-    // `onOpens` is told when the menu is about to be shown. `onChosen` may end this.
-    TDBusMenu(GDBusConnection* bus, const char* path, std::function<void()> onOpens,
-              std::function<void(const std::string& name)> onChosen);
+    // `events` outlives it.
+    TDBusMenu(GDBusConnection* bus, const char* path, TTrayEvents& events);
 
-    // What is as it was is not told again. A number that was given to an entry never comes to stand
-    // for another one: desktops keep what they were told.
-    void Set(const TMenuItem& menu);
-    bool IsShown() const { return m_isShown; }
+    // Tells what has changed since the last time. The model outlives this.
+    void Tell(TTrayModel& model);
 
 private:
+    // Desktops keep what they were told: an entry keeps its number as long as it looks the same,
+    // and no other one ever gets it.
+    struct TNode {
+        TMenuEntry Entry;
+        int Depth = 0;
+        std::vector<gint32> Children; // as far as it was told
+        bool IsOpened = false;
+        bool IsKnown = false; // to GNOME's extension
+        bool HasMenuBelow() const;
+    };
+    using TNumbers = std::vector<gint32>;
+    using TNames = std::vector<std::string_view>;
+    struct TProperty;
+    static const TProperty Properties[];
     struct TMethod;
     static const TMethod Methods[];
     static const GDBusInterfaceVTable Table;
 
     // They take the arguments and give the answer, null when there is no such entry.
+    GVariant* GetLayout(GVariant* arguments);
+    GVariant* GetGroupProperties(GVariant* arguments);
+    GVariant* GetProperty(GVariant* arguments);
     GVariant* Event(GVariant* arguments);
     GVariant* EventGroup(GVariant* arguments);
     GVariant* AboutToShow(GVariant* arguments);
     GVariant* AboutToShowGroup(GVariant* arguments);
-
-    // False when there is no such entry.
-    bool Opens(gint32 number);
-    // Whether more is to be told of a menu that is about to be shown. Once.
-    bool HasNews(gint32 number);
-    void NoteAsked(GVariant* layout);
-    bool Happens(gint32 number, std::string_view event);
-    void TellChosen();
     static void OnCall(GDBusConnection*, const char*, const char*, const char*, const char* method,
                        GVariant* arguments, GDBusMethodInvocation* call, gpointer data);
     static GVariant* OnGet(GDBusConnection*, const char*, const char*, const char*,
                            const char* property, GError**, gpointer data);
 
-    std::function<void()> m_onOpens;
-    std::function<void(const std::string&)> m_onChosen;
-    std::shared_ptr<const TToldMenu> m_told;
-    std::optional<TToldMenu::TOutline> m_outline; // that a desktop asked for
-    std::set<gint32> m_changed;                   // menus, not asked for since then
-    std::vector<std::string> m_chosen;            // names, not told of yet
-    bool m_isShown = false;
+    struct TNews {
+        TNumbers Menus;   // with other entries
+        TNumbers Entries; // enabled, or not any more
+    };
+    void Update(gint32 menu, std::size_t most, TNews& news);
+    void Forget(gint32 number);
+    void TellOf(const TNumbers& menus);
+    bool Opens(gint32 number);
+    bool Happens(gint32 number, std::string_view event);
+    GVariant* Layout(gint32 number, int depth, const TNames& wanted);
+    static GVariant* PropertiesOf(const TNode& node, const TNames& wanted);
+    GVariant* GroupProperties(const TNumbers& numbers, const TNames& wanted) const;
+
+    TTrayEvents& m_events;
+    TTrayModel* m_model = nullptr;
+    std::map<gint32, TNode> m_nodes{{0, {}}}; // 0 is the menu itself
+    gint32 m_lastNumber = 0;
+    guint m_revision = 1;
+    bool m_isReadAtOnce = false; // by a panel that does not say which menu is opened
+    TNumbers m_opened;           // not told of yet
     TBusExport m_export;
 };
 

@@ -2,7 +2,6 @@
 // (panels) show. Nothing here waits for the bus.
 #include "uBusExport.h"
 #include "uDBusMenu.h"
-#include "uSession.h"
 #include "uSessionBus.h"
 #include "uTrayIcon.h"
 
@@ -135,13 +134,11 @@ public:
         m_object.reset();
     }
 
-    bool DrawsMenu() const override { return true; }
-    bool IsMenuShown() const override { return m_menu && m_menu->IsShown(); }
-    bool IsSlowToCheck() const override { return RunningSession() == TSession::Mate; }
-    void SetMenu(const TMenuItem& menu) override
+    bool TellMenu(TTrayModel& model) override
     {
         if (m_menu)
-            m_menu->Set(menu);
+            m_menu->Tell(model);
+        return true;
     }
 
 private:
@@ -151,16 +148,7 @@ private:
         if (!m_object || !m_object->IsThere())
             m_object.emplace(m_bus.get(), ItemPath, Introspection, table, this);
         if (m_object->IsThere() && !m_menu)
-            m_menu = std::make_unique<TDBusMenu>(
-                m_bus.get(), MenuPath,
-                [this] {
-                    if (m_events != nullptr)
-                        m_events->TrayMenuOpens();
-                },
-                [this](const std::string& name) {
-                    if (m_events != nullptr)
-                        m_events->TrayMenuChosen(name);
-                });
+            m_menu.emplace(m_bus.get(), MenuPath, *m_events);
         return m_object->IsThere();
     }
 
@@ -344,7 +332,7 @@ private:
     TTrayState m_state = TTrayState::Missing;
     TTrayLook m_look;
     std::optional<TBusExport> m_object;
-    std::unique_ptr<TDBusMenu> m_menu;
+    std::optional<TDBusMenu> m_menu;
     bool m_hasWatcher = false;
     bool m_isRegistered = false; // with the present watcher
     guint m_watch = 0, m_signals = 0, m_askAgain = 0;

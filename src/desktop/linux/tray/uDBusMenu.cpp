@@ -1,6 +1,7 @@
 #include "uDBusMenu.h"
 
 #include "uDoor.h"
+#include "uText.h"
 
 #include <algorithm>
 #include <limits>
@@ -22,8 +23,6 @@ constexpr const char* Introspection = R"xml(<node><interface name="com.canonical
 <arg type="(ia{sv}av)" direction="out"/></method>
 <method name="GetGroupProperties"><arg type="ai" direction="in"/><arg type="as" direction="in"/>
 <arg type="a(ia{sv})" direction="out"/></method>
-<method name="GetProperty"><arg type="i" direction="in"/><arg type="s" direction="in"/>
-<arg type="v" direction="out"/></method>
 <method name="Event"><arg type="i" direction="in"/><arg type="s" direction="in"/>
 <arg type="v" direction="in"/><arg type="u" direction="in"/></method>
 <method name="EventGroup"><arg type="a(isvu)" direction="in"/><arg type="ai" direction="out"/>
@@ -31,7 +30,6 @@ constexpr const char* Introspection = R"xml(<node><interface name="com.canonical
 <method name="AboutToShow"><arg type="i" direction="in"/><arg type="b" direction="out"/></method>
 <method name="AboutToShowGroup"><arg type="ai" direction="in"/><arg type="ai" direction="out"/>
 <arg type="ai" direction="out"/></method>
-<signal name="ItemsPropertiesUpdated"><arg type="a(ia{sv})"/><arg type="a(ias)"/></signal>
 <signal name="LayoutUpdated"><arg type="u"/><arg type="i"/></signal>
 </interface></node>)xml";
 
@@ -47,25 +45,14 @@ constexpr std::ptrdiff_t LongestGap = 128;
 // "_" before the access key, where ours have "&".
 std::string WithAccessKey(const std::string& caption)
 {
-    std::string label;
-    for (std::size_t i = 0; i < caption.size(); ++i) {
-        const bool isDoubled = i + 1 < caption.size() && caption[i + 1] == '&';
-        if (caption[i] == '_')
-            label += "__";
-        else if (caption[i] != '&')
-            label += caption[i];
-        else if (isDoubled)
-            label += caption[++i];
-        else
-            label += '_';
-    }
-    return label;
+    const std::string marked = ReplaceAll(ReplaceAll(caption, "_", "__"), "&&", "\1");
+    return ReplaceAll(ReplaceAll(marked, "&", "_"), "\1", "&");
 }
 
-// But for whether it is enabled. Panels know an entry as one that has a check box or has none.
 bool LooksAs(const TMenuEntry& a, const TMenuEntry& b)
 {
-    return a.Target == b.Target && a.Checked == b.Checked && a.Caption == b.Caption;
+    return a.Target == b.Target && a.Caption == b.Caption && a.Enabled == b.Enabled &&
+           a.Checked == b.Checked;
 }
 
 GVariant* NewNumbers(const std::vector<gint32>& numbers)
@@ -85,13 +72,9 @@ std::vector<gint32> NumbersOf(GVariant* array)
 // They live as long as the array.
 std::vector<std::string_view> TextsOf(GVariant* array)
 {
-    std::vector<std::string_view> texts;
-    GVariantIter iterator;
-    g_variant_iter_init(&iterator, array);
-    const char* text = nullptr;
-    while (g_variant_iter_next(&iterator, "&s", &text) != FALSE)
-        texts.emplace_back(text);
-    return texts;
+    gsize count = 0;
+    const std::unique_ptr<const char*, TFreeBy<g_free>> texts(g_variant_get_strv(array, &count));
+    return {texts.get(), texts.get() + count};
 }
 
 bool Has(const std::vector<std::string_view>& names, std::string_view name)
@@ -106,38 +89,6 @@ bool TDBusMenu::TNode::HasMenuBelow() const
     return Entry.MenuBelow() != nullptr && Depth < DeepestMenu;
 }
 
-// Null where it is as of an entry that says nothing of it.
-struct TDBusMenu::TProperty {
-    const char* Name;
-    GVariant* (*Value)(const TNode& node);
-};
-
-const TDBusMenu::TProperty TDBusMenu::Properties[] = {
-    {"type",
-     [](const TNode& node) {
-         return node.Entry.IsSeparator() ? g_variant_new_string("separator") : nullptr;
-     }},
-    {"label",
-     [](const TNode& node) -> GVariant* {
-         if (node.Entry.Caption.empty()) // a separator
-             return nullptr;
-         const std::string label = WithAccessKey(node.Entry.Caption);
-         return g_variant_new_take_string(g_utf8_make_valid(label.c_str(), -1));
-     }},
-    {"enabled",
-     [](const TNode& node) { return node.Entry.Enabled ? nullptr : g_variant_new_boolean(FALSE); }},
-    {"toggle-type",
-     [](const TNode& node) {
-         return node.Entry.Checked ? g_variant_new_string("checkmark") : nullptr;
-     }},
-    {"toggle-state",
-     [](const TNode& node) { return node.Entry.Checked ? g_variant_new_int32(1) : nullptr; }},
-    {"children-display",
-     [](const TNode& node) {
-         return node.HasMenuBelow() ? g_variant_new_string("submenu") : nullptr;
-     }},
-};
-
 const GDBusInterfaceVTable TDBusMenu::Table{OnCall, OnGet, nullptr, {}};
 
 TDBusMenu::TDBusMenu(GDBusConnection* bus, const char* path, TTrayEvents& events)
@@ -149,19 +100,9 @@ TDBusMenu::TDBusMenu(GDBusConnection* bus, const char* path, TTrayEvents& events
 void TDBusMenu::Tell(TTrayModel& model)
 {
     m_model = &model;
-    TNews news;
-    Update(0, std::numeric_limits<std::size_t>::max(), news);
-    TellOf(news.Menus);
-    if (news.Entries.empty())
-        return;
-    GVariantBuilder removed;
-    g_variant_builder_init(&removed, G_VARIANT_TYPE("a(ias)"));
-    const char* const enabled[] = {"enabled", nullptr};
-    for (const gint32 number : news.Entries)
-        if (m_nodes.at(number).Entry.Enabled)
-            g_variant_builder_add(&removed, "(i^as)", number, enabled);
-    m_export.Tell("ItemsPropertiesUpdated",
-                  g_variant_new("(@a(ia{sv})a(ias))", GroupProperties(news.Entries, {}), &removed));
+    TNumbers changed;
+    Update(0, std::numeric_limits<std::size_t>::max(), changed);
+    TellOf(changed);
 }
 
 // Qt's panels read the entries of one menu at a time, and are told of each. MATE's reads all of
@@ -176,8 +117,8 @@ void TDBusMenu::TellOf(const TNumbers& menus)
 }
 
 // Asks the model for the entries of the menu, and of those below it, as far as they are told; of
-// one that was not opened that is `most` of them.
-void TDBusMenu::Update(gint32 menu, std::size_t most, TNews& news)
+// one that was not opened that is `most` of them. Adds the menus with other entries to `changed`.
+void TDBusMenu::Update(gint32 menu, std::size_t most, TNumbers& changed)
 {
     TNode& node = m_nodes.at(menu);
     TMenuEntries entries = m_model->Children(*node.Entry.MenuBelow());
@@ -187,32 +128,29 @@ void TDBusMenu::Update(gint32 menu, std::size_t most, TNews& news)
     const TNumbers before = std::exchange(node.Children, {});
     auto next = before.begin();
     const auto forgetUpTo = [&](TNumbers::const_iterator end) {
-        std::for_each(next, end, [this](gint32 gone) { Forget(gone); });
-        next = end;
+        while (next != end)
+            Forget(*next++);
     };
     for (TMenuEntry& entry : entries) {
         const auto end = next + std::min(LongestGap, before.end() - next);
         const auto known = std::find_if(
             next, end, [&](gint32 each) { return LooksAs(m_nodes.at(each).Entry, entry); });
-        const bool isKnown = known != end;
-        const gint32 number = isKnown ? *known : ++m_lastNumber;
-        if (isKnown) {
+        if (known != end) {
             forgetUpTo(known);
-            ++next;
+            node.Children.push_back(*next++);
+        } else {
+            node.Children.push_back(++m_lastNumber);
+            TNode& below = m_nodes[m_lastNumber];
+            below.Entry = std::move(entry);
+            below.Depth = node.Depth + 1;
         }
-        TNode& below = m_nodes[number];
-        if (isKnown && below.Entry.Enabled != entry.Enabled)
-            news.Entries.push_back(number);
-        below.Entry = std::move(entry);
-        below.Depth = node.Depth + 1;
-        node.Children.push_back(number);
     }
     forgetUpTo(before.end());
     if (node.Children != before)
-        news.Menus.push_back(menu);
+        changed.push_back(menu);
     for (const gint32 number : node.Children)
         if (m_nodes.at(number).HasMenuBelow())
-            Update(number, std::max<std::size_t>(1, MostUnopened / node.Children.size()), news);
+            Update(number, std::max<std::size_t>(1, MostUnopened / node.Children.size()), changed);
 }
 
 void TDBusMenu::Forget(gint32 number)
@@ -233,10 +171,10 @@ bool TDBusMenu::Opens(gint32 number)
         m_events.TrayMenuOpens();
     if (number == 0 || wasOpened || !node.HasMenuBelow())
         return false;
-    TNews news;
-    Update(number, 0, news);
-    m_opened.insert(m_opened.end(), news.Menus.begin(), news.Menus.end());
-    return !news.Menus.empty();
+    TNumbers changed;
+    Update(number, 0, changed);
+    m_opened.insert(m_opened.end(), changed.begin(), changed.end());
+    return !changed.empty();
 }
 
 bool TDBusMenu::Happens(gint32 number, std::string_view event)
@@ -249,15 +187,25 @@ bool TDBusMenu::Happens(gint32 number, std::string_view event)
     return true;
 }
 
-// None wanted: all of them.
+// None wanted: all of them. What is as usual is not said.
 GVariant* TDBusMenu::PropertiesOf(const TNode& node, const TNames& wanted)
 {
     GVariantBuilder builder;
     g_variant_builder_init(&builder, G_VARIANT_TYPE("a{sv}"));
-    for (const TProperty& property : Properties)
-        if (wanted.empty() || Has(wanted, property.Name))
-            if (GVariant* value = property.Value(node))
-                g_variant_builder_add(&builder, "{sv}", property.Name, value);
+    const auto add = [&](bool isSaid, const char* name, const auto& newValue) {
+        if (isSaid && (wanted.empty() || Has(wanted, name)))
+            g_variant_builder_add(&builder, "{sv}", name, newValue());
+    };
+    const TMenuEntry& entry = node.Entry;
+    add(entry.IsSeparator(), "type", [] { return g_variant_new_string("separator"); });
+    add(!entry.Caption.empty(), "label", [&] {
+        const std::string label = WithAccessKey(entry.Caption);
+        return g_variant_new_take_string(g_utf8_make_valid(label.c_str(), -1));
+    });
+    add(!entry.Enabled, "enabled", [] { return g_variant_new_boolean(FALSE); });
+    add(entry.Checked, "toggle-type", [] { return g_variant_new_string("checkmark"); });
+    add(entry.Checked, "toggle-state", [] { return g_variant_new_int32(1); });
+    add(node.HasMenuBelow(), "children-display", [] { return g_variant_new_string("submenu"); });
     return g_variant_builder_end(&builder);
 }
 
@@ -282,17 +230,6 @@ GVariant* TDBusMenu::Layout(gint32 number, int depth, const TNames& wanted)
                          g_variant_builder_end(&below));
 }
 
-GVariant* TDBusMenu::GroupProperties(const TNumbers& numbers, const TNames& wanted) const
-{
-    GVariantBuilder builder;
-    g_variant_builder_init(&builder, G_VARIANT_TYPE("a(ia{sv})"));
-    for (const gint32 number : numbers)
-        if (const auto node = m_nodes.find(number); node != m_nodes.end())
-            g_variant_builder_add(&builder, "(i@a{sv})", number,
-                                  PropertiesOf(node->second, wanted));
-    return g_variant_builder_end(&builder);
-}
-
 // MATE's panel, which asks for this property, too, reads all of the menu when that is opened, and
 // says nothing of the menus below.
 GVariant* TDBusMenu::GetLayout(GVariant* arguments)
@@ -315,20 +252,13 @@ GVariant* TDBusMenu::GetGroupProperties(GVariant* arguments)
         for (const auto& [number, node] : m_nodes)
             numbers.push_back(number);
     const TVariant names = Child(arguments, 1);
-    return g_variant_new("(@a(ia{sv}))", GroupProperties(numbers, TextsOf(names.get())));
-}
-
-GVariant* TDBusMenu::GetProperty(GVariant* arguments)
-{
-    gint32 number = 0;
-    const char* name = nullptr;
-    g_variant_get(arguments, "(i&s)", &number, &name);
-    const auto node = m_nodes.find(number);
-    const auto* property = std::ranges::find(Properties, std::string_view(name), &TProperty::Name);
-    if (node == m_nodes.end() || property == std::end(Properties))
-        return nullptr;
-    GVariant* value = property->Value(node->second);
-    return value != nullptr ? g_variant_new("(v)", value) : nullptr;
+    GVariantBuilder builder;
+    g_variant_builder_init(&builder, G_VARIANT_TYPE("a(ia{sv})"));
+    for (const gint32 number : numbers)
+        if (const auto node = m_nodes.find(number); node != m_nodes.end())
+            g_variant_builder_add(&builder, "(i@a{sv})", number,
+                                  PropertiesOf(node->second, TextsOf(names.get())));
+    return g_variant_new("(a(ia{sv}))", &builder);
 }
 
 GVariant* TDBusMenu::Event(GVariant* arguments)
@@ -383,7 +313,6 @@ struct TDBusMenu::TMethod {
 const TDBusMenu::TMethod TDBusMenu::Methods[] = {
     {"GetLayout", &TDBusMenu::GetLayout},
     {"GetGroupProperties", &TDBusMenu::GetGroupProperties},
-    {"GetProperty", &TDBusMenu::GetProperty},
     {"Event", &TDBusMenu::Event},
     {"EventGroup", &TDBusMenu::EventGroup},
     {"AboutToShow", &TDBusMenu::AboutToShow},

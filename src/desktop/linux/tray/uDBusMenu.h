@@ -36,8 +36,6 @@ private:
     };
     using TNumbers = std::vector<gint32>;
     using TNames = std::vector<std::string_view>;
-    struct TProperty;
-    static const TProperty Properties[];
     struct TMethod;
     static const TMethod Methods[];
     static const GDBusInterfaceVTable Table;
@@ -45,7 +43,6 @@ private:
     // They take the arguments and give the answer, null when there is no such entry.
     GVariant* GetLayout(GVariant* arguments);
     GVariant* GetGroupProperties(GVariant* arguments);
-    GVariant* GetProperty(GVariant* arguments);
     GVariant* Event(GVariant* arguments);
     GVariant* EventGroup(GVariant* arguments);
     GVariant* AboutToShow(GVariant* arguments);
@@ -55,18 +52,13 @@ private:
     static GVariant* OnGet(GDBusConnection*, const char*, const char*, const char*,
                            const char* property, GError**, gpointer data);
 
-    struct TNews {
-        TNumbers Menus;   // with other entries
-        TNumbers Entries; // enabled, or not any more
-    };
-    void Update(gint32 menu, std::size_t most, TNews& news);
+    void Update(gint32 menu, std::size_t most, TNumbers& changed);
     void Forget(gint32 number);
     void TellOf(const TNumbers& menus);
     bool Opens(gint32 number);
     bool Happens(gint32 number, std::string_view event);
     GVariant* Layout(gint32 number, int depth, const TNames& wanted);
     static GVariant* PropertiesOf(const TNode& node, const TNames& wanted);
-    GVariant* GroupProperties(const TNumbers& numbers, const TNames& wanted) const;
 
     TTrayEvents& m_events;
     TTrayModel* m_model = nullptr;

@@ -6,6 +6,7 @@
 #include "uTrayIcon.h"
 
 #include <cstring>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -312,18 +313,13 @@ private:
             return g_variant_new_boolean(FALSE);
         if (name == "Menu")
             return g_variant_new_object_path(MenuPath);
-        return g_variant_new_string(Text(name));
-    }
-
-    static const char* Text(std::string_view property)
-    {
-        if (property == "Category")
-            return "ApplicationStatus";
-        if (property == "Id")
-            return "murala";
-        if (property == "Title")
-            return "Murala";
-        return property == "Status" ? "Active" : "";
+        static const std::map<std::string_view, const char*> texts{
+            {"Category", "ApplicationStatus"},
+            {"Id", "murala"},
+            {"Title", "Murala"},
+            {"Status", "Active"}};
+        const auto text = texts.find(name);
+        return g_variant_new_string(text != texts.end() ? text->second : "");
     }
 
     TGObject<GCancellable> m_cancel;

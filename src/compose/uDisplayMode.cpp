@@ -72,38 +72,58 @@ bool ExceedsFit(int side, int from, int to)
     return RoundHalfAway(scaled) * to > MaxFitPixels;
 }
 
-struct TLimit {
-    TDisplayMode Mode;
-    bool (*IsExceeded)(TSize image, TSize screen);
-    std::string_view Message;
-    TDisplayMode Instead;
-};
-
 bool IsTooLargeForMirror(TSize image, TSize)
 {
     return image.Width > MaxMirrorWidth;
 }
 
-constexpr TLimit MirrorLimit = {dmMirrorTiled, IsTooLargeForMirror, TooLargeForMirror,
-                                dmFitHorizontally};
-// In the order of the check: a mode that one limit chooses may be refused by the next.
-constexpr TLimit FitLimits[] = {
-    {dmFitHorizontally,
-     [](TSize image, TSize screen) { return ExceedsFit(image.Height, image.Width, screen.Width); },
-     TooTallForFit, dmFitVertically},
-    {dmFitVertically,
-     [](TSize image, TSize screen) { return ExceedsFit(image.Width, image.Height, screen.Height); },
-     TooWideForFit, dmStretched},
-};
-
-// The message when the limit has moved the mode on, nothing otherwise.
-std::string_view Check(const TLimit& limit, TDisplayMode& mode, TSize image, TSize screen)
+bool IsTooTallForFit(TSize image, TSize screen)
 {
-    const bool hasPixels = image.Width > 0 && image.Height > 0;
-    if (mode != limit.Mode || !hasPixels || !limit.IsExceeded(image, screen))
-        return {};
-    mode = limit.Instead;
-    return limit.Message;
+    return ExceedsFit(image.Height, image.Width, screen.Width);
+}
+
+bool IsTooWideForFit(TSize image, TSize screen)
+{
+    return ExceedsFit(image.Width, image.Height, screen.Height);
+}
+
+constexpr TDisplayModeRow Table[] = {
+    {dmTiled, DisplayModeNames[dmTiled], "aDisplayTiled", TileDraw, false, {}},
+    {dmCentered, DisplayModeNames[dmCentered], "aDisplayCentered", CenterDraw, false, {}},
+    {dmStretched, DisplayModeNames[dmStretched], "aDisplayStretched", StretchDraw, false, {}},
+    {dmMirrorTiled,
+     DisplayModeNames[dmMirrorTiled],
+     "aDisplayMirrorTiled",
+     MirrorTileDraw,
+     false,
+     {IsTooLargeForMirror, TooLargeForMirror, dmFitHorizontally, true}},
+    {dmFitHorizontally,
+     DisplayModeNames[dmFitHorizontally],
+     "aDisplayFitHorizontal",
+     FitHorizontally,
+     false,
+     {IsTooTallForFit, TooTallForFit, dmFitVertically}},
+    {dmFitVertically,
+     DisplayModeNames[dmFitVertically],
+     "aDisplayFitVertical",
+     FitVertically,
+     false,
+     {IsTooWideForFit, TooWideForFit, dmStretched}},
+};
+static_assert(
+    [] {
+        std::size_t value = 0;
+        for (const TDisplayModeRow& row : Table)
+            if (row.Mode != value++ || row.Map == nullptr)
+                return false;
+        return value == std::size(DisplayModeNames);
+    }(),
+    "one complete row for every mode, in the order of their values");
+
+bool IsExceeded(const TModeLimit& limit, TSize image, TSize screen)
+{
+    return limit.IsExceeded != nullptr && image.Width > 0 && image.Height > 0 &&
+           limit.IsExceeded(image, screen);
 }
 
 } // namespace
@@ -140,30 +160,46 @@ TDrawMap MirrorTileDraw(TSize source, TSize target)
     return {MirroredAxis(source.Width, target.Width), MirroredAxis(source.Height, target.Height)};
 }
 
+std::span<const TDisplayModeRow> DisplayModes()
+{
+    return Table;
+}
+
+const TDisplayModeRow* FindDisplayMode(TDisplayMode mode)
+{
+    return mode < std::size(Table) ? &Table[mode] : nullptr;
+}
+
 TDrawMap DisplayModeMap(TDisplayMode mode, TSize source, TSize screen)
 {
-    using TDraw = TDrawMap (*)(TSize source, TSize target);
-    constexpr TDraw draws[] = {TileDraw,       CenterDraw,      StretchDraw,
-                               MirrorTileDraw, FitHorizontally, FitVertically};
-    return mode < std::size(draws) ? draws[mode](source, screen) : CenterDraw(source, source);
+    const TDisplayModeRow* row = FindDisplayMode(mode);
+    return row != nullptr ? row->Map(source, screen) : CenterDraw(source, source);
 }
 
 std::vector<std::string_view> CheckDisplayMode(TDisplayMode& mode, TSize image, TSize screen)
 {
     std::vector<std::string_view> messages;
-    for (const TLimit& limit : {MirrorLimit, FitLimits[0], FitLimits[1]})
-        if (const auto message = Check(limit, mode, image, screen); !message.empty())
-            messages.push_back(message);
+    for (const auto& row : Table)
+        if (mode == row.Mode && IsExceeded(row.Limit, image, screen)) {
+            mode = row.Limit.Instead;
+            messages.push_back(row.Limit.Message);
+        }
     return messages;
+}
+
+bool HasLimit(TDisplayMode mode)
+{
+    const TDisplayModeRow* row = FindDisplayMode(mode);
+    return row != nullptr && row->Limit.IsExceeded != nullptr;
 }
 
 TDisplayMode NextDisplayMode(TDisplayMode mode, TSize image, TSize screen)
 {
-    if (mode == dmStretched && IsTooLargeForMirror(image, screen))
-        mode = dmMirrorTiled;
-    for (const TLimit& limit : FitLimits)
-        Check(limit, mode, image, screen);
-    return static_cast<TDisplayMode>(mode < dmFitVertically ? mode + 1 : dmTiled);
+    for (const auto& row : Table)
+        if (row.Limit.IsPassedOver ? mode + 1 == row.Mode : mode == row.Mode)
+            if (IsExceeded(row.Limit, image, screen))
+                mode = row.Limit.IsPassedOver ? row.Mode : row.Limit.Instead;
+    return static_cast<TDisplayMode>(mode + 1U < std::size(Table) ? mode + 1 : dmTiled);
 }
 
 } // namespace murala

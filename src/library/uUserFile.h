@@ -26,8 +26,6 @@ public:
     explicit TUserFile(std::string path) : m_path(std::move(path)) {}
 
     const std::string& Path() const { return m_path; }
-    // Something could not be read, and the file has not been kept since.
-    bool IsUnreadable() const { return m_isUnreadable; }
 
     // `read` throws when the file cannot be read or understood; it takes a missing file for an
     // empty one. What it throws goes on to the caller.
@@ -38,7 +36,7 @@ public:
 
 private:
     std::string m_path;
-    bool m_isUnreadable = false;
+    bool m_isUnreadable = false; // and not kept since
 };
 
 } // namespace murala

@@ -119,26 +119,12 @@ TMuWallpaperList::DeleteMany(const std::vector<int>& indexes)
 
 void TMuWallpaperList::Release(TMuWallpaper& item)
 {
-    RemoveFromIndex(item);
+    const auto [first, last] = m_byFileName.equal_range(item.m_fileName);
+    m_byFileName.erase(
+        std::find_if(first, last, [&](const auto& entry) { return entry.second == &item; }));
     if (m_largestNumber == item.m_thumbnailNumber)
         m_largestNumber.reset();
     item.Owner = nullptr;
-}
-
-TMuWallpaperList::TFileNames::node_type TMuWallpaperList::RemoveFromIndex(const TMuWallpaper& item)
-{
-    const auto [first, last] = m_byFileName.equal_range(item.m_fileName);
-    return m_byFileName.extract(
-        std::find_if(first, last, [&](const auto& entry) { return entry.second == &item; }));
-}
-
-void TMuWallpaperList::SetFileName(TMuWallpaper& item, std::string fileName)
-{
-    assert(item.Owner == this);
-    auto entry = RemoveFromIndex(item);
-    item.m_fileName = std::move(fileName);
-    entry.key() = item.m_fileName;
-    m_byFileName.insert(std::move(entry));
 }
 
 void TMuWallpaperList::SetThumbnailNumber(TMuWallpaper& item, std::int32_t number)

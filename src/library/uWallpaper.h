@@ -121,8 +121,7 @@ public:
     // Takes out many at once (different indexes, in any order) in one pass; they come in the order
     // of the indexes.
     std::vector<std::unique_ptr<TMuWallpaper>> DeleteMany(const std::vector<int>& indexes);
-    // Both for an item of the list.
-    void SetFileName(TMuWallpaper& item, std::string fileName);
+    // For an item of the list.
     void SetThumbnailNumber(TMuWallpaper& item, std::int32_t number);
     int IndexOf(const TMuWallpaper* item) const;
     // The first item with exactly this file name, -1 when there is none.
@@ -155,7 +154,6 @@ private:
     void Release(TMuWallpaper& item);
     // The keys are the items' own file names.
     using TFileNames = std::unordered_multimap<std::string_view, TMuWallpaper*>;
-    TFileNames::node_type RemoveFromIndex(const TMuWallpaper& item);
 
     std::vector<std::unique_ptr<TMuWallpaper>> m_items;
     TFileNames m_byFileName;

@@ -83,8 +83,8 @@ void TApplier::ComposeItem(TMuWallpaper& item)
     TDesktop& desktop = m_core.Services.Desktop;
     m_core.Status.SetProblem("");
     auto source = m_preview.Open(item);
-    if (item.DisplayMode <= dmFitVertically)
-        desktop.WriteTileWallpaper(1);
+    if (const TDisplayModeRow* mode = FindDisplayMode(item.DisplayMode))
+        desktop.WriteTileWallpaper(mode->IsTiledByDesktop ? 0 : 1);
     std::string problem;
     TScreenPictures pictures;
     for (const TScreenGroup& screens : desktop.Screens()) {
@@ -152,17 +152,14 @@ bool TApplier::Next(TReport report)
 {
     if (m_core.List.Count() < 2 || m_isComposing)
         return false;
-    const int selected = m_core.Selection.Row();
-    const int from = selected >= 0 ? selected : m_core.Selection.CurrentIndex();
-    return ApplyRow((from + 1) % m_core.List.Count(), report);
+    return ApplyRow((m_core.Selection.RowOrCurrent() + 1) % m_core.List.Count(), report);
 }
 
 void TApplier::Previous()
 {
     if (m_core.List.Count() == 0 || m_isComposing)
         return;
-    const int selected = m_core.Selection.Row();
-    const int row = (selected >= 0 ? selected : m_core.Selection.CurrentIndex()) - 1;
+    const int row = m_core.Selection.RowOrCurrent() - 1;
     ApplyRow(row < 0 ? m_core.List.Count() - 1 : row, TReport::MessageBox);
 }
 

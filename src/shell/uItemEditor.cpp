@@ -32,9 +32,7 @@ void TItemEditor::SetDisplayMode(const TItems& items, TDisplayMode mode)
     std::vector<std::string_view> texts;
     ChangeModes(items, [&](TMuWallpaper& item) {
         item.DisplayMode = mode;
-        const TSize image = mode > dmStretched ? m_preview.SizeOf(item) : TSize();
-        if (image.Width == 0)
-            return;
+        const TSize image = HasLimit(mode) ? m_preview.SizeOf(item) : TSize();
         for (const std::string_view text : CheckDisplayMode(item.DisplayMode, image, screen))
             if (std::ranges::find(texts, text) == texts.end())
                 texts.push_back(text);
@@ -47,11 +45,9 @@ void TItemEditor::StepDisplayMode(const TItems& items)
 {
     const TSize screen = m_core.Services.Desktop.ScreenSize();
     ChangeModes(items, [&](TMuWallpaper& item) {
-        const TSize image = item.DisplayMode >= dmStretched ? m_preview.SizeOf(item) : TSize();
-        item.DisplayMode =
-            image.Width > 0
-                ? NextDisplayMode(item.DisplayMode, image, screen)
-                : static_cast<TDisplayMode>((item.DisplayMode + 1) % std::size(DisplayModeNames));
+        TDisplayMode& mode = item.DisplayMode;
+        const bool isLimited = HasLimit(mode) || HasLimit(NextDisplayMode(mode, {}, screen));
+        mode = NextDisplayMode(mode, isLimited ? m_preview.SizeOf(item) : TSize(), screen);
     });
 }
 

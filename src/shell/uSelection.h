@@ -38,6 +38,8 @@ public:
     // The wallpaper on the desktop, null when there is none.
     TMuWallpaper* Current() const { return m_current; }
     int CurrentIndex() const;
+    // Where the next and the previous wallpaper count from: Row(), else CurrentIndex().
+    int RowOrCurrent() const { return Count() > 0 ? Row() : CurrentIndex(); }
     bool IsCurrent(const TMuWallpaper& item) const { return &item == m_current; }
     void SetCurrent(TMuWallpaper* item, TCurrentChange change = TCurrentChange::Chosen);
 

@@ -41,9 +41,8 @@ void TTicker::ScheduleTick()
 {
     if (!IsChangeDue())
         return;
-    const int selected = m_core.Selection.Row();
-    const int from = selected >= 0 ? selected : m_core.Selection.CurrentIndex();
-    if (m_applier.TryRow((from + 1 + m_failedChanges) % m_core.List.Count()))
+    const int next = m_core.Selection.RowOrCurrent() + 1;
+    if (m_applier.TryRow((next + m_failedChanges) % m_core.List.Count()))
         m_failedChanges = 0;
     else
         PassOver();

@@ -4,6 +4,7 @@
 
 #include "uCategory.h"
 #include "uConfiguration.h"
+#include "uDisplayMode.h"
 #include "uFileDialogs.h"
 #include "uPath.h"
 #include "uShippedFile.h"
@@ -67,13 +68,9 @@ void TfMain::BindItemActions()
 {
     TSelection& selection = m_murala.Core.Selection;
     const auto hasSelection = [&selection] { return selection.Count() > 0; };
-    static constexpr TActionId modes[] = {
-        aDisplayTiled,       aDisplayCentered,      aDisplayStretched,
-        aDisplayMirrorTiled, aDisplayFitHorizontal, aDisplayFitVertical,
-    };
-    for (std::size_t i = 0; i < std::size(modes); ++i) {
-        const auto mode = static_cast<TDisplayMode>(i);
-        TAction& action = alMain[modes[i]];
+    for (const TDisplayModeRow& row : DisplayModes()) {
+        const TDisplayMode mode = row.Mode;
+        TAction& action = alMain[std::ranges::find(alMain.All(), row.Action, &TAction::Name)->Id];
         action.OnExecute = [this, mode] {
             m_murala.Editor.SetDisplayMode(m_murala.Core.Selection.Items(), mode);
         };
@@ -258,7 +255,8 @@ void TfMain::SetViewMode(TViewMode mode)
 
 void TfMain::SetThumbnailSize(TThumbnailSize size)
 {
-    m_murala.Core.Settings.Window.ThumbnailSize = size >= tsSmall && size <= tsLarge ? size : tsNormal;
+    m_murala.Core.Settings.Window.ThumbnailSize =
+        size >= tsSmall && size <= tsLarge ? size : tsNormal;
     m_panel->Wallpapers().ShowThumbnailSize();
     m_murala.Storage.SaveSettings(TSaveFlags().set(sfThumbnailSize));
 }

@@ -3,6 +3,7 @@
 #include "uMain.h"
 
 #include "uCallLater.h"
+#include "uDisplayMode.h"
 #include "uPath.h"
 #include "uPictureFormats.h"
 #include "uProcessMemory.h"
@@ -180,10 +181,9 @@ void TfMain::FormDpiChanged(wxDPIChangedEvent& event)
 void TfMain::UpdateHints()
 {
     const TMuWallpaper* item = m_murala.Core.Selection.Item();
+    const TDisplayModeRow* mode = item != nullptr ? FindDisplayMode(item->DisplayMode) : nullptr;
     alMain[aDisplayNext].Hint =
-        item != nullptr && item->DisplayMode < std::size(DisplayModeNames)
-            ? FormatText("Display (%s)", {DisplayModeNames[item->DisplayMode]})
-            : "Display";
+        mode != nullptr ? FormatText("Display (%s)", {mode->Text}) : "Display";
     alMain[aNextView].Hint = m_murala.Core.Settings.Window.ViewMode == vmThumbnails
                                  ? "View (Thumbnails)"
                                  : "View (List)";

@@ -13,7 +13,7 @@ namespace
 
 constexpr int Margin = 16; // around a fitted picture, both sides together
 
-// `value` of `from` parts as parts of `to`.
+// Scales `value` from a length of `from` to a length of `to`.
 int Scaled(std::int64_t value, int from, int to)
 {
     if (from < 1)

@@ -35,7 +35,8 @@ TRect Bounds(const std::vector<TRect>& region)
     return bounds;
 }
 
-// The parts of the rectangles in rows that no edge crosses, joined where they touch.
+// Appends the areas between `top` and `bottom`, where no rectangle begins or ends, and joins those
+// that touch.
 void AppendBand(std::vector<TRect>& region, int top, int bottom, std::vector<TRect> crossing)
 {
     std::ranges::sort(crossing, {}, &TRect::Left);
@@ -48,7 +49,7 @@ void AppendBand(std::vector<TRect>& region, int top, int bottom, std::vector<TRe
     }
 }
 
-// The same area as rectangles that do not overlap: what is tinted twice is tinted wrongly.
+// The same area as rectangles that do not overlap, because a pixel must be tinted only once.
 std::vector<TRect> Disjoint(const std::vector<TRect>& region)
 {
     std::set<int> edges;

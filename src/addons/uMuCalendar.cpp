@@ -16,7 +16,8 @@ namespace
 
 constexpr TColor OtherMonthColor = 0x808080;
 constexpr TColor TodayColor = 0x0000FF; // red
-// A line of this many letters is wider than any calendar; measuring takes the square of its length.
+// A longer line is wider than any calendar anyhow, and the time to measure it grows with the square
+// of its length.
 constexpr std::size_t MostTitleLetters = 1000;
 constexpr std::int64_t FarAway = std::int64_t{1} << 28U;
 
@@ -31,7 +32,7 @@ TTint NearestTint(const TTint& tint)
     return {nearest(tint.Red), nearest(tint.Green), nearest(tint.Blue)};
 }
 
-// Dates are taken to the nearest second, which is of the next day just before midnight.
+// Rounds to the nearest second, which just before midnight is the next day's first one.
 TDateTime WithinItsDay(TDateTime date)
 {
     return std::min(date, DayOf(date) + (SecondsPerDay - 1) / SecondsPerDay);

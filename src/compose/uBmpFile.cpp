@@ -91,7 +91,7 @@ public:
     }
 
 private:
-    // Rows that follow each other come in large blocks; where some are passed over, each by itself.
+    // Neighbouring rows are read in large blocks; when rows are left out, each is read by itself.
     void ReadBlock(int y, int index)
     {
         const int rows = y == m_last + 1 ? std::min(m_blockRows, m_header.Size.Height - y) : 1;
@@ -143,8 +143,8 @@ private:
     bool m_isAtEnd = false;
 };
 
-// Decodes run lengths of 4 or 8 bits. What leaves the picture is cut off, what is passed over has
-// index 0.
+// Decodes run lengths of 4 or 8 bits. Runs are cut off at the picture's edge; pixels that no run
+// sets have index 0.
 class TRunLengthDecoder
 {
 public:

@@ -15,7 +15,7 @@ namespace
 
 constexpr TPixel ColorBits = 0xFFFFFF;
 
-// The target's rows in the order in which the source gives them.
+// The target's rows, sorted so that the source can be read from the top down.
 std::vector<int> ReadingOrder(const std::vector<int>& rows)
 {
     std::vector<int> order(rows.size());
@@ -24,7 +24,8 @@ std::vector<int> ReadingOrder(const std::vector<int>& rows)
     return order;
 }
 
-// A row of the source with the background colour in front of it, where Background points.
+// A row of the source. The background colour lies in front of it, at index Background (-1), so that
+// gathering needs no test for it.
 class TSourceRow
 {
 public:
@@ -45,7 +46,7 @@ private:
     std::vector<TPixel> m_pixels;
 };
 
-// Streams the source once from the top down; rows that nothing shows are not read.
+// Reads the source once from the top down and leaves out the rows that the target does not show.
 TBitmap Draw(TImageReader& source, const TDrawMap& map, TPixel background)
 {
     const auto width = static_cast<int>(map.Columns.size());

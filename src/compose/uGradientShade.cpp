@@ -64,7 +64,7 @@ std::string SaveGradient(const TBitmap& strip, const std::string& folder)
     for (int number = 0;; ++number) {
         std::string file = JoinPath(folder, "GradientBitmap" + std::to_string(number) + ".bmp");
         std::error_code error;
-        // Whatever has the name, also a folder or a link that leads nowhere.
+        // A folder or a broken link of that name counts as taken, too.
         if (std::filesystem::exists(std::filesystem::symlink_status(NativePath(file), error)))
             continue;
         SaveBitmapFile(strip, file);

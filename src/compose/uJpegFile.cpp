@@ -57,7 +57,7 @@ std::string ErrorText(TInfo& info)
     return std::string("JPEG: ") + text;
 }
 
-// After a step that gave up: for lack of memory is no fault of the picture.
+// A step that gave up for lack of memory throws std::bad_alloc: the picture is not at fault.
 void CheckMemory(const jpeg_error_mgr& error)
 {
     if (error.msg_code == JERR_OUT_OF_MEMORY)
@@ -80,7 +80,7 @@ struct TFileSource : jpeg_source_mgr {
         term_source = [](j_decompress_ptr) {};
     }
 
-    // Behind the end of the file stands an end of the picture as often as it is asked for.
+    // At the end of the file libjpeg is given an "end of image" marker, however often it asks.
     void Fill(j_decompress_ptr info)
     {
         std::size_t count = std::fread(Block.data(), 1, Block.size(), File);
@@ -183,7 +183,7 @@ public:
         return !m_isTakenIn;
     }
 
-    // After an error that libjpeg does not get over the rest is black.
+    // After an error that libjpeg cannot recover from, the remaining rows are black.
     void ReadRow(int y, TPixel* row) override
     {
         auto* samples = m_ink.empty() ? reinterpret_cast<JSAMPLE*>(row) : m_ink.data();
@@ -243,7 +243,7 @@ private:
         }
     }
 
-    // Some rows of blocks of a scan; after the last one the picture is ready for reading.
+    // Decodes some rows of blocks of a scan. After the last ones the rows can be read.
     void TakeIn()
     {
         for (int row = 0; row < BlockRowsPerPiece && !m_isTakenIn; ++row) {

@@ -30,13 +30,13 @@ public:
     }
 
     TConfiguration Present() const;
-    // The schedule counts from now on.
+    // Assigns the dialog's groups whole and saves once. The schedule's time begins anew.
     void Confirm(const TConfiguration& configuration);
 
     TThumbnailStatistics ThumbnailStatistics() { return m_thumbnails.Statistics(); }
-    // Deletes the files; the items keep their numbers. What is left when the user ends it stays.
+    // Deletes the thumbnails' files; the items keep their numbers. The user can end it in between.
     void DeleteThumbnailCache();
-    // Tells what could not be made. What is made when the user ends it stays.
+    // Tells the user how many could not be made. The user can end it in between.
     void RefreshAllThumbnails();
 
 private:

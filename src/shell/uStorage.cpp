@@ -12,7 +12,7 @@ namespace murala
 namespace
 {
 
-// The reason of what was thrown; what is no failure of a file or of its text goes on.
+// What to tell the user about the error.
 std::string ReasonOf(const std::exception& error)
 {
     if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr)
@@ -43,7 +43,7 @@ void TStorage::LoadSettings(const TPlacement& placement)
     try {
         m_core.List.SetThumbnailFolder(m_core.Settings.Memory.ThumbnailFolder);
     } catch (const EFileError&) {
-        // Thumbnails are then made without being kept; nothing is lost.
+        // Thumbnails are then made anew at every start, because there is no folder to keep them in.
     }
 }
 
@@ -70,7 +70,8 @@ void TStorage::LoadCurrent()
                                            m_core.Services.Siblings.GetVeyraDesktop());
         });
     } catch (const std::exception&) {
-        // The first wallpaper stands for it; the file that names the right one is kept.
+        // The first wallpaper is taken for the current one. Before the settings are saved again,
+        // the file, which names the right one, is kept under another name.
     }
     m_core.Selection.SetCurrent(current >= 0 ? &m_core.List.Item(current) : nullptr);
 }
@@ -96,7 +97,7 @@ void TStorage::Write(TUserFile& file, const TUserFile::TWork& write)
         m_core.Status.Note(FormatText("The unreadable file was kept as %s", {kept}));
 }
 
-// Every change saves, and would tell the same again.
+// Every change saves: without this, each would tell the user of the same problem again.
 void TStorage::TellOnce(std::string& told, const std::string& problem)
 {
     if (m_core.IsSilent || std::exchange(told, problem) != problem)
@@ -123,7 +124,8 @@ void TStorage::WriteSettings(const std::string& path, TSaveFlags parts)
     TListState list{m_core.List.Count(), current != nullptr ? current->FileName() : "", 0};
     if (parts[sfWallpaperCurrent] && current != nullptr)
         list.Desktop = m_core.Services.Siblings.GetVeyraDesktop();
-    // The file is read again each time: what the user wrote into it meanwhile stays.
+    // The file is read again before it is written, so that what the user has written into it
+    // meanwhile stays.
     TIniFile file = TIniFile::Load(path);
     murala::SaveSettings(file, m_core.Settings, list, parts);
     file.Save(path);

@@ -18,16 +18,18 @@ public:
     {
     }
 
-    // `placement` is the window's present one. Settings that cannot be read stay as they are (their
-    // defaults at first); that is told once, and the file is kept before it is written.
+    // `placement` is the window's present one. When the file cannot be read, the settings stay as
+    // they are (at first: the defaults), the user is told once, and the file is kept under another
+    // name before it is written again.
     void LoadSettings(const TPlacement& placement);
     // The list file and the current wallpaper. What cannot be read is told to the user; the whole
     // file is then kept under another name before it is written again.
     void LoadList();
     // The current wallpaper of the present virtual desktop.
     void LoadCurrent();
-    // Reads the settings again, as another program may have left them, while this one runs: what is
-    // only in memory stays, and everything, when what was to be saved could not be saved.
+    // Reads the settings again while the program runs, because another program may have changed
+    // them. SettingKeys says which values stay as they are in memory. Does nothing while there are
+    // settings that could not be saved.
     void ReloadSettings();
 
     // Both are skipped while Updating. Failures are told to the user, the same one once.

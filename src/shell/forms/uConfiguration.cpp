@@ -48,7 +48,7 @@ TfConfiguration::TfConfiguration(wxWindow* parent, TMurala& murala, const TActio
     AddPage(*pages, BuildWallpapersPage(pages), "&Wallpapers");
     wxWindow* thumbnails = BuildThumbnailsPage(pages);
     AddPage(*pages, thumbnails, "Thum&bnails");
-    // Asking the disk for every file takes a moment: when the page is looked at.
+    // Asking the disk for every thumbnail takes a moment, so it waits until the page is looked at.
     pages->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this, pages, thumbnails](wxBookCtrlEvent& event) {
         event.Skip();
         if (pages->GetCurrentPage() == thumbnails)
@@ -238,7 +238,7 @@ void TfConfiguration::ShowStatistics()
         value->Update();
     }
     const TThumbnailStatistics statistics = m_murala.Configurator.ThumbnailStatistics();
-    // The blanks in front line nothing up in letters of different widths.
+    // The blanks in front would line numbers up only if all letters had the same width.
     lSize->SetLabel(ToWx(statistics.SizeText()).Trim(false));
     lShare->SetLabel(ToWx(statistics.ShareText()).Trim(false));
     lCount->SetLabel(ToWx(statistics.CountText()));

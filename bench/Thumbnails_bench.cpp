@@ -132,7 +132,7 @@ double PlainLoop(const std::vector<std::string>& names, const fs::path& folder)
     return TMilliseconds(std::chrono::steady_clock::now() - start).count();
 }
 
-// Through the road of the window's idle time.
+// As the window does it while it is idle.
 double Cache(TMuWallpaperList& list, double& longestStep)
 {
     const auto start = std::chrono::steady_clock::now();

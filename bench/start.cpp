@@ -81,7 +81,7 @@ void WaitForWindow(Display* display, TClock::time_point end)
 // Milliseconds to the window.
 double Start(Display* display, const std::string& program)
 {
-    XSync(display, True); // what came before is none of this run's
+    XSync(display, True); // events of the run before
     std::string name = program;
     char* words[] = {name.data(), nullptr};
     pid_t child = 0;

@@ -13,7 +13,7 @@ namespace
 constexpr int Width = 60, Height = 48;
 constexpr TPixel Around = 0x123456;
 
-// Text of known measures, drawn as a box.
+// Draws a box of known size instead of each text.
 struct TBoxText : TTextDrawing {
     TSize Measure(const TMuFont& font, const std::string& text) override
     {
@@ -46,7 +46,7 @@ void CheckSettings(const TCalendarSettings& settings, std::string_view text)
     Require(Reread(again) == again, "settings that were saved once do not change any more");
 }
 
-// The picture is drawn on nowhere but in the calendar's rectangle.
+// Only the calendar's rectangle may change.
 void CheckDrawing(const TMuCalendar& calendar)
 {
     TBitmap picture(Width, Height);

@@ -33,7 +33,7 @@ constexpr std::string_view Usage =
   --date YYYY-MM-DD          the calendar's day instead of today
 )";
 
-// A wrong command line.
+// The program was called wrongly.
 struct EUsage {
 };
 
@@ -80,7 +80,7 @@ public:
         return *number;
     }
 
-    // The index of a name, which may be given itself.
+    // The index of a name; the word may also be the index itself.
     template<typename TEnum>
     TEnum NextName(std::span<const std::string_view> names)
     {

@@ -12,7 +12,7 @@ namespace
 {
 constexpr int LaunchPauseMs = 1000;
 
-// A list from elsewhere must not start programs from anywhere.
+// The list file may be somebody else's: it must not name programs outside of the folder.
 bool IsFileName(std::string_view name)
 {
     return name.find_first_of("/\\:") == std::string_view::npos;

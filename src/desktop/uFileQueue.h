@@ -16,8 +16,8 @@ public:
 
     // Names that are there already are not doubled. False when not all of them could be kept.
     virtual bool QueueFiles(const std::vector<std::string>& names) = 0;
-    // Empties the queue. A name that cannot be taken out is left out: it would come again and
-    // again.
+    // Empties the queue. A name that cannot be deleted from it is not returned: it would be
+    // returned again and again.
     virtual std::vector<std::string> TakeQueuedFiles() = 0;
 };
 

@@ -65,7 +65,7 @@ std::optional<TEntry> FindLargest(const std::string& content)
 
 TBitmap LoadIconFile(const std::string& fileName)
 try {
-    // Pipes and devices could keep us waiting for ever.
+    // Reading a pipe or a device might never end.
     std::error_code ignored;
     if (!std::filesystem::is_regular_file(NativePath(fileName), ignored))
         throw EInvalidImage(fileName, "there is no such file");

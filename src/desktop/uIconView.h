@@ -39,7 +39,7 @@ public:
 
 std::unique_ptr<TIconView> NewIconView();
 
-// Both ask only, when the labels are so already.
+// Neither changes anything when the labels are so already.
 void SetIconsTransparent(TIconView& icons);
 void SetIconsOpaque(TIconView& icons, TDesktop& desktop);
 

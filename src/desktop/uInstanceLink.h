@@ -19,8 +19,9 @@ public:
 
     // Whether a copy has its main window (class TfMain, caption "Murala").
     virtual bool IsRunning() = 0;
-    // Posts WM_USER + 1 to it. False when there is none. One that hangs, or that refuses what the
-    // system does not let through, is not waited for: it finds its files when it looks again.
+    // Posts WM_USER + 1 to it. False when there is none. It does not wait for a copy that hangs or
+    // that may not be sent messages: that copy finds its files when it looks for them the next
+    // time.
     virtual bool PostWake() = 0;
 
     // The start lock. Waits as long as another start holds it; the lock of a start that was killed

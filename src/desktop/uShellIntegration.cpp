@@ -28,8 +28,7 @@ try {
     const auto file = std::filesystem::absolute(NativePath(argument));
     return PathText((file.parent_path() / NativePath(*name)).lexically_normal());
 } catch (const std::runtime_error&) {
-    return std::nullopt; // no name that this system could have, or relative to a folder that is
-                         // gone
+    return std::nullopt; // the name is impossible here, or relative to a folder that is gone
 }
 
 } // namespace

@@ -10,7 +10,7 @@ namespace
 {
 
 constexpr int DotsPerInch = 96, PointsPerInch = 72;
-constexpr int MaxPoints = 3000; // four screens high
+constexpr int MaxPoints = 3000; // four times as high as a screen
 
 } // namespace
 
@@ -20,7 +20,7 @@ int FontPixels(int points)
     return std::max(1, (std::abs(size) * DotsPerInch + PointsPerInch / 2) / PointsPerInch);
 }
 
-// Letters may lean out of their line, and another font may help out with larger ones.
+// The margin is for letters that lean out of their line, or that come from another, larger font.
 TRect TextPart(TTextDrawing& drawing, const TMuFont& font, const std::string& text, int x, int y,
                const TRect& clip, const TBitmap& bitmap)
 {

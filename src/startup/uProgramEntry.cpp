@@ -16,7 +16,7 @@ TEntry EnterProgram(const std::vector<std::string>& arguments, TFileMenu& fileMe
     }
     RaiseProcessPriority();
     const bool queued = QueueFilesFromCommandLine(fileQueue, arguments);
-    // A copy that ends between being found and being woken leaves the files to this one.
+    // The other copy may have ended since it was found: then this one takes the files itself.
     while (true) {
         if (!link.IsRunning())
             link.Lock();

@@ -18,7 +18,7 @@ enum class TEntry {
 };
 
 // `arguments` without the program's own name. The files among them are queued for whichever copy
-// takes them. It needs no window system.
+// takes them. This works without a screen.
 TEntry EnterProgram(const std::vector<std::string>& arguments, TFileMenu& fileMenu,
                     TFileQueue& fileQueue, TInstanceLink& link);
 

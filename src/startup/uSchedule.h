@@ -16,8 +16,8 @@ inline constexpr std::string_view WeekdayNames[] = {
     "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday",
 };
 
-// Whether a change is due at `now`. Values that no dialog gives are taken for the nearest that it
-// does.
+// Whether a change is due at `now`. Values outside of what the dialog offers count as the nearest
+// one that it offers.
 bool IsChangeDue(const TScheduleSettings& schedule, TDateTime lastChange, TDateTime now);
 
 // The moment that intervals are counted from. A last change in the future (the clock was set back)

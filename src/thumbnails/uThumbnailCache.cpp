@@ -24,8 +24,8 @@ constexpr std::string_view OutOfResources = "Out of system resources.";
 constexpr std::string_view KeptElsewhere =
     "It lies in a cloud only. \"Refresh Thumbnail\" fetches it.";
 
-// In whole seconds: a picture that changes within the second in which its thumbnail was made is
-// then as old as that, and counts as changed. Nothing when there is no such file.
+// The time of the last change in whole seconds, so that a picture that changes in the second in
+// which its thumbnail was made counts as changed. Nothing when there is no such file.
 std::optional<std::chrono::seconds> FileAge(const std::string& fileName)
 {
     std::error_code error;
@@ -147,7 +147,7 @@ bool TThumbnailCache::IsWanted(const TMuWallpaper& item) const
     return !item.Thumbnail && !m_failed.contains(item.FileName());
 }
 
-// What was begun is ended first, and a second try follows the first one at once.
+// An item that was begun is finished first; a second try follows the first one at once.
 TMuWallpaper* TThumbnailCache::NextWanted(std::span<TMuWallpaper* const> shown) const
 {
     const auto begun = std::ranges::find_if(shown, [this](const TMuWallpaper* item) {
@@ -237,7 +237,7 @@ TThumbnailStep TThumbnailCache::Hold(TMuWallpaper& item, TBitmap thumbnail)
     m_list.LoadedThumbnails.push_back(item.FileName());
     m_failed.erase(item.FileName());
     if (m_secondTry == item.FileName())
-        EndSecondTry(m_list.MaxThumbnails); // there was too little room
+        EndSecondTry(m_list.MaxThumbnails); // it lacked memory: the lower limit stays
     return {TThumbnailProgress::Made, &item, {}};
 }
 
@@ -251,17 +251,17 @@ TThumbnailStep TThumbnailCache::Recover(TMuWallpaper& item, const std::string& r
     const bool isAllShown =
         std::ranges::all_of(loaded, [this](const std::string& file) { return IsShown(file); });
     if (isAllShown || m_secondTry == item.FileName()) {
-        EndSecondTry(m_limitBefore); // room was not what it lacked
+        EndSecondTry(m_limitBefore); // it did not lack memory: the limit is as before
         m_failed.insert_or_assign(item.FileName(), TClock::now());
         return {TThumbnailProgress::Failed, &item, reason};
     }
-    // What is on the screen would be loaded again at once.
+    // Thumbnails on the screen stay: they would be loaded again at once.
     m_list.TrimThumbnails(static_cast<int>(loaded.size()), m_shownFiles);
     m_secondTry = item.FileName();
     return {TThumbnailProgress::Working, &item, {}};
 }
 
-// The limit was lowered for it.
+// The limit was lowered for the second try.
 void TThumbnailCache::EndSecondTry(std::optional<std::int32_t> limit)
 {
     m_list.MaxThumbnails = limit.value_or(m_list.MaxThumbnails);

@@ -60,10 +60,10 @@ public:
     // The thumbnail if it is in memory, else null. Painting may ask as often as it likes.
     static const TBitmap* Held(const TMuWallpaper& item);
 
-    // Held, loaded from its file (when that is newer than the picture) or made. What is used and is
-    // not among the first eleven loaded ones goes to the front, where it is the next to be freed:
-    // the order is meant so. On any failure all thumbnails are freed once and it is tried again.
-    // Throws EThumbnail.
+    // Takes the thumbnail from memory, else loads its file (when that is newer than the picture),
+    // else makes it. One that is used and is not among the first eleven moves to the front, where
+    // it is the next to be freed; this odd order is intended. After a failure all thumbnails are
+    // freed and it is tried once more. Throws EThumbnail.
     const TBitmap& GetThumbnail(TMuWallpaper& item);
 
     // A short step towards the first of the items that is not in memory: loading a file, or a
@@ -73,11 +73,11 @@ public:
     TThumbnailStep MakeNext(std::span<TMuWallpaper* const> shown);
     // The same for one item, on the screen or not.
     TThumbnailStep Make(TMuWallpaper& item);
-    // All that is on the screen has just come there.
+    // Treats everything on the screen as having just come there.
     void ShowAnew() { m_shown.clear(); }
 
     // Frees the thumbnail and deletes its file, so that it is made again when it is asked for.
-    // False when the file cannot be deleted; then it is used no more.
+    // False when the file cannot be deleted; the cache then ignores it.
     bool Refresh(TMuWallpaper& item);
 
     // Gives a number to every item that has none.
@@ -94,7 +94,7 @@ public:
 private:
     struct TMaking {
         TMuWallpaper* Item;
-        std::string FileName; // tells a new item at an old one's address
+        std::string FileName; // a new item may lie at the address of one that is gone
         TThumbnailMaker Maker;
     };
     void Touch(const TMuWallpaper& item);
@@ -117,7 +117,7 @@ private:
     TMuWallpaperList& m_list;
     std::optional<TMaking> m_making;
     std::string m_secondTry;                   // the file name of the item that failed once
-    std::optional<std::int32_t> m_limitBefore; // it was lowered
+    std::optional<std::int32_t> m_limitBefore; // as it was before it was lowered for a second try
     std::unordered_map<std::string, TClock::time_point> m_failed; // by file name
     std::unordered_set<std::string> m_refreshed; // files that the user has asked for
     std::vector<std::uint64_t> m_shown;          // ids
@@ -145,7 +145,7 @@ private:
     TThumbnailCache& m_cache;
     TMuWallpaperList& m_list;
     int m_position = 0;
-    bool m_isBegun = false; // the item at the position
+    bool m_isBegun = false; // with the item at m_position
     std::vector<std::string> m_errors;
 };
 

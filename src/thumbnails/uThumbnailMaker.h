@@ -9,7 +9,8 @@
 namespace murala
 {
 
-// Every thumbnail is stored so, whatever the picture's proportions and the size of display.
+// The size in which thumbnails are stored, whatever the picture's proportions and their size on
+// screen.
 inline constexpr TSize StoredThumbnailSize = {64, 48};
 
 // How much smaller a JPEG of this size is decoded for its thumbnail: 1, 2, 4 or 8 times.
@@ -33,7 +34,7 @@ private:
     std::string m_fileName;
     TDrawMap m_map;
     TBitmap m_thumbnail;
-    std::vector<TPixel> m_line; // the picture's row m_present
+    std::vector<TPixel> m_line; // the row m_present of the picture
     int m_present = Background;
     int m_next = 0; // the thumbnail's first row that is not drawn
 };

@@ -18,8 +18,8 @@ std::string ClassName(HWND window)
     return {name.data(), static_cast<std::size_t>(length)};
 }
 
-// The window behind this one; null at the end, also of a chain that is changed meanwhile and comes
-// round.
+// The window behind this one; null at the end. Windows may move while we walk: coming back to the
+// first one ends the walk, too.
 HWND NextSibling(HWND window, HWND first)
 {
     const HWND next = GetWindow(window, GW_HWNDNEXT);

@@ -1,5 +1,5 @@
-// The windows of the shell: the desktop's icon list and the task bar. Each is null when it is not
-// there.
+// Finds the windows of the shell: the desktop's icon list and the task bar. Null when there is
+// none.
 #pragma once
 
 #include <windows.h>
@@ -17,7 +17,7 @@ HWND FindDesktopView();
 HWND FindDesktopListView();
 HWND FindTaskBar();
 
-// Dots an inch where the task bar is, which the user may change while the program runs.
+// Dots an inch on the task bar's monitor; the user may change it while the program runs.
 UINT TaskBarDpi();
 
 } // namespace murala

@@ -1,4 +1,4 @@
-// A window of our own that nobody sees, for messages.
+// An invisible window of our own, which receives messages.
 #pragma once
 
 #include "uWindowsHandles.h"
@@ -6,8 +6,8 @@
 namespace murala
 {
 
-// `data` is the window's GWLP_USERDATA; messages of its creation come before that is set. Null when
-// the system has no more windows.
+// `onMessage` finds `data` in the window's GWLP_USERDATA, which is still 0 while the window is
+// made. Null when the system can make no more windows.
 TWindow NewHiddenWindow(const char* className, WNDPROC onMessage, void* data);
 
 } // namespace murala

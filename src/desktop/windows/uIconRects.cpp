@@ -13,8 +13,8 @@ namespace
 
 constexpr ULONGLONG PatienceMs = 3000;
 
-// A rectangle in the memory of the program that a window belongs to, which alone can read and write
-// what a message's address means.
+// A rectangle in the memory of the program that the window belongs to: an address in a message
+// means that program's memory.
 class TRemoteRect
 {
 public:
@@ -42,7 +42,7 @@ public:
     {
         return ReadProcessMemory(m_process.get(), m_place, &rect, sizeof rect, nullptr) != FALSE;
     }
-    // Of a program that has not answered: it may still write there, so the memory stays its own.
+    // A program that has not answered may still write there: then the memory is never freed.
     void Leave() { m_place = nullptr; }
 
 private:
@@ -60,7 +60,7 @@ private:
 
 enum class TAnswer { Given, Refused, None };
 
-// `part`: LVIR_ICON or LVIR_LABEL. On the screen.
+// In coordinates of the screen. `part`: LVIR_ICON or LVIR_LABEL.
 TAnswer AskForRect(HWND list, TRemoteRect& memory, int item, int part, RECT& rect)
 {
     rect = {part, 0, 0, 0};

@@ -12,8 +12,9 @@ namespace murala
 enum class TRoot { ClassesRoot, CurrentUser, LocalMachine };
 
 // Keys are divided by "\"; they and the names of values are the same in any letter case. The value
-// with the empty name is the key's default value. All values are texts. It is a seam of this folder
-// alone, since an ordinary user, whom parts of the registry refuse, cannot be had in a test.
+// with the empty name is the key's default value. All values are texts. This class is an interface
+// for the tests' sake: they cannot run as an ordinary user, whom Windows refuses parts of the
+// registry.
 class TRegistry
 {
 public:

@@ -8,8 +8,8 @@
 namespace murala
 {
 
-// Waits for the answer, a second at the most and not for a window that is known to hang;
-// messages that are sent to this program meanwhile are handled. Nothing without an answer.
+// Waits a second at the most for the answer, and not at all for a window that is known to hang.
+// Messages that others send to this program meanwhile are handled. Nothing when no answer comes.
 inline std::optional<LRESULT> AskProgram(HWND window, UINT message, WPARAM wParam = 0,
                                          LPARAM lParam = 0)
 {
@@ -20,7 +20,7 @@ inline std::optional<LRESULT> AskProgram(HWND window, UINT message, WPARAM wPara
     return static_cast<LRESULT>(answer);
 }
 
-// The same; 0 without an answer.
+// The same, but 0 when no answer comes.
 inline LRESULT SendToProgram(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
 {
     return AskProgram(window, message, wParam, lParam).value_or(0);

@@ -28,7 +28,7 @@ TPlaces RunPlaces()
     return {{TRoot::LocalMachine, std::string(RunKey)}, {TRoot::CurrentUser, std::string(RunKey)}};
 }
 
-// Of an unknown file type the verb lies in the "Shell" key of the root itself.
+// Where the file type is unknown, the verb goes into the "Shell" key of the root itself.
 std::vector<TPlaces> VerbPlaces(TRegistry& registry, std::string_view extension,
                                 std::string_view verb)
 {
@@ -190,7 +190,7 @@ public:
     }
 
 private:
-    // It reads all its menus and icons anew, which the user sees.
+    // Only after a change: the shell reads all menus and icons again, and the icons flicker.
     static void TellShell(bool isChanged)
     {
         if (isChanged)

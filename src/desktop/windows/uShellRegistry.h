@@ -4,8 +4,8 @@
 // The file types and the start entry belong to the whole machine. Where an ordinary user may not
 // write there, the same values go below HKEY_CURRENT_USER, and are found and removed there, too.
 //
-// A command lies below the file's type and, since the user may have chosen another program for
-// such files, whose type is another one, also below the extension's system-wide key.
+// A command lies below the file's type. The user may have chosen another program for such files,
+// which gives them another type; so it also lies below the extension's system-wide key.
 #pragma once
 
 #include "uRegistry.h"

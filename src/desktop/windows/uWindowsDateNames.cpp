@@ -7,7 +7,7 @@ namespace murala
 namespace
 {
 
-// What the system knows under the number; empty when it knows nothing.
+// The system's text of this number; empty when it has none.
 std::string Known(const std::wstring& language, LCTYPE what)
 {
     const wchar_t* name = language.empty() ? LOCALE_NAME_USER_DEFAULT : language.c_str();
@@ -30,7 +30,7 @@ void TakeAll(const std::wstring& language, LCTYPE first, TNames& names)
         Take(language, first++, name);
 }
 
-// Times have "tt" where ours have "ampm".
+// Windows writes "tt" in a time where our formats have "ampm".
 void TakeTime(const std::wstring& language, LCTYPE what, std::string& format)
 {
     Take(language, what, format);

@@ -1,5 +1,6 @@
 #include "uColorText.h"
 #include "uDesktop.h"
+#include "uDoor.h"
 #include "uHiddenWindow.h"
 #include "uPath.h"
 #include "uWindowsHandles.h"
@@ -39,11 +40,11 @@ void StoreDesktopColorText(const std::string& text)
 {
     const std::string file = JoinPath(WindowsFolder(), "win.ini");
     WritePrivateProfileStringA("colors", "Background", text.c_str(), file.c_str());
-    // With no names the call writes what it holds back.
+    // Windows keeps the file in memory; a call without names writes it to the disk.
     WritePrivateProfileStringA(nullptr, nullptr, nullptr, file.c_str());
 }
 
-// Where all monitors lie, and the first of them.
+// What tells one arrangement of monitors from another.
 struct TLayout {
     TRect Screens;
     TSize Primary;
@@ -60,7 +61,7 @@ TLayout ReadLayout()
             GetSystemMetrics(SM_CMONITORS)};
 }
 
-// A window that nobody sees, which is told what the system tells to all.
+// An invisible window: the system tells every window when the monitors change.
 class TScreenListener
 {
 public:
@@ -74,7 +75,7 @@ public:
 
 private:
     static constexpr UINT_PTR TimerId = 1;
-    static constexpr UINT SettlingMs = 1000; // a change comes as several messages
+    static constexpr UINT SettlingMs = 1000; // one change of the monitors sends several messages
 
     static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     {
@@ -82,7 +83,7 @@ private:
         if (message == WM_DISPLAYCHANGE)
             SetTimer(window, TimerId, SettlingMs, nullptr);
         else if (message == WM_TIMER && self != nullptr)
-            self->Settled();
+            NoThrow([=] { self->Settled(); });
         return DefWindowProcA(window, message, wParam, lParam);
     }
 

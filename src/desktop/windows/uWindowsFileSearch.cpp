@@ -22,7 +22,7 @@ using TFind = std::unique_ptr<HANDLE, TFindCloser>;
 std::vector<std::string> FindNames(const std::string& pattern, std::size_t limit)
 {
     std::vector<std::string> names;
-    WIN32_FIND_DATAW found{}; // its A form has no room for long names in UTF-8
+    WIN32_FIND_DATAW found{}; // the A form has too little room for long names in UTF-8
     const TFind search(FindFirstFileW(WideText(pattern).c_str(), &found));
     if (search.get() == INVALID_HANDLE_VALUE)
         return names;

@@ -27,7 +27,7 @@ using TMemoryContext = TOwned<HDC, DeleteDC>;
 template<class T>
 using TGdiObject = TOwned<T, DeleteObject>;
 
-// An existing key; empty when it cannot be opened so.
+// Opens an existing key; empty when it is not there or that access is refused.
 inline TKey OpenKey(HKEY root, const std::string& path, REGSAM access)
 {
     HKEY key = nullptr;
@@ -35,7 +35,7 @@ inline TKey OpenKey(HKEY root, const std::string& path, REGSAM access)
                                                                                     : nullptr);
 }
 
-// An object is in use in a context for a time.
+// Selects an object into a context; the destructor selects the one before again.
 class TSelection
 {
 public:

@@ -39,8 +39,8 @@ std::vector<TRect> RegionRects(HRGN region)
     return rects;
 }
 
-// In this style a list gives itself a region of its icons and labels, where the shell's controls
-// know it, which newer ones do not; afterwards its style is as it was before.
+// While it lives the list has the style in which it gives itself a region of its icons and labels.
+// Only older versions of the shell's controls know that style.
 class TRegionalStyle
 {
 public:

@@ -1,3 +1,4 @@
+#include "uDoor.h"
 #include "uInstanceLink.h"
 #include "uWindowsHandles.h"
 
@@ -11,10 +12,10 @@ namespace
 
 constexpr DWORD SliceMs = 250;
 
-// The semaphore stays as it was when the process that holds it is killed, as long as somebody else
-// has it open, waiting. So starts queue at a mutex, which the system frees with its process, and
-// only the one at the head waits for the semaphore, opening it anew again and again: if nobody else
-// has it, the system makes a new one, and that is free.
+// When a process that holds the semaphore is killed, the semaphore stays taken for as long as
+// another process has it open. So starts queue at a mutex, which the system frees when its process
+// ends. Only the first in the queue waits for the semaphore, and it closes and opens it again and
+// again: once nobody else has it open, the system makes a new one, which is free.
 class TStartLock
 {
 public:
@@ -76,7 +77,8 @@ public:
             m_ownWindow = MakeWindow();
         m_listening = mainWindow != nullptr ? static_cast<HWND>(mainWindow) : m_ownWindow.get();
         SetWindowSubclass(m_listening, OnMessage, SubclassId, reinterpret_cast<DWORD_PTR>(this));
-        // Run as administrator, it would otherwise not hear copies that are not.
+        // Without this a copy that runs as administrator would not be sent messages by ordinary
+        // ones.
         ChangeWindowMessageFilterEx(m_listening, WakeMessage, MSGFLT_ALLOW, nullptr);
     }
 
@@ -102,7 +104,7 @@ private:
     {
         auto* link = reinterpret_cast<TWindowsInstanceLink*>(self);
         if (message == WakeMessage) {
-            link->m_onWake();
+            NoThrow(link->m_onWake);
             return 0;
         }
         if (message == WM_NCDESTROY) {

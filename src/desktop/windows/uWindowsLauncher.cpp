@@ -10,7 +10,7 @@ namespace murala
 namespace
 {
 
-constexpr const char* Verbs[] = {"open", "edit", "explore"}; // as TShellVerb counts
+constexpr const char* Verbs[] = {"open", "edit", "explore"}; // in the order of TShellVerb
 
 class TWindowsLauncher : public TLauncher
 {

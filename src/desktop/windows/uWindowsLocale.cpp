@@ -10,7 +10,8 @@ namespace murala
 namespace
 {
 
-// The key's size, 0 when there is not enough room for it. Without any room: the size that it needs.
+// Writes the sort key and returns its size, 0 when it does not fit. Without room it writes nothing
+// and returns the size that the key needs.
 int MapToKey(const std::string& text, char* key, int room)
 {
     return LCMapStringA(LOCALE_USER_DEFAULT, LCMAP_SORTKEY | LOCALE_USE_CP_ACP, text.data(),
@@ -29,13 +30,13 @@ public:
             size = MapToKey(text, key.data(), static_cast<int>(key.size()));
         }
         key.resize(static_cast<std::size_t>(size));
-        return key; // of an empty text there is none: it comes first
+        return key; // the empty one of an empty text, which comes first
     }
 
     std::string UpperCase(const std::string& text) override
     {
-        // An upper-case letter may have more bytes than the lower-case one: in UTF-16 both have the
-        // same length. Bytes that are no text stay as they are.
+        // By way of UTF-16, where an upper-case letter is as long as the lower-case one; in UTF-8
+        // it may have more bytes. Bytes that are no text stay as they are.
         std::wstring wide(text.size(), L'\0');
         const auto size = static_cast<int>(text.size());
         const int count =

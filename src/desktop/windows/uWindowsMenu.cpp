@@ -12,9 +12,9 @@ namespace murala
 namespace
 {
 
-using TMenu = TOwned<HMENU, DestroyMenu>; // with the ones below it
+using TMenu = TOwned<HMENU, DestroyMenu>; // destroys the menus below it, too
 
-// Gives every entry a number, by which it is known when it was chosen.
+// Gives every entry a number: that is how Windows tells which one was chosen.
 class TBuilder
 {
 public:

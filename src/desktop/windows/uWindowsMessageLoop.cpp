@@ -10,14 +10,14 @@ namespace
 
 constexpr DWORD LongestWaitMs = 50;
 
-// With the W functions: the toolkit's windows would get letters as question marks.
+// By the W functions: by the A functions the toolkit's windows would get letters as question marks.
 bool HandleMessageIfPending()
 {
     MSG message;
     if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE)
         return false;
     if (message.message == WM_QUIT) {
-        PostQuitMessage(static_cast<int>(message.wParam)); // for the main loop
+        PostQuitMessage(static_cast<int>(message.wParam)); // so that the main loop ends, too
         return false;
     }
     TranslateMessage(&message);

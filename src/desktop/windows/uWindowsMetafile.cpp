@@ -17,7 +17,8 @@ namespace
 
 using TMetafile = TOwned<HENHMETAFILE, DeleteEnhMetaFile>;
 
-// What most metafiles of the old kind begin with; the system's functions do not know it.
+// A header that most metafiles of the old kind have in front; the system's functions do not know
+// it.
 #pragma pack(push, 1)
 struct TPlaceableHeader {
     DWORD Mark;
@@ -42,7 +43,7 @@ METAFILEPICT PlaceOf(const TPlaceableHeader& header)
             nullptr};
 }
 
-// The system plays records beyond the end.
+// Whether all records lie in the file: the system would read beyond its end.
 bool IsWhole(std::string_view oldMetafile)
 {
     METAHEADER header{};
@@ -72,7 +73,7 @@ TMetafile OpenMetafile(const std::string& fileName)
                                         nullptr, isPlaceable ? &place : nullptr));
 }
 
-// Its frame is in hundredths of a millimetre; pixels by 96 dots an inch.
+// The header gives the frame in hundredths of a millimetre; a pixel is 1/96 inch.
 TSize SizeOf(HENHMETAFILE file)
 {
     ENHMETAHEADER header{};

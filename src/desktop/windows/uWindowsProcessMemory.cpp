@@ -12,7 +12,7 @@ void GiveBackFreeMemory()
     SetProcessWorkingSetSize(GetCurrentProcess(), asLittleAsPossible, asLittleAsPossible);
 }
 
-// They do.
+// Threads share the memory of their process here anyway.
 void ShareMemoryOfThreads()
 {
 }

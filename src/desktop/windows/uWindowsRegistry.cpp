@@ -81,7 +81,7 @@ public:
         return opened && RegDeleteValueA(opened.get(), name.c_str()) == ERROR_SUCCESS;
     }
 
-    // The system itself refuses to delete a key with keys below it.
+    // Windows refuses to delete a key that has keys below it.
     void DeleteKey(TRoot root, const std::string& key) override
     {
         RegDeleteKeyA(RootKey(root), key.c_str());

@@ -46,8 +46,8 @@ private:
             NoThrow(handle);
     }
 
-    // Neither message comes to the toolkit: that would close the window during the question, and
-    // delete all windows at the end, also those that still wait for the user.
+    // Keeps both messages from the toolkit: it would close the window at the question, and at the
+    // end delete all windows, also dialogs that are still open.
     static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                       UINT_PTR /*id*/, DWORD_PTR self)
     {

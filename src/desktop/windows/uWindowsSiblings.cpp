@@ -22,7 +22,7 @@ HWND OwnMainWindow()
     return window;
 }
 
-// Takes one registered message out of what is sent to a window, as long as it lives.
+// While it lives, it reads the answer out of one registered message to a window.
 class TAnswer
 {
 public:
@@ -83,7 +83,7 @@ public:
     void PostClose(TWindowId window) override
     {
         PostMessageA(reinterpret_cast<HWND>(window), WM_CLOSE, 0, 0);
-        // Windows of other threads are not waited for: each that hangs would cost time.
+        // Windows of other programs are not waited for: one that hangs would hold us up.
         SendNotifyMessageA(HWND_BROADCAST, WM_NULL, 0, 0);
     }
 
@@ -93,7 +93,7 @@ private:
     UINT m_getDesktop = RegisterWindowMessageA(GetDesktopMessage);
     UINT m_tellDesktop = RegisterWindowMessageA(TellDesktopMessage);
     UINT m_wallpaperChange = RegisterWindowMessageA(WallpaperChangeMessage);
-    // Known to the system from here on, as Rovane expects; nothing is sent with it.
+    // Rovane expects that the message is registered; Murala never sends it.
     [[maybe_unused]] UINT m_rovaneTarget = RegisterWindowMessageA(RovaneTargetMessage);
 };
 

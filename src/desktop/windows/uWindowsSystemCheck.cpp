@@ -4,7 +4,8 @@
 namespace murala
 {
 
-// Since version 1903 a program's manifest makes UTF-8 its code page, which all text here is in.
+// All our text is UTF-8: the manifest makes that the code page, which Windows obeys since version
+// 1903.
 std::string SystemProblem()
 {
     return GetACP() == CP_UTF8 ? "" : "Murala needs Windows 10, version 1903, or a later Windows.";

@@ -18,7 +18,7 @@ namespace
                             "Cannot draw text");
 }
 
-// Fonts of the same measures, of which a machine without the first has one.
+// Fonts with the same measures as the first one, for a machine that does not have that.
 constexpr const wchar_t* Relatives[][3] = {
     {L"Arial", L"Liberation Sans", L"Arimo"},
     {L"Times New Roman", L"Liberation Serif", L"Tinos"},
@@ -55,7 +55,7 @@ std::wstring PresentFont(HDC context, const std::wstring& name)
     return name;
 }
 
-// A part of a bitmap as the system draws on it; the destructor gives the pixels back.
+// A copy of a part of a bitmap, for the system to draw on; the destructor copies the pixels back.
 class TDrawingPart
 {
 public:
@@ -137,7 +137,8 @@ private:
         wanted.lfUnderline = font.Underline;
         wanted.lfStrikeOut = font.Strikeout;
         wanted.lfCharSet = DEFAULT_CHARSET;
-        wanted.lfQuality = ANTIALIASED_QUALITY; // coloured edges would suit one kind of screen
+        wanted.lfQuality =
+            ANTIALIASED_QUALITY; // ClearType's coloured edges suit one kind of screen only
         PresentFont(m_context.get(), WideText(font.Name)).copy(wanted.lfFaceName, LF_FACESIZE - 1);
         m_handle.reset(CreateFontIndirectW(&wanted));
         if (!m_handle)
@@ -148,7 +149,7 @@ private:
 
     TMemoryContext m_context;
     TGdiObject<HFONT> m_handle;
-    std::optional<TMuFont> m_font; // what the handle is for
+    std::optional<TMuFont> m_font; // the font that the handle is of
 };
 
 } // namespace

@@ -3,7 +3,7 @@
 namespace murala
 {
 
-// Services keep whole files here, or none.
+// On Linux cloud services keep whole files in their folders, or none.
 bool IsKeptElsewhere(std::string_view /*path*/)
 {
     return false;

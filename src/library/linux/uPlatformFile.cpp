@@ -13,9 +13,9 @@ namespace murala
 namespace
 {
 
-// Replacing a file by a rename makes some file systems (ext4) write the new one to the disk at
-// once; exchanging the two and deleting the old one does not. Readers see the same: one file or the
-// other.
+// When a rename replaces a file, some file systems (ext4) write the new one to the disk at once,
+// which takes time. Exchanging the two and deleting the old one avoids that, and readers still see
+// one whole file or the other.
 bool ExchangeOver(const std::filesystem::path& from, const std::filesystem::path& to)
 {
     std::error_code ignored;
@@ -65,7 +65,7 @@ void FlushFolder(const std::filesystem::path& folder)
     const int handle = open(name, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (handle < 0)
         return;
-    // Some file systems refuse this; the new file is in its place all the same.
+    // Some file systems refuse to flush a folder; the new file is in its place all the same.
     fsync(handle);
     close(handle);
 }

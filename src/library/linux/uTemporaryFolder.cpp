@@ -17,7 +17,7 @@ namespace murala
 namespace
 {
 
-// A folder's value of the environment; empty when it is none.
+// The folder that a variable of the environment names; empty when it names none.
 std::string FolderVariable(const char* name)
 {
     const char* value = std::getenv(name);

@@ -14,7 +14,7 @@ try {
     return attributes != INVALID_FILE_ATTRIBUTES &&
            (attributes & (FILE_ATTRIBUTE_OFFLINE | recallOnOpen | recallOnDataAccess)) != 0;
 } catch (const EFileError&) {
-    return false; // no name that a file could have
+    return false; // no file can have such a name
 }
 
 } // namespace murala

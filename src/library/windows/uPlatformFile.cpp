@@ -22,7 +22,7 @@ namespace
 constexpr int Attempts = 10;
 constexpr std::chrono::milliseconds Pause{20};
 
-// Does `attempt` again while it answers that somebody holds the file.
+// Repeats `attempt` for as long as it fails because another program holds the file.
 template<class TAttempt>
 void Insist(TAttempt attempt)
 {
@@ -30,10 +30,10 @@ void Insist(TAttempt attempt)
         std::this_thread::sleep_for(Pause);
 }
 
-// What the system answers while another program has the file open, whichever of the two it is.
+// Whether the error says that another program has the file open.
 bool IsHeld(DWORD error)
 {
-    constexpr DWORD cloudFileInUse = 391; // the service that keeps the folder copies it just now
+    constexpr DWORD cloudFileInUse = 391; // a cloud service is copying the file
     return error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION ||
            error == ERROR_LOCK_VIOLATION || error == cloudFileInUse;
 }
@@ -50,8 +50,8 @@ bool HasMark(const std::filesystem::path& path, DWORD marks)
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & marks) != 0;
 }
 
-// What waiting does not bring: a folder, and for writing a file that is marked as read-only, or a
-// new one where none may be made.
+// Whether waiting is in vain: the name is a folder's, or it is to be written and is marked as
+// read-only, or no file may be made there.
 bool IsDeniedForGood(const std::filesystem::path& path, bool forWriting)
 {
     return HasMark(path, FILE_ATTRIBUTE_DIRECTORY | (forWriting ? FILE_ATTRIBUTE_READONLY : 0)) ||
@@ -59,8 +59,8 @@ bool IsDeniedForGood(const std::filesystem::path& path, bool forWriting)
             GetLastError() == ERROR_FILE_NOT_FOUND);
 }
 
-// Other programs may rename and delete the file meanwhile; what the C library opens they may only
-// read and write. Null when it cannot be opened.
+// Lets other programs rename and delete the file while it is open, which the C library's functions
+// do not. Null when it cannot be opened.
 std::FILE* OpenShared(const std::filesystem::path& path)
 {
     constexpr DWORD everything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -80,8 +80,8 @@ std::FILE* OpenShared(const std::filesystem::path& path)
     return file;
 }
 
-// The system's error numbers for names that nothing has. A share or a drive that does not answer is
-// another matter, though errno says the same of it.
+// The system's error numbers for "there is no such file". errno has the same value for a share or a
+// drive that does not answer, where the file may well be.
 constexpr unsigned long NotFoundErrors[] = {2, 3, 123, 161};
 
 } // namespace
@@ -106,7 +106,7 @@ std::FILE* OpenNamedFile(const std::filesystem::path& path, const char* mode)
     Insist([&] {
         file = modeText == "rbN" ? OpenShared(path) : nullptr;
         if (file == nullptr)
-            file = _wfopen(path.c_str(), wideMode.c_str()); // says why not
+            file = _wfopen(path.c_str(), wideMode.c_str()); // its errno says why
         const int reason = file == nullptr ? errno : 0;
         const bool isHeld =
             reason == EACCES && !IsDeniedForGood(path, modeText.substr(0, 2) != "rb");

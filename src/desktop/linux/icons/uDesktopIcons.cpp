@@ -36,7 +36,7 @@ std::string DesktopFolder()
     return ReplaceAll(folder, "$HOME", homeFolder);
 }
 
-// What a file manager shows of the folder.
+// Hidden files left out.
 std::vector<std::string> NamesOnDesktop()
 {
     std::vector<std::string> names;

@@ -15,7 +15,7 @@ inline constexpr int UsualIconSize = 48;
 [[noreturn]] void ThrowNothingStored(const char* program);
 
 std::string DesktopFolder();
-// What a file manager shows of it.
+// The names of its files and folders, hidden ones left out.
 std::vector<std::string> NamesOnDesktop();
 // The screen without its panels.
 TRect WorkArea();

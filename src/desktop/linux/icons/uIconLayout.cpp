@@ -12,7 +12,7 @@ namespace
 constexpr int CharacterWidth = 9;    // rather too wide than too narrow
 constexpr int FewestCharacters = 11; // the home folder's icon may be called "Someone's Home"
 constexpr int LineHeight = 20;
-constexpr int LabelGap = 6; // around it
+constexpr int LabelGap = 6; // around the label
 constexpr int XfceMargin = 16;
 
 int CharacterCount(std::string_view text)

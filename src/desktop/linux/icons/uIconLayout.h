@@ -26,12 +26,12 @@ struct TCells {
     double First; // where the first one begins
     double Step;
 };
-// XFCE's: as many as fit between margins; the space left over goes between them in whole pixels,
-// what then remains to both ends.
+// XFCE's: as many cells as fit between the margins. The space that is left is divided between them
+// in whole pixels; the rest goes to both ends.
 TCells XfceCells(int begin, int length, double cell);
 
-// Where a manager that fills columns from the left puts `count` icons: the first cells of the area
-// that no taken one touches.
+// Where a manager that fills columns from the left puts `count` icons: in the first cells of the
+// area that touch none of the taken ones.
 std::vector<TRect> FreeCells(const TRect& area, TSize cell, const TRects& taken, std::size_t count);
 
 } // namespace murala

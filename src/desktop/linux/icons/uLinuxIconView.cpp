@@ -1,5 +1,5 @@
-// Icons on a Linux desktop are no windows that another program could reach, but some desktops leave
-// their places in files. None tells where its panel lies.
+// Other programs cannot reach the icons on a Linux desktop, but some desktops keep their places in
+// files. Where the panel is, no desktop tells.
 #include "uDesktopIcons.h"
 #include "uFileError.h"
 #include "uIconView.h"

@@ -1,5 +1,5 @@
-// Caja and Nemo keep the places of all icons: of files in the files' metadata, of the others in a
-// file of their own.
+// Caja and Nemo store the place of every icon: that of a file in the file's metadata, those of
+// other icons in a settings file.
 #include "uIconFiles.h"
 
 #include "uFolders.h"

@@ -1,5 +1,5 @@
-// PCManFM and PCManFM-Qt keep the places of the icons that were moved and fill columns with the
-// others.
+// PCManFM and PCManFM-Qt store the places of icons that the user has moved, and lay the others out
+// in columns.
 #include "uIconFiles.h"
 
 #include "uFolders.h"
@@ -19,7 +19,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-// Cells whose icon is not known get an ordinary label.
+// Which icon lies in a column is not known: each gets a label of ordinary length.
 constexpr std::string_view SomeLabel = "An icon's name";
 
 fs::path NewestOf(const std::vector<fs::path>& files)

@@ -11,7 +11,8 @@ namespace murala
 namespace
 {
 
-// In quotes, with what is special inside them escaped. Field codes begin with a percent sign.
+// In quotes, with the characters escaped that are special there. "%" begins a field code, so it is
+// doubled.
 std::string QuotedArgument(const std::string& argument)
 {
     std::string quoted = "\"";

@@ -1,8 +1,9 @@
 // Commands on files in the forms that file managers read: a service menu (Dolphin, Konqueror), an
 // action (Nemo; PCManFM, PCManFM-Qt), an entry of "Send To" (Thunar), and scripts (Nautilus, Caja),
-// which are offered on everything and pass on what has one of the types. None of them is an
-// application for the types: it would be taken for opening them where there is no other. Thunar's
-// custom actions lie in one file together with the user's own, which a running Thunar writes back.
+// which are offered for every file and pass on those of our types. None of them is registered as an
+// application for the types: where there is no other, it would open such files. Thunar's custom
+// actions are not used: they share one file with the user's own, and a running Thunar overwrites
+// it.
 #include "uDesktopEntry.h"
 #include "uFileMenu.h"
 #include "uFolders.h"
@@ -72,7 +73,7 @@ std::string ExecOnFiles(const TFileCommand& command)
     return ExecText({command.Program, {}}) + " %F";
 }
 
-// What an entry for a service menu and one for "Send To" have in common.
+// The keys that an entry for a service menu and one for "Send To" share.
 TDesktopEntry NewEntry(const std::string& file, const TFileCommand& command)
 {
     TDesktopEntry entry(file);
@@ -144,8 +145,7 @@ std::string Script(const TFileCommand& command)
         for (const std::string& extension : PictureExtensionsLike(usual)) // as for the types
             patterns += (patterns.empty() ? "" : " | ") + EndPattern(extension);
     const TGText program(g_shell_quote(command.Program.c_str()));
-    // Caja takes "%" and the letter behind it out of the arguments; the lines of a variable are
-    // whole.
+    // The names are read from a variable: in the arguments Caja drops "%" and the letter behind it.
     return "#!/bin/sh\n"
            "lines=$CAJA_SCRIPT_SELECTED_FILE_PATHS\n"
            "lines=${lines:-$NAUTILUS_SCRIPT_SELECTED_FILE_PATHS}\n"
@@ -184,7 +184,7 @@ void WriteScripts(const TFileCommand& command)
             ReplaceWholeFile(file, script, TFlush::ToSystemCache);
             MakeExecutable(file);
         } catch (const EFileError&) {
-            // The other forms may do.
+            // The user may have another of the file managers.
         }
     }
 }

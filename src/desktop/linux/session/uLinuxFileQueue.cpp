@@ -14,8 +14,8 @@ namespace murala
 namespace
 {
 
-// Not beside the program: a portable copy must find what the installed one has queued for it, and
-// the other way round.
+// In the user's folder, not beside the program: a portable copy and the installed one must find
+// what the other has queued.
 std::string QueueFile()
 {
     return PathText(UserMuralaFolder() / "AddFiles");
@@ -35,7 +35,7 @@ std::vector<std::string> ReadNames(const std::string& file)
     return names;
 }
 
-// The queue is no loss to a power failure; waiting for the disk would be slow.
+// Without a flush, which is slow: losing the queue in a power failure does no harm.
 void WriteNames(const std::string& file, const std::vector<std::string>& names)
 {
     std::string text;

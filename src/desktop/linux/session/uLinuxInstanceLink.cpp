@@ -16,8 +16,9 @@ namespace
 
 constexpr const char* WakeLine = "WM_USER + 1";
 
-// What guards the data lies beside it: the list may be that of a portable copy, and the queue is
-// the user's. Whatever a session's variables say, each finds the copy that uses either.
+// The folders that lock and socket lie in: those of the data that two copies must not both write -
+// the queue, which is the user's, and the list, which may be a portable copy's. They do not depend
+// on the session's variables, so that copies of two sessions find each other.
 std::vector<std::filesystem::path> GuardFolders()
 {
     std::vector<std::filesystem::path> folders{UserMuralaFolder()};
@@ -72,7 +73,7 @@ public:
     }
 
 private:
-    // Made when they are first asked for: removing the program's traces must not leave new ones.
+    // Not made before they are needed: "/UNINSTALL" must leave no folder behind.
     const std::vector<std::filesystem::path>& Folders()
     {
         if (m_folders.empty())

@@ -69,7 +69,7 @@ constexpr std::string_view Editors[] = {"gimp",
 bool OpenWithDefault(const std::string& uri)
 {
     return g_app_info_launch_default_for_uri(uri.c_str(), nullptr, nullptr) != FALSE ||
-           StartProgramAndLook({"xdg-open", uri}); // which may last as long as the viewer
+           StartProgramAndLook({"xdg-open", uri}); // which may run for as long as the viewer does
 }
 
 TGObject<GAppInfo> FindEditor(const std::string& file)
@@ -113,7 +113,7 @@ bool ShowInFileManager(const std::string& path)
            OpenWithDefault(FileUri(isFolder ? path : FolderPart(path)));
 }
 
-// A picture's own name may hold quotation marks: it ends at the last one.
+// The quoted name may contain quotation marks: it ends at the last one.
 std::vector<std::string> SplitParameters(const std::string& parameters)
 {
     std::vector<std::string> split;

@@ -1,6 +1,6 @@
-// Whoever may hide the desktop tells by himself when that changes, so that the answer is at hand
-// whenever it is asked for, and a service that hangs costs nothing. Only the X server is asked,
-// over a connection that is open anyway.
+// Whether a screen saver or a lock hides the desktop. Each service that may do so signals a change,
+// and we keep what it said last; so an answer is always at hand, and a service that hangs does not
+// hold us up. Only the X server is asked each time, over a connection that is open anyway.
 #include "uScreenSaver.h"
 
 #include "uSessionBus.h"
@@ -74,7 +74,7 @@ private:
 
     static void OnVanished(GDBusConnection* bus, const char* /*name*/, gpointer self)
     {
-        if (bus != nullptr) // one that goes away must not take the program with it
+        if (bus != nullptr) // the program must not end with the bus
             g_dbus_connection_set_exit_on_close(bus, FALSE);
         static_cast<TWatch*>(self)->Forget();
     }
@@ -83,7 +83,7 @@ private:
     {
         g_dbus_connection_set_exit_on_close(bus, FALSE);
         m_bus.reset(G_DBUS_CONNECTION(g_object_ref(bus)));
-        // Not of the object's path: that of "auto" is another one.
+        // Of any path: the session "auto" sends its signals from another one.
         m_signal = g_dbus_connection_signal_subscribe(
             bus, m_question.Object.Name, m_question.Signal.first, m_question.Signal.second, nullptr,
             m_question.Arguments.first, G_DBUS_SIGNAL_FLAGS_NONE, OnSignal, this, nullptr);
@@ -123,7 +123,7 @@ private:
         const TVariant answer(
             g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, &error));
         const std::unique_ptr<GError, TFreeBy<g_error_free>> owner(error);
-        // Cancelled: who asked may be gone.
+        // After a cancellation this object may be gone.
         if (!g_error_matches(error, G_IO_ERROR, G_IO_ERROR_CANCELLED))
             static_cast<TWatch*>(self)->m_isActive = IsTrue(answer.get());
     }
@@ -148,8 +148,8 @@ private:
     guint m_name;
 };
 
-// The X server's own screen saver, and xscreensaver, which tells in a property: its first number is
-// 0 while nothing is hidden.
+// The X server's own screen saver, or xscreensaver, which sets the first number of a property to
+// something else than 0 while it hides the screen.
 bool IsServerSaving(Display* display)
 {
     const Window root = DefaultRootWindow(display);
@@ -185,7 +185,7 @@ public:
     }
 
 private:
-    std::list<TWatch> m_watches; // which stay where they are
+    std::list<TWatch> m_watches; // a list, because their callbacks hold their addresses
     TSharedDisplay m_display;
 };
 

@@ -9,10 +9,10 @@ namespace murala
 namespace
 {
 
-// The only window that has to be told from "none".
+// Stands for Rovane's window; 0 is "none".
 constexpr TWindowId RovaneWindow = 1;
 
-// Where nothing can be, when the user has no such folder.
+// A path that cannot exist when the user has no runtime folder.
 std::filesystem::path SocketOf(const char* windowClass)
 {
     return RuntimeFolder().value_or("/nonexistent") / windowClass;

@@ -25,8 +25,8 @@ void SetProperty(SmcConn connection, const char* name, const char* type, std::st
     SmcSetProperties(connection, 1, properties);
 }
 
-// What the protocol demands. The manager is not to start the program again: whether that starts
-// with the session is the user's choice.
+// Sets the properties that the protocol demands. The manager is not to start the program with the
+// next session: the user decides that in the settings.
 void Introduce(SmcConn connection)
 {
     for (const char* name : {SmProgram, SmCloneCommand, SmRestartCommand})
@@ -72,7 +72,7 @@ public:
     bool IsJoined() const { return m_connection != nullptr; }
 
 private:
-    // Every change is saved when it is made; what is left is for the end.
+    // Nothing to do: changes are saved when they are made, and the rest when the session ends.
     static void OnSaveYourself(SmcConn connection, SmPointer, int, Bool, int, Bool)
     {
         SmcSaveYourselfDone(connection, True);
@@ -85,7 +85,7 @@ private:
         auto* ice = SmcGetIceConnection(m_connection);
         if (IceProcessMessages(ice, nullptr, nullptr) == IceProcessMessagesSuccess)
             return true;
-        // The manager is gone; the library frees the connection with a word of goodbye.
+        // The manager is gone. Without the negotiation the library frees the connection at once.
         IceSetShutdownNegotiation(ice, False);
         SmcCloseConnection(std::exchange(m_connection, nullptr), 0, nullptr);
         return false;

@@ -19,10 +19,11 @@ namespace
 {
 
 constexpr std::int64_t AnswerLimitUs = 500000;
-constexpr std::int64_t MessageLimitUs = 100000; // its sender waits for nothing, and writes at once
+constexpr std::int64_t MessageLimitUs =
+    100000; // short, because a sender writes its message at once
 constexpr std::size_t LongestMessage = 256;
 
-// By way of the open folder: a socket's own name must not be long.
+// Names the socket by its open folder, because a socket's path must be short.
 struct TAddress {
     explicit TAddress(const std::filesystem::path& place)
         : Folder(open(place.parent_path().c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC))
@@ -44,8 +45,8 @@ struct TAddress {
 TDescriptor Connect(const std::filesystem::path& place)
 {
     const TAddress address(place);
-    // A program that hangs must not make this one wait; with its queue full it is there all the
-    // same.
+    // Without waiting, because the program may hang. EAGAIN says that it is there, with a full
+    // queue.
     TDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     if (!socket || !address.IsUsable ||
         (connect(socket.Get(), address.Get(), sizeof address.Name) != 0 && errno != EAGAIN))

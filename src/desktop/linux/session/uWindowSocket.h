@@ -1,5 +1,5 @@
-// What stands for a window between programs on Linux: a socket in the file system (the protocol is
-// described in uSiblings.h). All of it answers "no" where there can be no such socket.
+// A socket in the file system that stands for a window, by which programs find and tell each other
+// on Linux (uSiblings.h describes the protocol). Where no socket can be made, nobody is found.
 #pragma once
 
 #include "uDescriptor.h"

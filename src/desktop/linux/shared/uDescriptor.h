@@ -33,8 +33,8 @@ private:
     int m_descriptor;
 };
 
-// The file, held by an exclusive lock until the descriptor closes; waits for it. Empty when the
-// file cannot be opened. The kernel frees the lock of a process that is killed.
+// Opens the file and waits for an exclusive lock on it, which lasts until the descriptor closes;
+// the kernel frees the lock of a process that is killed. Empty when the file cannot be opened.
 TDescriptor LockFile(const std::string& path);
 
 } // namespace murala

@@ -44,7 +44,7 @@ bool IsDesktopOf(Display* display, Window window, std::string_view programClass)
     return name == programClass || className == programClass;
 }
 
-// Small ones show the weather or the time.
+// Smaller windows of this type show the weather or the time.
 bool CoversAMonitor(Display* display, Window window)
 {
     XWindowAttributes attributes{};

@@ -22,7 +22,7 @@ using TGObject = std::unique_ptr<T, TFreeBy<g_object_unref>>;
 using TGText = std::unique_ptr<char, TFreeBy<g_free>>;
 using TVariant = std::unique_ptr<GVariant, TFreeBy<g_variant_unref>>;
 
-// Of a tuple or an array.
+// An element of a tuple or an array.
 inline TVariant Child(GVariant* container, gsize place)
 {
     return TVariant(g_variant_get_child_value(container, place));

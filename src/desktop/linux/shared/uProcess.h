@@ -8,7 +8,7 @@
 namespace murala
 {
 
-// While it lives this process has the priority of an ordinary one, for others to inherit.
+// While it lives this process has ordinary priority, which programs that are started then inherit.
 class TOrdinaryPriority
 {
 public:

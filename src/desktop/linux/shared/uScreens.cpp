@@ -168,7 +168,7 @@ TSize TScreenWatch::PrimarySize()
     return {place.Width(), place.Height()};
 }
 
-// Compositors draw with all colours.
+// A Wayland compositor always draws with all colours.
 int TScreenWatch::BitsPerPixel()
 {
     Connect();
@@ -196,7 +196,7 @@ void TScreenWatch::Listen(std::function<void()> onChange)
         m_watch = std::make_unique<TMonitorWatch>([this] { Settled(); });
 }
 
-// A screen that was only switched off and on is the same.
+// A monitor that was only switched off and on again is no change.
 void TScreenWatch::Settled()
 {
     const std::vector<TRect> places = Places();

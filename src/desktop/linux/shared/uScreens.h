@@ -33,7 +33,7 @@ TScreens ReadScreens();
 // Takes the rectangle around all monitors.
 TBitmap PictureOnMonitors(const TBitmap& picture, const TScreens& screens, TColor color);
 
-// What is asked again and again, over connections that stay open.
+// Watches the monitors, over connections that stay open.
 class TScreenWatch
 {
 public:

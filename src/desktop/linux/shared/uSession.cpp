@@ -53,7 +53,7 @@ constexpr TSessionName Names[] = {
     {"wlroots", TSession::Wayland},
 };
 
-// What tells a session that has no name.
+// The variable that gives away which desktop a session without a name runs.
 constexpr TSessionName Variables[] = {
     {"SWAYSOCK", TSession::Sway},
     {"KDE_FULL_SESSION", TSession::Plasma},

@@ -30,7 +30,7 @@ TVariant CallSessionBus(const TBusObject& object, const char* method, GVariant* 
         HasSessionBus() ? g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr) : nullptr);
     if (!bus)
         return nullptr;
-    // A bus that goes away must not take the program with it.
+    // The program must not end with the bus.
     g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
     return TVariant(g_dbus_connection_call_sync(
         bus.get(), object.Name, object.Path, object.Interface, method, owned.get(),

@@ -14,8 +14,8 @@ struct TBusObject {
     const char* Interface;
 };
 
-// Whether the session has a bus. Without this GLib would start one of its own, at every call, where
-// nobody is to be found.
+// Whether the session has a bus. Where it has none, GLib would start one at every call, with nobody
+// on it.
 bool HasSessionBus();
 
 // The answer, a tuple; null when there is no bus, no such program, or it answers with an error.

@@ -121,7 +121,7 @@ public:
     }
 
 private:
-    // What has come since the last time; nothing is waited for.
+    // Handles the events that have come, without waiting for more.
     void TakeEvents()
     {
         if (!IsConnected())
@@ -157,7 +157,7 @@ private:
 
     TWaylandOwned<wl_display, wl_display_disconnect> m_display;
     TWaylandOwned<wl_registry, wl_registry_destroy> m_registry;
-    std::list<TOutput> m_outputs; // which stay where they are
+    std::list<TOutput> m_outputs; // a list, because listeners hold their addresses
     std::unique_ptr<TSettling> m_settling;
     TSource m_source;
 };

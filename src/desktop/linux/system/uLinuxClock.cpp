@@ -18,7 +18,7 @@ public:
         const auto now = system_clock::now();
         const auto second = floor<seconds>(now);
         const std::time_t time = system_clock::to_time_t(second);
-        // Unlike its reentrant twin, localtime follows a change of the time zone.
+        // localtime_r would not notice a change of the time zone.
         const std::tm& local = *std::localtime(&time);
         const auto wholeSeconds =
             EncodeDateTime({local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour,

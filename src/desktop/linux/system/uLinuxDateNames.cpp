@@ -19,7 +19,7 @@ struct TLocaleFree {
 };
 using TLocaleOwner = std::unique_ptr<std::remove_pointer_t<locale_t>, TLocaleFree>;
 
-// Month names as they stand alone: some languages have other ones behind a day.
+// Month names as they stand alone: some languages change them behind a day.
 constexpr nl_item FirstMonth = __ALTMON_1, FirstShortMonth = _NL_ABALTMON_1;
 constexpr nl_item FirstDay = DAY_2, FirstShortDay = ABDAY_2; // Monday; Sunday is the first
 constexpr std::string_view Separators = "./-";
@@ -43,7 +43,7 @@ public:
             text = std::move(known);
     }
 
-    // The items stand in a row.
+    // For items that follow each other.
     template<class TNames>
     void TakeAll(nl_item first, TNames& names) const
     {
@@ -77,7 +77,7 @@ constexpr TSpecifier Specifiers[] = {
     {'F', "yyyy-mm-dd"}, {'D', "mm/dd/yy"},
 };
 
-// The system's format as one of ours; what stands for itself is quoted.
+// The system's format written as one of ours; literal text is quoted.
 std::string OurFormat(const std::string& system)
 {
     std::string format;
@@ -114,7 +114,7 @@ void TakeFormat(const TLanguage& language, nl_item item, std::string& format)
 TDateNames LanguageDateNames(const std::string& language)
 {
     TDateNames names = EnglishDateNames();
-    // Another category may name a language that is not installed.
+    // Only this category: the language of another one may not be installed.
     const TLocaleOwner locale(newlocale(LC_TIME_MASK, language.c_str(), nullptr));
     if (!locale)
         return names;

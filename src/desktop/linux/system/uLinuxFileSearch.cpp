@@ -36,7 +36,7 @@ std::optional<std::string> FindFirstName(const std::string& pattern)
         return std::nullopt;
     if (std::filesystem::exists(std::filesystem::symlink_status(NativePath(pattern), error)))
         return name;
-    // A bracket is an ordinary character.
+    // Only "*" and "?" are special, not the brackets that fnmatch knows.
     if (name.find_first_of("*?") == std::string::npos)
         return std::nullopt;
     const std::string folder = FolderPart(pattern);

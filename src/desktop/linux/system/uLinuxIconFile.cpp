@@ -12,8 +12,8 @@ namespace murala
 namespace
 {
 
-// The system's reader of icon files knows no compressed pictures, and no pictures without a file's
-// beginning.
+// gdk-pixbuf reads no PNG inside an icon file, and no icon picture without the file's header: the
+// one is given alone, the other behind a header made here.
 std::string ReadableContent(const TIconPicture& icon)
 {
     if (icon.Bits.starts_with("\x89PNG"))

@@ -14,10 +14,10 @@ struct TLocaleFree {
     void operator()(locale_t locale) const noexcept { freelocale(locale); }
 };
 
-// Another category may name a language that is not installed.
+// Only these: the language of another category may not be installed.
 constexpr int Categories = LC_CTYPE_MASK | LC_COLLATE_MASK;
 
-// Of its own, because the program's global locale is not ours to choose.
+// A locale object of our own: the global one is chosen by the toolkit.
 class TLinuxLocale : public TLocale
 {
 public:

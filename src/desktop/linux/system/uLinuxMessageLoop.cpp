@@ -15,7 +15,7 @@ public:
     std::int64_t Milliseconds() override { return g_get_monotonic_time() / 1000; }
     void Sleep(int milliseconds) override { g_usleep(static_cast<gulong>(milliseconds) * 1000U); }
 
-    // A timer of its own ends the wait.
+    // The timer ends the wait when no message comes.
     void HandleOneMessage() override
     {
         const TSource limit = RunEvery(LongestWaitMs, [] { return true; });

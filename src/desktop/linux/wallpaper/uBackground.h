@@ -27,7 +27,7 @@ class TBackground
 public:
     virtual ~TBackground() = default;
 
-    // Whether the desktop takes a new picture under a known name for nothing new.
+    // Whether the desktop ignores a new picture whose file has the name of the one before.
     virtual bool GoesByNames() const { return true; }
 
     // `color` shows where the picture does not reach. `onTook` is called once, before this returns

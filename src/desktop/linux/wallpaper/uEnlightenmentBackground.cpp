@@ -1,5 +1,5 @@
-// Enlightenment draws over the root window, and is told by one of its modules. (Its own command for
-// it ends with 0 whatever it is answered.)
+// Enlightenment draws over the root window. One of its modules takes a picture over D-Bus; its
+// command is of no use, because that ends with 0 even when it has failed.
 #include "uBackground.h"
 #include "uFileUri.h"
 #include "uScreens.h"
@@ -30,8 +30,8 @@ public:
     }
 
 private:
-    // From the last one to the first. What a workspace has of its own would hide it; of a workspace
-    // that has nothing of its own this is refused.
+    // From the last monitor to the first. "Del" takes away the picture of one workspace, which
+    // would hide ours; where there is none it fails, and that does not matter.
     static void SetOnMonitor(int monitor, const std::string& path, TOnTook onTook)
     {
         CallSessionBusLater(Backgrounds, "Del", g_variant_new("(iii)", monitor, 0, 0), nullptr,

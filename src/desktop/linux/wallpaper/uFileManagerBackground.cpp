@@ -1,7 +1,7 @@
-// LXDE and LXQt, whose file managers draw the desktop and are told by a command. Without a running
-// desktop the command would open a message box or start a process that the desktop then joins, so
-// the desktop's window is looked for first. What no command changes stands in files that are read
-// when the desktop starts: then it is started again.
+// LXDE and LXQt, whose file managers draw the desktop and take a picture by a command. While no
+// desktop runs, the command would open a message box or become the desktop itself, so we look for
+// the desktop's window first. Settings that no command changes lie in files that the desktop reads
+// when it starts: we write them while it is not running, and start it again.
 #include "uBackground.h"
 #include "uDesktopWindow.h"
 #include "uFolders.h"
@@ -85,7 +85,7 @@ void WriteSettings(const std::filesystem::path& file, const std::string& text)
 try {
     ReplaceWholeFile(PathText(file), text, TFlush::ToSystemCache);
 } catch (const EFileError&) {
-    // The desktop then starts with what it had.
+    // The desktop then starts with its old settings.
 }
 
 // Every monitor has settings of its own; the command reaches those of the first.
@@ -147,8 +147,8 @@ private:
     }
 };
 
-// Where one window lies below all monitors, its picture is stretched over them: it is made for all
-// of them, with the colour between.
+// Where one window lies below all monitors, LXQt stretches the picture over them all: we lay it out
+// on each monitor first, with the colour between.
 class TLxqtBackground : public TBackground
 {
 public:
@@ -174,7 +174,7 @@ private:
     try {
         SaveBitmapFile(PictureOnMonitors(LoadImageFile(path), screens, color), path);
     } catch (const std::exception&) {
-        // The picture is then stretched.
+        // The desktop then stretches the picture.
     }
 
     static void Tell(const std::string& path, TOnTook onTook)
@@ -193,7 +193,7 @@ private:
         return UserConfigFolder() / "pcmanfm-qt" / Profile / "settings.conf";
     }
 
-    // The desktop then draws it once on each.
+    // Whether the desktop draws the picture on each monitor.
     static bool HasPicturePerMonitor()
     {
         return ValueOf(ReadSettings(SettingsFile()), "PerScreenWallpaper") == "true";

@@ -1,5 +1,5 @@
-// The desktop of a Linux session. What Windows keeps in its registry and in "win.ini" is kept under
-// the same names in a file of Murala's own.
+// The desktop of a Linux session. The colour, which Windows keeps in "win.ini", is kept in a file
+// of Murala's own, in a section and under a key of the same names.
 #include "uBackground.h"
 #include "uColorText.h"
 #include "uDesktop.h"
@@ -26,8 +26,9 @@ constexpr std::string_view ColorsSection = "colors";
 constexpr gint64 RetryLimitUs = gint64{60} * G_USEC_PER_SEC;
 constexpr unsigned RetryPauseMs = 2000;
 
-// Names of the same picture for desktops that go by names: some keep what a name once showed, so
-// each has a name that was never used before, "MuralaWallpaper~5f1c0a9b3d2e4.bmp".
+// Makes names for the picture. Desktops that go by names would show again what they have kept under
+// a known name, so each picture gets a name that was never used,
+// "MuralaWallpaper~5f1c0a9b3d2e4.bmp".
 class TFreshNames
 {
 public:
@@ -131,7 +132,7 @@ public:
     }
 
 private:
-    // A job outlives neither this object nor its successor, so that late answers find nobody.
+    // A late answer finds its job gone when this object is gone or a newer picture is on its way.
     void Try()
     {
         m_background->SetPicture(
@@ -148,7 +149,7 @@ private:
             m_job->Retry = RunAfter(RetryPauseMs, [this] { Try(); });
             return;
         }
-        // Whoever is told may install the next one at once.
+        // The listener may install the next picture at once: the job is over before it is told.
         const auto job = std::move(m_job);
         if (took == TTook::Yes)
             TFreshNames(job->Path).RemoveOthers(job->Name);
@@ -164,7 +165,7 @@ private:
         file.Write(ColorsSection, "Background", text);
         file.Save(m_storeFile);
     } catch (const EFileError&) {
-        // A folder that cannot be written to costs the stored value, not the wallpaper.
+        // The folder cannot be written to: the wallpaper is set all the same.
     }
 
     TColor StoredColor() const

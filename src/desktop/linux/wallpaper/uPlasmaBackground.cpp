@@ -12,8 +12,8 @@ namespace
 
 constexpr TBusObject PlasmaShell{"org.kde.plasmashell", "/PlasmaShell", "org.kde.PlasmaShell"};
 
-// What every script does on each screen's desktop, and how many there are: none while the shell is
-// still starting. Kept to old JavaScript for older shells.
+// Every script does something on the desktop of each screen, and prints how many there are: none
+// while the shell is still starting. In old JavaScript, for older shells.
 constexpr std::string_view ForEachDesktop = "var all = desktops();"
                                             "for (var i = 0; i < all.length; i++) {"
                                             " var d = all[i];"

@@ -12,12 +12,12 @@ namespace murala
 namespace
 {
 
-// While a window manager is new its painting is looked for; the user's own is rare then.
+// While the window manager is new, another picture is taken for its own, not for one of the user's.
 constexpr unsigned LookEveryMs = 2000;
 constexpr int NewForS = 60;
 constexpr int Looks = NewForS * 1000 / static_cast<int>(LookEveryMs);
 constexpr int LooksOfStart = 6;
-constexpr int MostLosses = 3; // in this time
+constexpr int MostLosses = 3; // of our picture while it is new
 
 constexpr const char* ManagerProperty = "_NET_SUPPORTING_WM_CHECK";
 
@@ -33,7 +33,7 @@ double SecondsOf(const std::string& process)
     return file ? std::stod(field) / static_cast<double>(sysconf(_SC_CLK_TCK)) : 0;
 }
 
-// Not every one says which process it is.
+// A window manager that does not say which process it is counts as new.
 bool IsManagerOld(Display* display)
 {
     TXErrorGuard guard(display);
@@ -73,9 +73,9 @@ void TRootKeeper::Keep()
 {
     if (!m_display)
         return;
-    // The pixmap's number would not tell ours: X gives the number of a freed one away again. So
-    // whoever names a root picture from now on has replaced ours. The notice of our own naming is
-    // taken out of the queue first.
+    // We cannot tell our pixmap by its number, because X uses the number of a freed one again. So
+    // we take every naming of a root picture from now on for a replacement of ours. The notices of
+    // our own naming are taken out of the queue first.
     XSync(m_display.get(), False);
     TakeEvents();
     m_kept = ReadProperty32(m_display.get(), DefaultRootWindow(m_display.get()), OurPictureProperty,
@@ -96,7 +96,7 @@ void TRootKeeper::TakeEvents()
         if (event.xproperty.atom == manager)
             Begin();
         else if (event.xproperty.atom == picture && !m_looking)
-            m_kept = None; // the user's
+            m_kept = None; // the user has put another one there
         else if (event.xproperty.atom == picture)
             m_isLost = true;
     }
@@ -114,7 +114,8 @@ void TRootKeeper::Begin()
     });
 }
 
-// A window manager that paints while we do may name its picture before ours and show it after.
+// Shows our picture again: a window manager that paints at the same time may name its picture
+// before ours and show it after.
 void TRootKeeper::ShowKept()
 {
     if (m_looksLeft <= Looks - LooksOfStart)
@@ -123,7 +124,7 @@ void TRootKeeper::ShowKept()
     const Window root = DefaultRootWindow(m_display.get());
     XSetWindowBackgroundPixmap(m_display.get(), root, m_kept);
     XClearWindow(m_display.get(), root);
-    m_isLost = guard.HasFailed(); // some free it and name none of their own
+    m_isLost = guard.HasFailed(); // some managers free ours without naming their own
 }
 
 // Whether it is worth looking again.

@@ -1,5 +1,5 @@
-// Keeps a picture on the X root window where a window manager paints its own when it starts: at
-// log-in that may be after us. What the user puts there later stays.
+// Keeps our picture on the X root window. Some window managers paint their own when they start,
+// which at log-in may be after us. A picture that the user puts there later stays.
 #pragma once
 
 #include "uWork.h"
@@ -12,7 +12,7 @@ namespace murala
 
 // Where the picture's pixmap is named for all programs to find.
 inline constexpr const char* RootPictureProperty = "_XROOTPMAP_ID";
-// By this a later start knows ours.
+// Tells a later start which picture is ours.
 inline constexpr const char* OurPictureProperty = "_MURALA_PMAP_ID";
 // None: there is no picture.
 Pixmap PictureOnRoot(Display* display);

@@ -1,6 +1,6 @@
-// A session without a desktop program: the picture becomes the background of the X root window. The
-// pixmap outlives this process and is named in two properties, so that other programs find it there
-// and whoever sets the next one can free it.
+// For a session without a desktop program: the picture becomes the background of the X root window.
+// The pixmap outlives this process. Two properties name it, so that other programs find it and the
+// program that sets the next picture can free it.
 #include "uBackground.h"
 #include "uBitmap.h"
 #include "uImageFile.h"
@@ -116,8 +116,8 @@ private:
         return ReadProperty32(m_display, m_root, property, XA_PIXMAP);
     }
 
-    // Equal properties are the mark of a pixmap that was left behind on purpose. Any other belongs
-    // to a running program, which XKillClient would end.
+    // A pixmap that both properties name was left behind on purpose. Any other one belongs to a
+    // running program, which XKillClient would end.
     void FreeBefore()
     {
         const Pixmap before = PictureOnRoot(m_display);
@@ -125,7 +125,7 @@ private:
             XKillClient(m_display, before);
     }
 
-    // An image of the bitmap's own pixels where the server's have the same form, else of
+    // The image uses the bitmap's own pixels where the server's have the same form, else those of
     // `converted`.
     TImage MakeImage(TBitmap& bitmap, std::vector<char>& converted)
     {
@@ -172,8 +172,7 @@ bool ShowOnRoot(TBitmap& picture, TColor color)
     return true;
 }
 
-// The picture is loaded and laid out in a thread of its own, which takes longer than a window may
-// stand still.
+// Loads and lays the picture out in a thread of its own: in this one the window would stand still.
 void ShowOnRootLater(const std::string& path, TColor color, TOnTook onTook)
 {
     const TScreens screens = ReadScreens();
@@ -225,7 +224,7 @@ public:
         return TRootWindow(display.get()).HasOutdatedPicture();
     }
 
-    // A picture covers all of the root window.
+    // Only where there is no picture, which would cover it.
     void SetColor(TColor color) override
     {
         const TSharedDisplay display = SharedDisplay();

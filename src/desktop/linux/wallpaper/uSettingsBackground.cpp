@@ -17,7 +17,7 @@ namespace
 
 using TSchema = std::unique_ptr<GSettingsSchema, TFreeBy<g_settings_schema_unref>>;
 
-// The names that differ.
+// The names that differ between the desktops.
 struct TKeys {
     const char* Schema;
     const char* Picture;
@@ -68,7 +68,7 @@ public:
 
     ~TSettingsBackground() override
     {
-        if (m_isWritten) // what is on its way would be lost with the process
+        if (m_isWritten) // writes may still be on their way to the store
             g_settings_sync();
     }
 

@@ -157,7 +157,7 @@ class TSwayBackground : public TBackground
 public:
     bool GoesByNames() const override { return false; }
 
-    // The colour is part of the command that sets the picture, and hidden by the picture.
+    // The colour goes with the picture, which hides it.
     void SetPicture(const std::string& path, TColor color, TOnTook onTook) override
     {
         m_command = "output * bg " + PlainName(path) + " fill " + ColorToHexText(color);

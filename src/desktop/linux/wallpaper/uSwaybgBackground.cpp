@@ -16,7 +16,8 @@ namespace
 {
 
 constexpr const char* Program = "swaybg";
-// The next one is seen before the one before goes; one that the compositor refuses ends by itself.
+// We end the program before this one only when this one has shown its picture. One that the
+// compositor refuses ends by itself within this time.
 constexpr unsigned OverlapMs = 500;
 
 std::filesystem::path NumberFile()
@@ -24,7 +25,8 @@ std::filesystem::path NumberFile()
     return RuntimeFolder().value_or("/nonexistent") / "murala-swaybg";
 }
 
-// Of the one that is ours; 0 when there is none. The number may be another program's by now.
+// The process number of our swaybg; 0 when none runs. The number in the file may be another
+// program's by now.
 pid_t ReadProcess()
 {
     pid_t process = 0;

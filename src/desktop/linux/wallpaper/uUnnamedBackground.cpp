@@ -1,5 +1,5 @@
-// A session that says nothing of itself, e.g. one that the user has put together: what draws its
-// desktop is looked for anew for each picture.
+// For a session that does not say which desktop it runs, e.g. one that the user has put together.
+// We look for the program that draws its desktop anew for each picture.
 #include "uBackground.h"
 #include "uDesktopWindow.h"
 #include "uText.h"
@@ -32,12 +32,12 @@ public:
     void SetPicture(const std::string& path, TColor color, TOnTook onTook) override
     {
         const std::string program = DesktopWindowClass();
-        // The root window's is kept: it looks after its picture.
+        // Kept from picture to picture: that of the root window watches over its picture.
         if (!m_background || std::exchange(m_program, program) != program)
             m_background = Find(program);
         if (program.empty() || IsKnown(program))
             return m_background->SetPicture(path, color, std::move(onTook));
-        // It shows when that program ends.
+        // On the root window it shows once that program ends.
         m_background->SetPicture(
             path, color, [program, onTook = std::move(onTook)](TTook, const std::string&) {
                 onTook(TTook::No,

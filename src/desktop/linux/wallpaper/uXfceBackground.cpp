@@ -52,7 +52,7 @@ TBackdrops KnownBackdrops(GVariant* answer)
     return backdrops;
 }
 
-// A desktop whose background nobody has changed yet has no settings: they are made.
+// While nobody has changed the background, XFCE has no settings for it: we make them.
 TBackdrops AllBackdrops(GVariant* answer)
 {
     TBackdrops backdrops = KnownBackdrops(answer);
@@ -88,7 +88,7 @@ void WriteColor(const std::string& backdrop, TColor color)
     WriteProperty(backdrop + "/rgba1", RgbaValue(color));
 }
 
-// What the answers to several calls come to.
+// Collects the answers to several calls.
 struct TAnswers {
     std::size_t Missing;
     bool Worked = true;

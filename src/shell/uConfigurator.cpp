@@ -4,7 +4,7 @@
 #include "uItemsAt.h"
 #include "uText.h"
 
-#include <ranges>
+#include <numeric>
 
 namespace murala
 {
@@ -39,7 +39,9 @@ void TConfigurator::DeleteThumbnailCache()
 
 TItems TConfigurator::AllItems() const
 {
-    return ItemsAt(m_core.List, std::views::iota(0, m_core.List.Count()));
+    std::vector<int> rows(static_cast<std::size_t>(m_core.List.Count()));
+    std::iota(rows.begin(), rows.end(), 0);
+    return ItemsAt(m_core.List, rows);
 }
 
 void TConfigurator::RefreshAllThumbnails()

@@ -20,7 +20,7 @@ TBitmap PhotoBitmap(int width, int height)
 
 std::string PhotoJpeg(const TTempFolder& folder, int width, int height, int quality = 95)
 {
-    const std::string name = folder.File("photo.bmp"); // the content counts, not the name
+    std::string name = folder.File("photo.bmp"); // the content counts, not the name
     SaveJpegFile(PhotoBitmap(width, height), name, quality);
     return name;
 }

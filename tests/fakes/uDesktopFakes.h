@@ -188,7 +188,7 @@ struct TFakeLauncher : TLauncher {
     }
     bool HasProperties = true;
     bool HasDisplayProperties() override { return HasProperties; }
-    void OpenDisplayProperties() override { Started.push_back("display properties"); }
+    void OpenDisplayProperties() override { Started.emplace_back("display properties"); }
 };
 
 struct TFakeSiblings : TSiblings {

@@ -37,7 +37,7 @@ void TfMain::BindWallpaperActions()
         return [this, count] { return m_murala.Core.List.Count() >= count; };
     };
     // For actions on one item.
-    const auto bindItem = [&](TActionId id, std::function<void(TMuWallpaper&)> execute) {
+    const auto bindItem = [&](TActionId id, const std::function<void(TMuWallpaper&)>& execute) {
         bind(
             id, [&selection, execute] { execute(*selection.Item()); },
             [&selection] { return selection.Count() > 0; });

@@ -92,7 +92,7 @@ TEST(RootWindow, ShowsThePictureForOthersToFind)
 
 // Another program's picture on the root window, as long as this lives.
 struct TOtherPicture {
-    explicit TOtherPicture(std::vector<const char*> properties) : Connection(OpenDisplay())
+    explicit TOtherPicture(const std::vector<const char*>& properties) : Connection(OpenDisplay())
     {
         const Window root = DefaultRootWindow(Connection.get());
         Picture = XCreatePixmap(Connection.get(), root, 8, 8, 24);

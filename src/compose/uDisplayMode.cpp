@@ -87,28 +87,17 @@ bool IsTooWideForFit(TSize image, TSize screen)
     return ExceedsFit(image.Width, image.Height, screen.Height);
 }
 
+constexpr TModeLimit ForMirror{IsTooLargeForMirror, TooLargeForMirror, dmFitHorizontally, true};
+constexpr TModeLimit ForWidth{IsTooTallForFit, TooTallForFit, dmFitVertically};
+constexpr TModeLimit ForHeight{IsTooWideForFit, TooWideForFit, dmStretched};
+constexpr const auto& Names = DisplayModeNames;
 constexpr TDisplayModeRow Table[] = {
-    {dmTiled, DisplayModeNames[dmTiled], "aDisplayTiled", TileDraw, false, {}},
-    {dmCentered, DisplayModeNames[dmCentered], "aDisplayCentered", CenterDraw, false, {}},
-    {dmStretched, DisplayModeNames[dmStretched], "aDisplayStretched", StretchDraw, false, {}},
-    {dmMirrorTiled,
-     DisplayModeNames[dmMirrorTiled],
-     "aDisplayMirrorTiled",
-     MirrorTileDraw,
-     false,
-     {IsTooLargeForMirror, TooLargeForMirror, dmFitHorizontally, true}},
-    {dmFitHorizontally,
-     DisplayModeNames[dmFitHorizontally],
-     "aDisplayFitHorizontal",
-     FitHorizontally,
-     false,
-     {IsTooTallForFit, TooTallForFit, dmFitVertically}},
-    {dmFitVertically,
-     DisplayModeNames[dmFitVertically],
-     "aDisplayFitVertical",
-     FitVertically,
-     false,
-     {IsTooWideForFit, TooWideForFit, dmStretched}},
+    {dmTiled, Names[0], "aDisplayTiled", TileDraw, false, {}},
+    {dmCentered, Names[1], "aDisplayCentered", CenterDraw, false, {}},
+    {dmStretched, Names[2], "aDisplayStretched", StretchDraw, false, {}},
+    {dmMirrorTiled, Names[3], "aDisplayMirrorTiled", MirrorTileDraw, false, ForMirror},
+    {dmFitHorizontally, Names[4], "aDisplayFitHorizontal", FitHorizontally, false, ForWidth},
+    {dmFitVertically, Names[5], "aDisplayFitVertical", FitVertically, false, ForHeight},
 };
 static_assert(
     [] {

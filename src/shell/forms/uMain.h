@@ -2,12 +2,15 @@
 #pragma once
 
 #include "uActionBinder.h"
+#include "uCallLater.h"
 #include "uInstanceLink.h"
 #include "uMainPanel.h"
 #include "uMurala.h"
 #include "uToolkitTray.h"
+#include "uTrayFrames.h"
 #include "uWindowPresence.h"
 #include "uWindowSystem.h"
+#include "uWxText.h"
 
 #include <optional>
 
@@ -40,6 +43,11 @@ public:
     TActionList& Actions() { return alMain; }
 
 private:
+    // Milliseconds.
+    static constexpr int IconsInterval = 200; // of the icon's animation
+    static constexpr int SettlingTime = 300;  // of a window that has come to the screen
+    static constexpr int MinimiseTime = 50;   // until a minimised window leaves the task bar
+
     // Building, in this order.
     void BindWallpaperActions();
     void BindItemActions();
@@ -99,7 +107,10 @@ private:
     TPlacement NormalPlacement() override { return m_placement; }
     int PreviewWidth(TSize screen) override { return m_panel->Preview().PictureWidth(screen); }
     void ShowPreview(const TBitmap& picture) override { m_panel->Preview().ShowPicture(picture); }
-    void ShowPreviewText(const std::string& text) override;
+    void ShowPreviewText(const std::string& text) override
+    {
+        m_panel->Preview().ShowText(ToWx(text));
+    }
     void WakePreview(int milliseconds) override { tPreview.StartOnce(milliseconds); }
 
     // TFrame.
@@ -111,17 +122,23 @@ private:
     void PlaceFrame(bool isFirstTime) override;
     void Appear() override { m_murala.Preview.SelectionChanged(); }
     void ExplainHiding() override { m_murala.Tray.ExplainHiding(); }
-    void WaitToSettle() override;
-    void WaitToHideIcon() override;
-    void CloseLater() override;
-    void WakeLater() override;
+    void WaitToSettle() override { tPlacement.StartOnce(SettlingTime); }
+    void WaitToHideIcon() override { tHideAppWindow.StartOnce(MinimiseTime); }
+    void CloseLater() override
+    {
+        CallLater(*this, [this] { Close(); });
+    }
+    void WakeLater() override
+    {
+        CallLater(*this, [this] { WakeUp(); });
+    }
 
     // TTrayView.
     void RestoreWindow() override { m_presence.Restore(); }
     void RaiseDialog() override { RaiseModalWindow(); }
     void BringToFront() override;
-    void StartIcons() override;
-    void ShowIcon(const TIconImage& image) override;
+    void StartIcons() override { tIcons.Start(IconsInterval); }
+    void ShowIcon(const TIconImage& image) override { SetIcons(ToIconBundle(image)); }
     TMenuTarget ShowMenu(TTrayModel& menu, TPoint place) override;
     void TrayChanged() override { m_presence.WayBackChanged(); }
 

@@ -1,9 +1,12 @@
-// What the program asks of the main window: messages, progress, the hourglass, input.
+// What the program asks of the main window: messages, progress, the hourglass, input; where it is,
+// and what the tray icon shows.
 
 #include "uMain.h"
 
 #include "uCallLater.h"
 #include "uDialog.h"
+#include "uMenuPopup.h"
+#include "uProcessMemory.h"
 #include "uProgress.h"
 #include "uWindowSystem.h"
 
@@ -40,11 +43,6 @@ void TfMain::ShowMessage(const std::string& text)
     wxMessageBox(ToWx(text), "Murala", wxOK | wxICON_INFORMATION | place, top);
     if (wasBusy)
         m_busyCursor.emplace();
-}
-
-void TfMain::ShowPreviewText(const std::string& text)
-{
-    m_panel->Preview().ShowText(ToWx(text));
 }
 
 namespace
@@ -120,6 +118,57 @@ void TfMain::EnableWindow(bool enable)
         if (m_focusBefore && wxGetTopLevelParent(m_focusBefore) == this && IsActive())
             m_focusBefore->SetFocus();
     }
+}
+
+void TfMain::ConnectTray()
+{
+    std::vector<TTrayArea*> others;
+    m_toolkitTray = NewToolkitTrayArea();
+    if (m_toolkitTray)
+        others.push_back(m_toolkitTray.get());
+    m_murala.Tray.Connect(*this, alMain, NewTrayFrame, others);
+}
+
+// The window manager may put it elsewhere, and until it has done so the frame has no borders.
+void TfMain::ShowFrame()
+{
+    if (!std::exchange(m_wasShown, true))
+        PrepareFirstShow(*this, [this] { m_presence.CameToScreen(); });
+    Show();
+}
+
+void TfMain::HideFrame()
+{
+    Hide();
+    m_murala.Preview.Clear();
+    m_murala.Core.List.FreeAllThumbnails();
+    GiveBackFreeMemory();
+}
+
+void TfMain::PlaceFrame(bool isFirstTime)
+{
+    if (!IsMaximized())
+        SetSize(m_placement.Left, m_placement.Top, m_placement.Width, m_placement.Height);
+    // Where the rows were scrolled to before was in a view of another size.
+    if (isFirstTime)
+        CallLater(*this, [this] { m_panel->Wallpapers().BringFocusIntoView(); });
+}
+
+void TfMain::BringToFront()
+{
+    if (IsWindowVisible())
+        Raise();
+}
+
+void TfMain::tIconsTimer()
+{
+    if (!m_murala.Tray.IconsTick())
+        tIcons.Stop();
+}
+
+TMenuTarget TfMain::ShowMenu(TTrayModel& menu, TPoint place)
+{
+    return PopupMenuAt(menu, wxPoint(place.X, place.Y));
 }
 
 } // namespace murala

@@ -46,8 +46,6 @@ void TPreviewLoader::PreviewChanged(bool loadPicture)
     if (!m_core.View.IsWindowVisible())
         return;
     if (loadPicture) {
-        if (m_next == TStep::Loading)
-            Release(); // a picture that is loaded in part keeps its file open
         m_core.View.ShowPreviewText(m_core.Selection.Item() != nullptr ? "Loading..." : "");
         WaitFor(TStep::Settling, SettleTime);
     } else if (m_next == TStep::Idle || m_next == TStep::Updating) {

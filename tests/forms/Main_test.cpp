@@ -53,32 +53,6 @@ TEST_F(MainWindow, SettingsPagesFollowTheSelectionAndChangeTheItem)
     EXPECT_EQ(Murala().Core.List.Item(0).GammaEndGreen, -77);
 }
 
-TEST_F(MainWindow, RemovesSortsAndRenamesRows)
-{
-    Start();
-    AddPictures({"C.bmp", "A.bmp", "D.bmp", "B.bmp"});
-    TMuListView& list = List();
-    wxUIActionSimulator mouse;
-    mouse.MouseMove(list.Window().ClientToScreen(list.RowRect(0).GetTopLeft() + wxPoint(20, -10)));
-    mouse.MouseClick(); // on the header of the titles
-    EXPECT_TRUE(PumpUntil([&] { return list.ShownText(0, lcTitle) == "A"; }));
-    Pump(50);
-    TMuWallpaperList saved;
-    saved.LoadFromFile(m_folder.File(ListFileName));
-    EXPECT_EQ(saved.Item(0).Title, "A");
-    Murala().Core.Selection.SelectRows({1, 2}, 2);
-    Execute(aRemove);
-    EXPECT_EQ(list.ShownRows(), 2);
-    EXPECT_EQ(list.FocusedRow(), 1);
-    Murala().Desk.Rename(Murala().Core.List.Item(1), "Other");
-    EXPECT_EQ(list.ShownText(1, lcTitle), "Other");
-    Execute(aSelectAll);
-    EXPECT_EQ(list.ShownSelection().size(), 2U);
-    Execute(aRemove);
-    EXPECT_EQ(list.ShownRows(), 0);
-    EXPECT_FALSE(m_main->Actions()[aApply].Enabled());
-}
-
 TEST_F(MainWindow, ThePreviewIsComposedAndABrokenPictureSaysSo)
 {
     Start();

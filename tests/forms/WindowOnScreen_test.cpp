@@ -205,19 +205,3 @@ TEST_F(WindowOnScreen, AfterAHiddenStartTheCurrentRowIsSeen)
         Close();
     }
 }
-
-TEST_F(WindowOnScreen, AHiddenStartThatFindsNoTrayIsAnIcon)
-{
-    m_services.TrayArea.Place = TTrayState::There;
-    Start();
-    m_services.TrayArea.Events->TrayLeftClick();
-    Pump(20);
-    Close();
-    m_services.TrayArea.Place = TTrayState::Asking; // the desktop is slow
-    m_main = new TfMain(m_services.Services(), m_link);
-    m_main->Activate({});
-    Pump(600);
-    EXPECT_FALSE(m_main->IsShown());
-    m_services.TrayArea.Turn(TTrayState::Missing);
-    EXPECT_TRUE(PumpUntil([&] { return m_main->IsShown() && m_main->IsIconized(); }));
-}

@@ -94,12 +94,12 @@ TEST_F(AddOnDesk, ACalendarThatCannotBeDrawnIsToldAndTheWallpaperComesWithoutIt)
     EXPECT_EQ(Difference(Installed(), Plain()), (TRect{15, 5, 35, 25})) << "with its icon box";
     EXPECT_TRUE(m_murala->Core.Settings.Memory.CalendarDate == m_services.Clock.Time);
 
-    m_view.Status.clear();
+    m_murala->Core.Status.SetProblem(""); // of the desktop
+    EXPECT_TRUE(m_view.Status.starts_with("Picture0 - "));
     ASSERT_EQ(LoadPreview(), "");
     EXPECT_EQ(Difference(m_murala->Preview.Picture(400), Plain()), TRect{});
     EXPECT_TRUE(m_view.Status.starts_with("The calendar is left out. "));
     m_services.Text.Fails = false;
-    m_murala->Core.Status.SetProblem("");
     m_murala->Preview.Picture(400);
     EXPECT_TRUE(m_view.Status.starts_with("Picture0 - ")) << "what is mended is told of no more";
 }

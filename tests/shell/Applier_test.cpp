@@ -128,12 +128,17 @@ TEST_F(Applier, EffectsAreStartedOnThePictureThatIsApplied)
     m_services.Siblings.RovaneRuns = true;
     Apply(0);
     EXPECT_FALSE(m_services.Siblings.RovaneRuns) << "a wallpaper without effect closes Rovane";
+    m_services.Siblings.RovaneRuns = true;
+    Select(1);
+    m_murala->Applier.Apply(Item(0));
+    EXPECT_TRUE(m_services.Siblings.RovaneRuns) << "but only when it is the selected one";
     m_services.Launcher.Started.clear();
     m_services.Launcher.Result = 32;
     m_murala->Applier.RunEffectSettings(Item(1));
     EXPECT_EQ(CurrentIndex(), 1);
     ASSERT_EQ(m_services.Launcher.Started.size(), 1U) << "the effect itself is not started";
     EXPECT_TRUE(m_services.Launcher.Started[0].ends_with("\" /settings"));
+    EXPECT_FALSE(m_view.Visible) << "nothing covers them";
 }
 
 TEST_F(Applier, WhatComesInWhileAnEffectStartsFindsThePause)

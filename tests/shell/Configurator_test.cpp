@@ -28,7 +28,13 @@ TEST_F(Configurator, ConfirmingAssignsTheDialogsGroupsAndNothingElse)
         SaveSettings(file, settings, {}, AllSaveFlags);
         return file.ToText();
     };
+    struct : TListener {
+        int Told = 0;
+        void SettingsChanged() override { ++Told; }
+    } window;
+    const TSubscription subscription = m_murala->Core.Listeners.Listen(window);
     m_murala->Configurator.Confirm(configuration);
+    EXPECT_EQ(window.Told, 1) << "it starts the schedule's timer";
     EXPECT_EQ(text(m_murala->Core.Settings), text(expected));
     Restart();
     EXPECT_EQ(text(m_murala->Core.Settings), text(expected)) << "and it is saved";
@@ -84,9 +90,9 @@ TEST_F(Configurator, CategoriesComeInTheOrderOfTheListAndAreSetForMany)
     m_murala->Desk.AddFiles({Picture("D.bmp")}, "Sea");
     EXPECT_EQ(m_murala->Desk.Categories(), (std::vector<std::string>{"Sea", "Sky", "sea"}));
     m_murala->Core.Selection.SelectRows({0, 2}, 0);
-    m_murala->Desk.SetCategory(Selected(), "Ice");
+    m_murala->Desk.SetCategory(Selected(), "Ice\nage");
     m_murala->Desk.Rename(Item(1), "pasted\nin two\rlines");
     Restart();
-    EXPECT_EQ(m_murala->Desk.Categories(), (std::vector<std::string>{"Ice", "Sky", "Sea"}));
+    EXPECT_EQ(m_murala->Desk.Categories(), (std::vector<std::string>{"Ice age", "Sky", "Sea"}));
     EXPECT_EQ(Item(1).Title, "pasted in two lines") << "the list has a line for each wallpaper";
 }

@@ -47,7 +47,7 @@ struct TFakeMainView : TMainView {
     void EnableWindow(bool enable) override { Disabled += enable ? -1 : 1; }
     bool IsWindowVisible() override { return Visible; }
     void MinimiseWindow() override { Visible = false; }
-    TPlacement NormalPlacement() override { return {}; }
+    TPlacement NormalPlacement() override { return Placement; }
     int PreviewWidth(TSize) override { return 20; }
     void ShowPreview(const TBitmap& picture) override
     {
@@ -63,6 +63,7 @@ struct TFakeMainView : TMainView {
     }
     void WakePreview(int milliseconds) override { PreviewWait = milliseconds; }
 
+    TPlacement Placement{0, 0, 0, 0};
     TBitmap Preview;
     std::string PreviewText;
     int PreviewWait = 0; // 0: nothing is waited for

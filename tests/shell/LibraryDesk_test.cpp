@@ -54,7 +54,9 @@ TEST_F(LibraryDesk, RemovingSelectsWhatMovedUpAndFollowsTheCurrentOne)
     AddPictures(5);
     Apply(4);
     m_murala->Core.Selection.SelectRows({2, 3}, 3);
+    m_murala->Thumbnails.GetThumbnail(Item(2));
     m_murala->Desk.RemoveSelected();
+    EXPECT_TRUE(m_murala->Core.List.LoadedThumbnails.empty());
     EXPECT_EQ(Titles(), "014");
     EXPECT_EQ(SelectedRows(), std::vector<int>{2});
     EXPECT_EQ(CurrentIndex(), 2);
@@ -87,7 +89,15 @@ TEST_F(LibraryDesk, SortingTwiceInvertsAndKeepsSelectionAndCurrent)
 {
     AddPictures(3);
     Apply(1);
+    struct : TListener {
+        void RowsChanged() override { throw std::runtime_error("a view that fails"); }
+        void SelectionChanged() override { ++Told; }
+        int Told = 0;
+    } view;
+    const TSubscription subscription = m_murala->Core.Listeners.Listen(view);
     m_murala->Desk.SortByColumn(lcTitle);
+    EXPECT_EQ(view.Told, 1) << "the rows are others";
+    EXPECT_EQ(m_murala->Core.Status.Problem(), "a view that fails");
     m_murala->Desk.SortByColumn(lcTitle);
     EXPECT_EQ(Titles(), "210");
     EXPECT_EQ(CurrentIndex(), 1);

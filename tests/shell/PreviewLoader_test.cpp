@@ -25,8 +25,10 @@ TEST_F(PreviewLoader, ALargePictureIsLoadedInStepsAndAnotherOneFromItsBeginning)
     EXPECT_EQ(m_view.PreviewText, "Loading...");
     EXPECT_GE(m_view.PreviewWait, 100) << "until the selection has settled";
     int steps = 0;
-    for (; m_view.PreviewWait > 0; ++steps)
+    for (; m_view.Preview.Width() == 0 && steps < 100; ++steps) {
+        m_murala->Core.Listeners.Tell(&TListener::PreviewChanged, false); // waits for its end
         Tick();
+    }
     EXPECT_GE(steps, 4);
     EXPECT_EQ(ColorAt(0), ColorToPixel(0x0000FF));
     EXPECT_EQ(ColorAt(10), ColorToPixel(0x0000FF));
@@ -59,6 +61,9 @@ TEST_F(PreviewLoader, FollowsAFileThatWasWrittenAgainAndASettingThatWasChanged)
     EXPECT_EQ(LoadPreview(), "");
     EXPECT_EQ(ColorAt(0), ColorToPixel(0x0000FF)) << "a changed setting finds it";
     EXPECT_TRUE(m_view.Status.ends_with("(30x20)"));
+    m_view.PreviewWait = 0;
+    m_murala->Editor.SetTint({}, TTintEnd::Start, TChannel::Red, 7);
+    EXPECT_EQ(m_view.PreviewWait, 0) << "other items are not in it";
     m_murala->Editor.SetDisplayMode(Selected(), dmCentered);
     EXPECT_EQ(LoadPreview(), "");
     EXPECT_NE(ColorAt(0), ColorToPixel(0x0000FF)) << "the desktop's colour";

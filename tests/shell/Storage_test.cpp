@@ -33,10 +33,30 @@ TEST_F(Storage, AFailingSaveIsToldOnceAndLosesNothing)
     Restart();
     EXPECT_EQ(m_murala->Core.Settings.Schedule.Frequency, 9)
         << "the settings are saved all the same";
+    m_view.Placement = {1, 2, 3, 4};
+    m_murala->Desk.RememberFolder("elsewhere");
+    Restart();
+    EXPECT_EQ(m_murala->Core.Settings.Memory.WallpaperPath, "elsewhere");
+    EXPECT_EQ(m_murala->Core.Settings.Window.Placement.Left, 0) << "only what has changed is saved";
+    m_view.Placement = {1, 2, 3, 4};
+    for (const std::string_view file : {SettingsFileName, ListFileName}) {
+        m_view.Messages.clear();
+        for (int failure = 1; failure <= 2;
+             ++failure) { // one after a save that worked is told again
+            Block(file);
+            m_murala->Storage.SaveList();
+            m_murala->Storage.SaveList();
+            EXPECT_EQ(m_view.Messages.size(), static_cast<std::size_t>(failure)) << file;
+            Unblock(file);
+            m_murala->Storage.SaveList();
+        }
+    }
     Block(SettingsFileName);
-    m_murala->Storage.SaveList();
-    m_murala->Storage.SaveList();
-    EXPECT_EQ(m_view.Messages.size(), 1U);
+    Restart();
+    EXPECT_EQ(CurrentIndex(), 0) << "the first one stands for the one that is not known";
+    Unblock(SettingsFileName);
+    Restart();
+    EXPECT_EQ(m_murala->Core.Settings.Window.Placement.Left, 3);
 }
 
 TEST_F(Storage, AnUnreadableListIsKeptBesideTheNewOne)

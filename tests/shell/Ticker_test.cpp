@@ -105,6 +105,12 @@ TEST_F(Ticker, WhenNoPictureCanBeReachedTheScheduleRests)
     EXPECT_LE(m_services.Siblings.Notified - before, 16) << "five at once, then one a minute";
     EXPECT_GE(m_services.Siblings.Notified - before, 12);
     EXPECT_EQ(SelectedRows(), std::vector<int>{7});
+    const int rested = m_services.Siblings.Notified;
+    m_murala->Ticker.SetSchedule(m_murala->Core.Settings.Schedule);
+    TickAfter(1); // minutes
+    TickAfter(1.0 / 60);
+    EXPECT_EQ(m_services.Siblings.Notified - rested, 2)
+        << "a new schedule tries five at once again";
 }
 
 TEST_F(Ticker, AMessageHoldsTheScheduleUp)

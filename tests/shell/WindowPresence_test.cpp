@@ -19,15 +19,17 @@ struct TFakeFrame : TFrame {
     void ShowFrame() override
     {
         Calls += "show ";
-        IsIconized = IsIconized && !MapsIcons;
+        if (std::exchange(MapsIcons, false))
+            Presence.Iconized(IsIconized = false);
         Presence.CameToScreen();
     }
     void HideFrame() override { Calls += "hide "; }
     void IconizeFrame(bool iconize) override
     {
+        if (HasIcons && (iconize || IsIconized))
+            Calls += iconize ? "iconize " : "deiconize ";
         if (!HasIcons || iconize == IsIconized)
             return;
-        Calls += iconize ? "iconize " : "deiconize ";
         IsIconized = iconize;
         Presence.Iconized(iconize);
     }
@@ -98,7 +100,7 @@ TEST(WindowPresence, WithoutAWayBackItIsAnIconAndNeverLost)
     frame.WayBack.IsThere = false;
     frame.Presence.WayBackChanged();
     EXPECT_EQ(frame.Presence.Where(), TPresence::Icon);
-    EXPECT_EQ(frame.Take(), "show wait ");
+    EXPECT_EQ(frame.Take(), "iconize show wait ");
     frame.Presence.Restore();
     EXPECT_EQ(frame.Take(), "deiconize appear raise ");
     EXPECT_EQ(frame.Presence.Where(), TPresence::Shown);
@@ -174,6 +176,7 @@ TEST(WindowPresence, ClosesAndEndsInEveryState)
                 frame.Presence.EndSession(true);
             else
                 EXPECT_FALSE(frame.Presence.Close(true));
+            EXPECT_EQ(frame.Presence.Where(), isSession ? TPresence::Going : where);
             EXPECT_EQ(frame.Take(), "");
             frame.Presence.PauseEnded();
             EXPECT_EQ(frame.Take(), "close ");

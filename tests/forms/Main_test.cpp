@@ -53,19 +53,6 @@ TEST_F(MainWindow, SettingsPagesFollowTheSelectionAndChangeTheItem)
     EXPECT_EQ(Murala().Core.List.Item(0).GammaEndGreen, -77);
 }
 
-TEST_F(MainWindow, ThePreviewIsComposedAndABrokenPictureSaysSo)
-{
-    Start();
-    AddPictures({"A.bmp"});
-    auto& preview = Control<TPreviewPanel>("iPreview");
-    EXPECT_TRUE(PumpUntil([&] { return preview.Picture().IsOk(); }));
-    const wxSize size = preview.Picture().GetSize();
-    EXPECT_NEAR(static_cast<double>(size.x) / size.y, 320.0 / 200.0, 0.02);
-    Murala().Desk.AddFiles({m_services.ProgramFolder + "Missing.jpg"});
-    EXPECT_TRUE(PumpUntil([&] { return preview.Text().Contains("could not be loaded"); }));
-    EXPECT_TRUE(m_messages.Texts.empty());
-}
-
 TEST_F(MainWindow, ASliderMovedByKeysIsSavedAsItStands)
 {
     Start();

@@ -165,18 +165,3 @@ TEST_F(Applier, WhatComesInWhileAnEffectStartsFindsThePause)
     EXPECT_EQ(m_view.Disabled, 0);
     EXPECT_FALSE(m_murala->Core.Pauses.IsPaused());
 }
-
-TEST_F(Applier, HiddenNothingIsHeldForThePreview)
-{
-    AddPictures(2);
-    EXPECT_EQ(LoadPreview(), "");
-    EXPECT_GT(m_murala->Preview.Picture(20).Width(), 0);
-    m_view.Visible = false;
-    Apply(1);
-    EXPECT_EQ(m_murala->Preview.Picture(20).Width(), 0);
-    EXPECT_EQ(LoadPreview(), "");
-    EXPECT_EQ(m_murala->Preview.Picture(20).Width(), 0);
-    m_view.Visible = true;
-    Apply(0);
-    EXPECT_GT(m_murala->Preview.Picture(20).Width(), 0) << "what was read to apply is held";
-}

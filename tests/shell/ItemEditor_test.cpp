@@ -96,6 +96,10 @@ TEST_F(ItemEditor, WhatIsMeantForManyIsDoneToAllAndSavedOnce)
     Item(2).TransparentIcons = true;
     m_murala->Editor.SetEffect(Selected(), "Snow");
     m_murala->Editor.ToggleTransparentIcons(Selected());
+    Block(ListFileName);
+    m_murala->Editor.SetEffect(Selected(), "Snow");
+    EXPECT_TRUE(m_view.Messages.empty()) << "nothing is to be saved";
+    Unblock(ListFileName);
     Restart();
     EXPECT_EQ(Item(0).Effect + Item(1).Effect + Item(2).Effect, "Snow(None)Snow");
     EXPECT_FALSE(Item(0).TransparentIcons || Item(2).TransparentIcons)

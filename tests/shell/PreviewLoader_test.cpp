@@ -80,7 +80,11 @@ TEST_F(PreviewLoader, LoadsAndHoldsNothingWhileNobodySeesTheWindow)
     EXPECT_EQ(m_view.PreviewWait, 0);
     Select(0);
     EXPECT_EQ(m_view.PreviewWait, 0);
+    m_murala->Applier.Apply(Item(0));
+    EXPECT_EQ(m_murala->Preview.Picture(20).Width(), 0);
     m_view.Visible = true;
+    m_murala->Applier.Apply(Item(0));
+    EXPECT_GT(m_murala->Preview.Picture(20).Width(), 0) << "what was read to apply is held";
     Select(1);
     EXPECT_EQ(LoadPreview(), "");
     EXPECT_GT(m_view.Preview.Width(), 0);

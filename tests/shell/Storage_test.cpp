@@ -111,6 +111,10 @@ TEST_F(Storage, ASecondReadingThatFailsKeepsWhatTheFirstHadRead)
     m_murala->LoadSettings({});
     Unblock(SettingsFileName);
     EXPECT_EQ(m_murala->Core.Settings.Schedule.Frequency, 7);
+    m_murala->LoadSettings({});
+    m_murala->Core.Settings.Schedule.Frequency = 8;
+    m_murala->Storage.ReloadSettings();
+    EXPECT_EQ(m_murala->Core.Settings.Schedule.Frequency, 7) << "a third one works again";
     m_murala->Storage.SaveList();
     Restart();
     EXPECT_EQ(m_murala->Core.Settings.Schedule.Frequency, 7);

@@ -111,6 +111,12 @@ TEST_F(Ticker, WhenNoPictureCanBeReachedTheScheduleRests)
     TickAfter(1.0 / 60);
     EXPECT_EQ(m_services.Siblings.Notified - rested, 2)
         << "a new schedule tries five at once again";
+    TickAfter(10); // a minute's rest begins
+    m_services.Clock.Time -= 1;
+    TickAfter(0);
+    const int setBack = m_services.Siblings.Notified;
+    TickAfter(1.1);
+    EXPECT_EQ(m_services.Siblings.Notified, setBack + 1) << "and so does a clock that is set back";
 }
 
 TEST_F(Ticker, AMessageHoldsTheScheduleUp)

@@ -1,6 +1,8 @@
 #include "uDisplayMode.h"
 
+#include <algorithm>
 #include <cmath>
+#include <ranges>
 
 namespace murala
 {
@@ -99,15 +101,9 @@ constexpr TDisplayModeRow Table[] = {
     {dmFitHorizontally, Names[4], "aDisplayFitHorizontal", FitHorizontally, false, ForWidth},
     {dmFitVertically, Names[5], "aDisplayFitVertical", FitVertically, false, ForHeight},
 };
-static_assert(
-    [] {
-        std::size_t value = 0;
-        for (const TDisplayModeRow& row : Table)
-            if (row.Mode != value++ || row.Map == nullptr)
-                return false;
-        return value == std::size(DisplayModeNames);
-    }(),
-    "one complete row for every mode, in the order of their values");
+static_assert(std::ranges::equal(Table, std::views::iota(0U, std::size(DisplayModeNames)), {},
+                                 &TDisplayModeRow::Mode),
+              "one row for every mode, in the order of their values");
 
 bool IsExceeded(const TModeLimit& limit, TSize image, TSize screen)
 {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 namespace murala
 {
@@ -101,9 +100,12 @@ constexpr TDisplayModeRow Table[] = {
     {dmFitHorizontally, Names[4], "aDisplayFitHorizontal", FitHorizontally, false, ForWidth},
     {dmFitVertically, Names[5], "aDisplayFitVertical", FitVertically, false, ForHeight},
 };
-static_assert(std::ranges::equal(Table, std::views::iota(0U, std::size(DisplayModeNames)), {},
-                                 &TDisplayModeRow::Mode),
-              "one row for every mode, in the order of their values");
+static_assert(
+    [value = 0U]() mutable {
+        return std::ranges::all_of(Table, [&](const auto& row) { return row.Mode == value++; }) &&
+               value == std::size(DisplayModeNames);
+    }(),
+    "one row for every mode, in the order of their values");
 
 bool IsExceeded(const TModeLimit& limit, TSize image, TSize screen)
 {

@@ -2,6 +2,7 @@
 start_screen() {
     local number
     screen_folder=$(mktemp -d)
+    : >"$screen_folder/display" # read below, perhaps before Xvfb has been started
     Xvfb -displayfd 3 -screen 0 "$1x24" -noreset -nolisten tcp 3>"$screen_folder/display" \
         2>"$screen_folder/log" &
     screen_pid=$!

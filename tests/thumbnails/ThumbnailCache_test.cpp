@@ -1,5 +1,6 @@
 #include "ThumbnailFixture.h"
 
+#include <array>
 #include <map>
 
 using namespace murala;
@@ -158,6 +159,15 @@ TEST_F(ThumbnailCache, TheSecondTryIsTheLastWhateverIsDrawnMeanwhile)
     EXPECT_EQ(second.Item, &broken);
     EXPECT_EQ(List.MaxThumbnails, 200);
     EXPECT_EQ(MakeAll({shown[0], shown[1]}), "");
+    // A second try that works lacked memory: the lower limit stays, also after another failure.
+    TMuWallpaper& late = AddItem(Folder.File("l.bmp"));
+    EXPECT_EQ(Cache.MakeNext(std::array{&late}).Progress, TThumbnailProgress::Working);
+    SaveBitmapFile(EvenBitmap(3, 3, 7), late.FileName());
+    EXPECT_EQ(MakeAll({&late}), "l");
+    const int lower = List.MaxThumbnails;
+    EXPECT_LT(lower, 200);
+    EXPECT_EQ(MakeAll({&AddItem(Folder.File("y.bmp"))}), "y!");
+    EXPECT_EQ(List.MaxThumbnails, lower);
 }
 
 TEST_F(ThumbnailCache, WhatIsShownStaysHoweverItIsScrolledAndPainted)

@@ -1,5 +1,6 @@
 // The places of icons, from files as the desktops wrote them (xfdesktop 4.18, PCManFM 1.3,
 // PCManFM-Qt 1.2, Caja 1.26, Nemo 5.6), on a screen of 1920 x 1080 pixels.
+#include "uIconLayout.h"
 #include "uIconView.h"
 
 #include "uTestSession.h"
@@ -70,6 +71,14 @@ col=17
 )";
 
 } // namespace
+
+TEST(IconLayout, CellsBesideATakenOneAreFreeAndLabelsHaveRoom)
+{
+    EXPECT_EQ(FreeCells({0, 0, 20, 10}, {10, 10}, {{0, 0, 10, 10}}, 5), (TRects{{10, 0, 20, 10}}));
+    TRects icon; // eleven letters at the least, and a gap around the label
+    AddIcon(icon, {48, 200, 2}, 100, 10, "a");
+    EXPECT_EQ(icon, (TRects{{76, 10, 124, 58}, {45, 58, 155, 84}}));
+}
 
 TEST_F(IconsOnADesktop, XfcesCellsBecomePlacesInTheAreaBetweenThePanels)
 {

@@ -152,6 +152,9 @@ TEST_F(NotifierMenu, WhatHasChangedIsToldAndTheRestKeepsItsNumber)
     Wallpapers()[1].Checked = true;
     m_area->TellMenu(m_menu);
     EXPECT_EQ(Signals(), TWords{"LayoutUpdated(3, 3)"});
+    Wallpapers()[1].Enabled = true;
+    m_area->TellMenu(m_menu);
+    EXPECT_EQ(Signals(), TWords{"LayoutUpdated(4, 3)"});
 
     // The menu is renewed when it opens: what is still there keeps its number, and that of what is
     // gone stands for nothing more.
@@ -164,7 +167,7 @@ TEST_F(NotifierMenu, WhatHasChangedIsToldAndTheRestKeepsItsNumber)
     const TVariant both(g_variant_ref_sink(g_variant_new_parsed("[0, 99]")));
     EXPECT_EQ(Called("AboutToShowGroup", g_variant_new("(@ai)", both.get())), "([], [99])");
     EXPECT_EQ(m_events.Told, TWords{"opens"});
-    EXPECT_EQ(Signals(), (TWords{"LayoutUpdated(4, 0)", "LayoutUpdated(4, 3)"}));
+    EXPECT_EQ(Signals(), (TWords{"LayoutUpdated(5, 0)", "LayoutUpdated(5, 3)"}));
     EXPECT_EQ(NumberOf("Two"), still);
     const gint32 three = NumberOf("Three");
     EXPECT_GT(three, std::max(gone, still));

@@ -104,7 +104,7 @@ private:
     {
         char bytes[4096];
         const ssize_t count = recv(m_socket.Get(), bytes, sizeof bytes, 0);
-        if (count <= 0 && errno != EAGAIN) {
+        if (count == 0 || (count < 0 && errno != EAGAIN)) {
             m_socket = TDescriptor();
             return false;
         }

@@ -153,6 +153,17 @@ TEST_F(MainWindow, ATitleBeingTypedIsKeptWhenTheFocusGoesElsewhere)
     }
 }
 
+TEST_F(MainWindow, AScheduleThatIsConfirmedBegins)
+{
+    Start();
+    AddTwo();
+    TConfiguration configuration = Murala().Configurator.Present();
+    configuration.Schedule = {true, 1, suMinute, 0.5, 0};
+    Murala().Configurator.Confirm(configuration);
+    m_services.Clock.Time += 2 / MinutesPerDay;
+    EXPECT_TRUE(PumpUntil([&] { return !m_services.Desktop.Calls.empty(); }));
+}
+
 TEST_F(MainWindow, AKeyThatWasPressedTwiceOpensOneDialog)
 {
     Start();

@@ -63,6 +63,20 @@ TEST_F(WindowOnScreen, WhatComesInDuringADialogWaitsForItsEnd)
     EXPECT_EQ(Murala().Core.List.Count(), 3) << "nothing that was queued is lost";
 }
 
+TEST_F(WindowOnScreen, FilesThatAreDroppedDuringAMessageAreAddedAfterIt)
+{
+    Start();
+    m_messages.OnMessage = [this] {
+        auto* name = new wxString[1]{ToWx(Picture("Dropped.bmp", 4, 4, 0))}; // the event's
+        wxDropFilesEvent drop(wxEVT_DROP_FILES, 1, name);
+        m_main->ProcessWindowEvent(drop);
+        EXPECT_EQ(Murala().Core.List.Count(), 0);
+    };
+    Murala().Core.Tell("Something to read.");
+    m_messages.OnMessage = nullptr;
+    EXPECT_TRUE(PumpUntil([&] { return Murala().Core.List.Count() == 1; }));
+}
+
 TEST_F(WindowOnScreen, TheSessionsEndEndsLongWorkBetweenTwoItems)
 {
     Start();

@@ -74,7 +74,8 @@ col=17
 
 TEST(IconLayout, CellsBesideATakenOneAreFreeAndLabelsHaveRoom)
 {
-    EXPECT_EQ(FreeCells({0, 0, 20, 10}, {10, 10}, {{0, 0, 10, 10}}, 5), (TRects{{10, 0, 20, 10}}));
+    EXPECT_EQ(FreeCells({0, 0, 30, 10}, {10, 10}, {{10, 0, 20, 10}}, 5),
+              (TRects{{0, 0, 10, 10}, {20, 0, 30, 10}}));
     TRects icon; // eleven letters at the least, and a gap around the label
     AddIcon(icon, {48, 200, 2}, 100, 10, "a");
     EXPECT_EQ(icon, (TRects{{76, 10, 124, 58}, {45, 58, 155, 84}}));

@@ -161,8 +161,10 @@ TEST_F(WindowOnScreen, GoesToTheTrayWhereThereIsOneAndComesBackWhereItWas)
     auto& preview = Control<TPreviewPanel>("iPreview");
     EXPECT_TRUE(PumpUntil([&] { return preview.Picture().IsOk(); }));
     const wxRect before = m_main->GetRect();
+    Murala().Thumbnails.GetThumbnail(Murala().Core.List.Item(1));
     Execute(aApplyAndMinimize);
     EXPECT_FALSE(m_main->IsShown());
+    EXPECT_TRUE(Murala().Core.List.LoadedThumbnails.empty()) << "the hidden program is small";
     ASSERT_EQ(m_messages.Texts.size(), 1U);
     EXPECT_NE(m_messages.Texts[0].find("notification area"), std::string::npos);
     EXPECT_FALSE(preview.Picture().IsOk());

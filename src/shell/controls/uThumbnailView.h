@@ -29,7 +29,7 @@ public:
     virtual bool MakeNext(const std::vector<int>& rows) = 0;
 };
 
-class TMuThumbnailView : public wxScrolledCanvas, public TWallpaperView
+class TMuThumbnailView final : public wxScrolledCanvas, public TWallpaperView
 {
 public:
     TMuThumbnailView(wxWindow* parent, TRows& rows, TThumbnails& thumbnails, const wxString& name);

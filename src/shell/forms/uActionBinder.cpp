@@ -105,17 +105,19 @@ void TActionBinder::AppendMenu(wxMenuBar& bar, const wxString& caption, TLayout 
 void TActionBinder::ShowFileIcons(wxMenuBar& bar)
 {
     for (const auto& [action, icon] : FileIcons) {
-        std::size_t place = 0;
-        wxMenu* menu = nullptr;
-        wxMenuItem* item = bar.FindItem(IdOf(action), &menu);
-        const wxBitmapBundle image = item != nullptr ? FileIcon(icon) : wxBitmapBundle();
+        wxMenuItem* item = bar.FindItem(IdOf(action));
+        if (item == nullptr)
+            continue;
+        const wxBitmapBundle image = FileIcon(icon);
         if (!image.IsOk())
             continue;
         // The toolkit takes an entry's image only while the entry is appended.
-        menu->FindChildItem(item->GetId(), &place);
-        menu->Remove(item);
+        wxMenu& menu = *item->GetMenu();
+        std::size_t place = 0;
+        menu.FindChildItem(item->GetId(), &place);
+        menu.Remove(item);
         item->SetBitmap(image);
-        menu->Insert(place, item);
+        menu.Insert(place, item);
     }
 }
 

@@ -145,7 +145,8 @@ protected:
         m_messages.AreShown = true;
         auto timer = std::make_shared<wxTimer>();
         m_timers.push_back(timer);
-        timer->Bind(wxEVT_TIMER, [this, name, script, timer = timer.get()](wxTimerEvent&) {
+        timer->Bind(wxEVT_TIMER, [this, name, script = std::move(script),
+                                  timer = timer.get()](wxTimerEvent&) {
             for (wxWindow* window : wxTopLevelWindows) {
                 auto* dialog = dynamic_cast<wxDialog*>(window);
                 if (dialog == nullptr || dialog->GetName() != name || !dialog->IsModal())

@@ -256,9 +256,8 @@ protected:
     {
         TFakeTrayArea& area = m_services.TrayArea;
         area.Refuses = Chance(10);
-        area.OnMenu = nullptr;
-        if (Chance(50))
-            area.OnMenu = [this](TTrayModel& menu, TPoint) { return SomeTarget(AllEntries(menu)); };
+        // Always one of the area's own: the window's would wait for the user.
+        area.OnMenu = [this](TTrayModel& menu, TPoint) { return SomeTarget(AllEntries(menu)); };
         switch (Below(6)) {
         case 0:
             return area.Turn(static_cast<TTrayState>(Below(3)));
@@ -268,16 +267,10 @@ protected:
             area.Events->TrayMenuOpens();
             return area.Events->TrayMenuChosen(SomeTarget(area.Told));
         case 3:
-            return ClickRight();
+            return area.Events->TrayRightClick({Below(2000), Below(2000)});
         default:
             return area.Events->TrayLeftClick();
         }
-    }
-    // Without a menu of the area's own the window would show one, and wait for the user.
-    void ClickRight()
-    {
-        if (m_services.TrayArea.OnMenu && m_services.TrayArea.HasIcon)
-            m_services.TrayArea.Events->TrayRightClick({Below(2000), Below(2000)});
     }
     // Any of them but the end of the program; a separator: nothing was chosen.
     TMenuTarget SomeTarget(const TMenuEntries& entries)

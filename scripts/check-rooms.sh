@@ -62,8 +62,8 @@ may_see thumbnails 'library|compose'
 may_see desktop 'library|compose'
 may_see addons 'library|compose|thumbnails|desktop|shell'
 may_see startup 'library|desktop|compose'
-for room in wallpaper tray icons session system shared; do
-    may_see desktop/linux/$room 'library|compose|desktop/linux/shared|desktop$'
+for room in wallpaper tray icons session system common; do
+    may_see desktop/linux/$room 'library|compose|desktop/linux/common|desktop$'
 done
 
 # Unit names are include paths: each may exist once.

@@ -63,7 +63,7 @@ void TSelection::SelectRows(const std::vector<int>& rows, int focusedRow)
     const bool isSame = selected == m_selected;
     m_selected = std::move(selected);
     m_focused = inList(focusedRow) ? &m_list.Item(focusedRow) : nullptr;
-    if (isSame && Item() == itemBefore)
+    if (isSame && Item() == itemBefore && !m_selected.contains(m_focused))
         return;
     m_listeners.Tell(&TListener::SelectionChanged);
 }

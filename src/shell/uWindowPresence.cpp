@@ -15,6 +15,8 @@ void TWindowPresence::Go(TPresence where)
 
 void TWindowPresence::Start()
 {
+    if (m_where != TPresence::Starting)
+        return; // the session has ended while a wallpaper was applied at the start
     if (m_isVisible) {
         Go(TPresence::Coming);
         return m_frame.ShowFrame();

@@ -97,6 +97,8 @@ TEST_F(LibraryDesk, SortingTwiceInvertsAndKeepsSelectionAndCurrent)
     const TSubscription subscription = m_murala->Core.Listeners.Listen(view);
     m_murala->Desk.SortByColumn(lcTitle);
     EXPECT_EQ(view.Told, 1) << "the rows are others";
+    m_murala->Core.Selection.SelectRows({1}, 1);
+    EXPECT_EQ(view.Told, 2) << "a click on what is selected looks at its picture again";
     EXPECT_EQ(m_murala->Core.Status.Problem(), "a view that fails");
     m_murala->Desk.SortByColumn(lcTitle);
     EXPECT_EQ(Titles(), "210");

@@ -183,6 +183,7 @@ TEST(WindowPresence, ClosesAndEndsInEveryState)
             EXPECT_TRUE(frame.Presence.Close(false));
             EXPECT_EQ(frame.Presence.Where(), TPresence::Going);
             EXPECT_EQ(frame.Presence.IsVisible(), wasVisible) << "the next start is as this one";
+            frame.Presence.Start();
             frame.Presence.Restore();
             frame.Presence.Minimise();
             frame.Presence.Settled();

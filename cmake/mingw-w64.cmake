@@ -14,4 +14,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
+# The headers' assertions name their file: not where this user keeps the cache.
+foreach(language C CXX)
+  set(CMAKE_${language}_FLAGS_INIT "-ffile-prefix-map=${MURALA_WINDOWS_DEPS}=libraries")
+endforeach()
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")

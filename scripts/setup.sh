@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# setup.sh run|screen|linux|windows|lint...: installs the Debian packages that a purpose needs.
+# setup.sh run|screen|linux|windows|lint|package...: installs the Debian packages that a purpose needs.
 set -euo pipefail
 . "$(dirname "$0")/common.sh"
 
@@ -15,6 +15,8 @@ linux=(clang libclang-rt-14-dev xfconf xfdesktop4 gsettings-desktop-schemas libg
     at-spi2-core python3-pyatspi)
 lint=(clang-format-14 clang-tidy-14)
 windows=(g++-mingw-w64-x86-64-posix nasm dpkg-dev wine wine64 fonts-wine)
+# What makes the packages of both homes.
+package=(nsis zip debhelper dpkg-dev lintian appstream librsvg2-bin)
 
 for purpose in "$@"; do
     case $purpose in
@@ -22,6 +24,7 @@ for purpose in "$@"; do
         screen) install_packages "${screen[@]}" ;;
         linux) install_packages "${linux[@]}" ;;
         lint) install_packages "${lint[@]}" ;;
+        package) install_packages "${package[@]}" ;;
         windows) install_packages "${windows[@]}" ;;
         *) die "unknown purpose $purpose" ;;
     esac

@@ -43,9 +43,12 @@ build() {
     shift 2
     source=$(find "$work" -maxdepth 1 -type d -name "$glob" | head -1)
     [ -n "$source" ] || die "no source folder $glob"
+    # The folder, which has another name each time, stays out of the library.
+    local flags="-ffile-prefix-map=$work=libraries"
     say "building $name for Windows"
     cmake -S "$source" -B "$work/build-$name" -G Ninja -Wno-dev \
         -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_BUILD_TYPE=Release \
+        -DCMAKE_C_FLAGS="$flags" -DCMAKE_CXX_FLAGS="$flags" \
         -DCMAKE_INSTALL_PREFIX="$staging" "$@" >"$work/$name.log" 2>&1 &&
         ninja -C "$work/build-$name" install >>"$work/$name.log" 2>&1 ||
         { tail -40 "$work/$name.log" >&2; die "$name did not build"; }
@@ -61,6 +64,13 @@ build_wxwidgets() {
         -DwxBUILD_TESTS=OFF -DwxBUILD_SAMPLES=OFF -DwxBUILD_DEMOS=OFF "${off[@]}"
 }
 
+# The packages bring the licences of what is linked.
+keep_licences() {
+    mkdir "$staging/licences"
+    cat "$work"/libjpeg-turbo-*/{LICENSE.md,README.ijg} >"$staging/licences/libjpeg-turbo.txt"
+    cat "$work"/wxwidgets3.2-*/docs/{licence,lgpl}.txt >"$staging/licences/wxWidgets.txt"
+}
+
 key=$(cat "$0" "$toolchain" <(x86_64-w64-mingw32-g++-posix --version) | sha256sum | cut -c1-16)
 prefix=$cache/windows-deps-$key
 if [ ! -e "$prefix/complete" ]; then
@@ -74,6 +84,7 @@ if [ ! -e "$prefix/complete" ]; then
     build libjpeg-turbo 'libjpeg-turbo-*' -DENABLE_SHARED=OFF -DWITH_TURBOJPEG=OFF
     build googletest 'googletest-*' -DBUILD_GMOCK=OFF
     build_wxwidgets
+    keep_licences
     (cd "$work" && ls ./*.dsc) >"$staging/complete"
     mv -T "$staging" "$prefix" 2>/dev/null || rm -rf "$staging"
 fi

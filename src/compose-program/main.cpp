@@ -7,6 +7,7 @@
 #include "uSafeFile.h"
 #include "uSystemCheck.h"
 #include "uText.h"
+#include "uVersion.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -31,6 +32,7 @@ constexpr std::string_view Usage =
   --color R G B              the desktop colour, each value 0 to 255
   --calendar INI             draws a month's calendar with the settings of this file
   --date YYYY-MM-DD          the calendar's day instead of today
+  --help, --version          as the only argument: prints this, or the version
 )";
 
 // The program was called wrongly.
@@ -211,10 +213,13 @@ void Run(const TTask& task)
 
 int main(int argc, char** argv)
 {
+    const std::span words = std::span(argv, static_cast<std::size_t>(argc)).subspan(1);
+    if (const auto answer = AboutProgram("murala-compose", Usage, {words.begin(), words.end()}))
+        return std::fputs(answer->c_str(), stdout) != EOF && std::fflush(stdout) == 0 ? 0 : 1;
     try {
         if (const std::string problem = SystemProblem(); !problem.empty())
             throw std::runtime_error(problem);
-        Run(ParseTask(TArguments(std::span(argv, static_cast<std::size_t>(argc)).subspan(1))));
+        Run(ParseTask(TArguments(words)));
         return 0;
     } catch (const EUsage&) {
         std::fwrite(Usage.data(), 1, Usage.size(), stderr);

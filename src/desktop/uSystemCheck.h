@@ -1,4 +1,5 @@
-// Whether the program can run on this system at all.
+// What a program does before its windows: whether it can run on this system at all, and what it
+// tells without them.
 #pragma once
 
 #include <string>
@@ -8,6 +9,11 @@ namespace murala
 
 // What the system lacks, for the user; empty where the program can run.
 std::string SystemProblem();
+
+// Prints what the command line asked a program with windows for; false where that cannot be
+// written. On Windows such a program has no console: it uses that of its parent, else a message
+// box.
+bool PrintAnswer(const std::string& text);
 
 // Tells why a program with windows ends before it has one: in a message box on Windows, where it
 // has no other place to write to.

@@ -3,9 +3,30 @@
 #include "uProcessPriority.h"
 #include "uShellIntegration.h"
 #include "uText.h"
+#include "uVersion.h"
 
 namespace murala
 {
+
+namespace
+{
+
+constexpr std::string_view Usage =
+    R"(usage: murala [/apply] [FILE...]
+
+  FILE         is added to the library; * and ? are allowed
+  /apply       as the first argument: applies the current wallpaper, or the next one if so configured
+  /UNINSTALL   as the only argument: removes "Add to Murala" from the file manager's menus
+  --help       as the only argument: prints this
+  --version    as the only argument: prints the version
+)";
+
+} // namespace
+
+std::optional<std::string> AnswerBeforeEntry(const std::vector<std::string>& arguments)
+{
+    return AboutProgram("Murala", Usage, arguments);
+}
 
 TEntry EnterProgram(const std::vector<std::string>& arguments, TFileMenu& fileMenu,
                     TFileQueue& fileQueue, TInstanceLink& link)

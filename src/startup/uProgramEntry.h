@@ -5,6 +5,7 @@
 #include "uFileQueue.h"
 #include "uInstanceLink.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,10 @@ enum class TEntry {
     End, // everything is done, or a running copy does it
     Failed, // the same, but not all of it could be done
 };
+
+// What "--version" and "--help" print, as the only argument: then nothing else is done. Nothing for
+// every other command line.
+std::optional<std::string> AnswerBeforeEntry(const std::vector<std::string>& arguments);
 
 // `arguments` without the program's own name. The files among them are queued for whichever copy
 // takes them. This works without a screen.

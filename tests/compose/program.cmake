@@ -56,6 +56,21 @@ file(WRITE "${ini}" "[Options]\nCalendarWidth=9999\nCalendarHeight=-3\nTitleFont
 unset(ENV{DISPLAY})
 unset(ENV{WAYLAND_DISPLAY})
 expect(0 "^$" "${IMAGE}" 2 64x48 "${out}" --calendar "${ini}")
+
+# What either program tells, that with windows as well.
+function(expect_answer program argument text)
+  execute_process(COMMAND ${RUNNER} "${program}" ${argument} RESULT_VARIABLE result OUTPUT_VARIABLE told)
+  if(NOT result EQUAL 0 OR NOT told MATCHES "${text}")
+    message(SEND_ERROR "${program} ${argument}: exit code ${result}, and it tells: ${told}")
+  endif()
+endfunction()
+string(REPLACE . "\\." version "${VERSION}")
+expect_answer("${PROGRAM}" --version "^murala-compose ${version}\r?\n$")
+expect_answer("${PROGRAM}" --help "^usage: murala-compose ")
+expect_answer("${MURALA}" --version "^Murala ${version}\r?\n$")
+expect_answer("${MURALA}" --help "^usage: murala ")
+expect(2 "^usage:" --version --version)
+
 file(WRITE "${ini}" "")
 expect(0 "^$" "${IMAGE}" 2 640x480 "${out}" --calendar "${ini}" --date 2024-02-29)
 file(SHA256 "${out}" february)

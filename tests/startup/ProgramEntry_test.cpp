@@ -4,6 +4,7 @@
 #include "uSafeFile.h"
 #include "uShellIntegration.h"
 #include "uTempFolder.h"
+#include "uVersion.h"
 
 #include <gtest/gtest.h>
 
@@ -129,6 +130,19 @@ TEST(ProgramEntry, UninstallIsTheOnlyArgumentInItsLetterCase)
     TEntryWorld refused;
     refused.Menu.Refuses = true;
     EXPECT_EQ(refused.Enter({"/UNINSTALL"}), TEntry::Failed);
+}
+
+TEST(ProgramEntry, VersionAndHelpAreAnsweredAsTheOnlyArgument)
+{
+    for (const TWords& arguments :
+         {TWords{}, TWords{"--version", "--help"}, TWords{"a.jpg", "--version"},
+          TWords{"--version", "a.jpg"}, TWords{"--Version"}, TWords{"-help"}, TWords{"/apply"},
+          TWords{"/UNINSTALL"}})
+        EXPECT_EQ(AnswerBeforeEntry(arguments), std::nullopt) << arguments.size();
+    EXPECT_EQ(AnswerBeforeEntry({"--version"}), "Murala " + std::string(Version) + "\n");
+    const std::string help = AnswerBeforeEntry({"--help"}).value();
+    for (const char* argument : {"FILE", "/apply", "/UNINSTALL", "--help", "--version"})
+        EXPECT_NE(help.find(argument), std::string::npos) << argument;
 }
 
 TEST(ProgramEntry, ApplyIsTheFirstArgumentInAnyLetterCase)

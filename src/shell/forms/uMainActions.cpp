@@ -12,8 +12,10 @@
 #include "uMainCalendar.h"
 #include "uPath.h"
 #include "uShippedFile.h"
+#include "uVersion.h"
 #include "uWindowSystem.h"
 #include "uWxBitmap.h"
+#include "uWxText.h"
 
 #include <algorithm>
 
@@ -211,7 +213,7 @@ void TfMain::aAboutExecute()
 {
     wxAboutDialogInfo info;
     info.SetName("Murala");
-    info.SetVersion(MURALA_VERSION);
+    info.SetVersion(ToWx(Version));
     info.SetDescription("Shows your pictures on the desktop.\n\n" +
                         wxGetLibraryVersionInfo().GetVersionString() + ", libjpeg-turbo");
     info.SetCopyright("(C) 2026 The Murala developers, MIT licence");

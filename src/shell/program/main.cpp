@@ -43,10 +43,12 @@ private:
 // remote shell asks for works without one.
 int Run(int argc, char** argv)
 {
+    std::vector<std::string> arguments = ProgramArguments();
+    if (const auto answer = AnswerBeforeEntry(arguments))
+        return PrintAnswer(*answer) ? 0 : 1;
     if (const std::string problem = SystemProblem(); !problem.empty())
         throw std::runtime_error(problem);
     ShareMemoryOfThreads();
-    std::vector<std::string> arguments = ProgramArguments();
     auto link = NewInstanceLink();
     const TEntry entry = EnterProgram(arguments, *NewFileMenu(), *NewFileQueue(), *link);
     if (entry != TEntry::Run)

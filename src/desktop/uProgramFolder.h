@@ -1,6 +1,7 @@
 // What the program was started as, and where it keeps its files.
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -14,10 +15,20 @@ std::string ProgramFile();
 // spell is still a file's name.
 std::vector<std::string> ProgramArguments();
 
-// With a trailing divider. Windows: the folder of the program file. Linux: that folder when
-// "Murala.ini" lies in it (a portable copy), else "murala" in the user's data folder, made on first
-// use.
+// With a trailing divider. The folder of the program file when the data lies there (Windows:
+// always; Linux: in a portable copy, which has "Murala.ini" beside it) and files may be made in it,
+// else UserMuralaFolder, made on first use. Throws EFileError when it cannot be made.
 std::string ProgramFolder();
+
+// "Murala" in the user's own data folder (Windows: %LOCALAPPDATA%; Linux: $XDG_DATA_HOME).
+std::filesystem::path UserMuralaFolder();
+
+// Whether Murala's files belong beside the program file, which lies in `folder`.
+bool IsDataBesideProgram(const std::string& folder);
+
+// Which of the two folders is the program folder. Where `beside` may only be read, the user gets
+// copies of the list and the settings that lie there, but never over files of his own.
+std::string ChooseProgramFolder(const std::string& beside, const std::filesystem::path& user);
 
 // Where the program file lies once Murala is installed; fixed when it is built.
 std::string InstalledProgramFile();

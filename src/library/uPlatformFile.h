@@ -17,6 +17,10 @@ bool HasFile(const std::filesystem::path& path, std::error_code& error);
 // As fopen. Null, with errno set, when it cannot be opened.
 std::FILE* OpenNamedFile(const std::filesystem::path& path, const char* mode);
 
+// False when rights or a write-protected disk forbid to make files in the folder; a full disk does
+// not.
+bool MayMakeFiles(const std::filesystem::path& folder);
+
 // Whether everything written so far has reached the disk; errno is set when not.
 bool FlushToDisk(std::FILE* file);
 

@@ -9,6 +9,9 @@ namespace murala
 namespace
 {
 
+// It is only written together with all other keys.
+constexpr std::string_view WallpaperCountKey = "WallpaperCount";
+
 void Read(const TIniFile& file, const TSettingKey& key, std::string* value)
 {
     *value = file.ReadText(key.Section, key.Name, *value);
@@ -110,10 +113,28 @@ TMuSettings ReloadSettings(const TIniFile& file, const TSettingsDefaults& defaul
     return settings;
 }
 
+bool IsNewUsersFile(const TIniFile& file)
+{
+    return !file.Read(MainSection, WallpaperCountKey);
+}
+
+void AddFirstSettings(TIniFile& file, const TIniFile& first)
+{
+    for (const TSettingKey& key : SettingKeys)
+        if (!key.Name.empty()) {
+            const auto value = first.Read(key.Section, key.Name);
+            if (value && !file.Read(key.Section, key.Name))
+                file.Write(key.Section, key.Name, QuotedIniText(*value));
+        } else if (first.HasSection(key.Section) && !file.HasSection(key.Section)) {
+            file.WriteSection(key.Section, ConvertListToPairs(
+                                               PairsToConvertList(first.ReadSection(key.Section))));
+        }
+}
+
 void SaveSettings(TIniFile& file, TMuSettings settings, const TListState& list, TSaveFlags parts)
 {
     if (parts[sfWallpaperCount])
-        file.Write(MainSection, "WallpaperCount", std::to_string(list.Count));
+        file.Write(MainSection, WallpaperCountKey, std::to_string(list.Count));
     if (parts[sfWallpaperCurrent] && !list.CurrentFileName.empty())
         file.Write(MainSection, WallpaperCurrentKey(list.Desktop),
                    QuotedIniText(list.CurrentFileName));

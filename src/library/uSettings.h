@@ -17,6 +17,8 @@ namespace murala
 {
 
 inline constexpr std::string_view SettingsFileName = "Murala.ini";
+// The settings that a new user starts with; lies where the program's own files are.
+inline constexpr std::string_view FirstSettingsFileName = "Murala.default.ini";
 
 // The main window's normal (restored) placement in pixels.
 struct TPlacement {
@@ -235,6 +237,11 @@ TMuSettings LoadSettings(const TIniFile& file, const TSettingsDefaults& defaults
 // The file's values and those that a reading keeps.
 TMuSettings ReloadSettings(const TIniFile& file, const TSettingsDefaults& defaults,
                            TMuSettings present);
+
+// Whether Murala has never saved all settings into the file.
+bool IsNewUsersFile(const TIniFile& file);
+// Gives the file what it lacks of the keys, and of the whole sections, in SettingKeys.
+void AddFirstSettings(TIniFile& file, const TIniFile& first);
 
 // What the two keys about the list are made from.
 struct TListState {

@@ -2,6 +2,8 @@
 
 #include "uAddOnDesk.h"
 #include "uCompose.h"
+#include "uPath.h"
+#include "uShippedFile.h"
 #include "uText.h"
 
 #include <new>
@@ -25,11 +27,17 @@ std::string EffectProblem(TEffectStart start, const std::string& effect)
     }
 }
 
+// The folder that holds "Plugins": the user's, or where the program's own files are.
+std::string EffectsFolder(const TCore& core)
+{
+    return FolderPart(FindShippedFile(core.Services, "Plugins").value_or(core.FilePath("Plugins")));
+}
+
 } // namespace
 
 TApplier::TApplier(TCore& core, TStorage& storage, TPreviewLoader& preview)
     : m_core(core), m_storage(storage), m_preview(preview),
-      m_effects(core.Services.ProgramFolder, core.Services.Launcher, core.Services.Siblings,
+      m_effects(EffectsFolder(core), core.Services.Launcher, core.Services.Siblings,
                 core.Services.MessageLoop),
       m_way(core.Services.Door)
 {

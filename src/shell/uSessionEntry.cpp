@@ -101,9 +101,8 @@ void TSessionEntry::OpenPage(const std::string& page)
 
 void TSessionEntry::OpenHelp()
 {
-    const std::string helpFile = JoinPath(m_core.FilePath("help"), "MuralaHelp.chm");
-    if (IsReachableFile(helpFile))
-        OpenPage(helpFile);
+    if (const auto helpFile = FindShippedFile(m_core.Services, "help/MuralaHelp.chm"))
+        OpenPage(*helpFile);
     else
         OpenShipped("help/index.html");
 }

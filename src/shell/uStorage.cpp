@@ -1,6 +1,7 @@
 #include "uStorage.h"
 
 #include "uFileError.h"
+#include "uShippedFile.h"
 #include "uText.h"
 
 #include <new>
@@ -22,13 +23,37 @@ std::string ReasonOf(const std::exception& error)
 
 } // namespace
 
+TIniFile TStorage::LoadSettingsFile(const std::string& path)
+{
+    TIniFile file = TIniFile::Load(path);
+    if (IsNewUsersFile(file))
+        AddFirstSettings(file, FirstSettings());
+    return file;
+}
+
+const TIniFile& TStorage::FirstSettings()
+{
+    if (m_firstSettings)
+        return *m_firstSettings;
+    m_firstSettings.emplace();
+    if (const auto path = FindShippedFile(m_core.Services, FirstSettingsFileName))
+        try {
+            m_firstSettings = TIniFile::Load(*path);
+        } catch (const std::exception& error) {
+            m_firstSettingsProblem = FormatText("The first settings could not be read.\n\n%s\n\n"
+                                                "Murala starts with its own.",
+                                                {ReasonOf(error)});
+        }
+    return *m_firstSettings;
+}
+
 void TStorage::LoadSettings(const TPlacement& placement)
 {
     const TSettingsDefaults defaults{m_core.Services.ProgramFolder, m_core.Services.Clock.Now(),
                                      placement};
     try {
         m_settingsFile.Read([&](const std::string& path) {
-            m_core.Settings = murala::LoadSettings(TIniFile::Load(path), defaults);
+            m_core.Settings = murala::LoadSettings(LoadSettingsFile(path), defaults);
         });
         m_toldSettingsProblem.clear();
     } catch (const std::exception& error) {
@@ -40,6 +65,8 @@ void TStorage::LoadSettings(const TPlacement& placement)
                             {ReasonOf(error)}));
     }
     m_haveSettings = true;
+    if (const std::string problem = std::exchange(m_firstSettingsProblem, ""); !problem.empty())
+        m_core.Tell(problem);
     try {
         m_core.List.SetThumbnailFolder(m_core.Settings.Memory.ThumbnailFolder);
     } catch (const EFileError&) {
@@ -84,7 +111,7 @@ void TStorage::ReloadSettings()
     try {
         m_settingsFile.Read([&](const std::string& path) {
             m_core.Settings = murala::ReloadSettings(
-                TIniFile::Load(path), {m_core.Services.ProgramFolder, 0, {}}, m_core.Settings);
+                LoadSettingsFile(path), {m_core.Services.ProgramFolder, 0, {}}, m_core.Settings);
         });
     } catch (const std::exception&) {
         // The settings stay as they are.
@@ -126,7 +153,7 @@ void TStorage::WriteSettings(const std::string& path, TSaveFlags parts)
         list.Desktop = m_core.Services.Siblings.GetVeyraDesktop();
     // The file is read again before it is written, so that what the user has written into it
     // meanwhile stays.
-    TIniFile file = TIniFile::Load(path);
+    TIniFile file = LoadSettingsFile(path);
     murala::SaveSettings(file, m_core.Settings, list, parts);
     file.Save(path);
 }

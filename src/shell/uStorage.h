@@ -4,6 +4,7 @@
 #include "uCore.h"
 #include "uUserFile.h"
 
+#include <optional>
 #include <string>
 
 namespace murala
@@ -37,6 +38,10 @@ public:
     void SaveSettings(TSaveFlags parts);
 
 private:
+    // The user's file; a new user's with the first settings in it. Throws EFileError.
+    TIniFile LoadSettingsFile(const std::string& path);
+    // What comes with the program for new users; read when it is asked for first.
+    const TIniFile& FirstSettings();
     void TellOnce(std::string& told, const std::string& problem);
     // Tells under which name an unreadable file was kept.
     void Write(TUserFile& file, const TUserFile::TWork& write);
@@ -44,6 +49,8 @@ private:
 
     TCore& m_core;
     TUserFile m_listFile, m_settingsFile;
+    std::optional<TIniFile> m_firstSettings;
+    std::string m_firstSettingsProblem; // not told yet
     bool m_haveSettings = false;
     std::string m_toldListProblem, m_toldSettingsProblem;
 };

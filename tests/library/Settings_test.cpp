@@ -144,3 +144,24 @@ TEST(ConvertList, SurvivesAnyFindTextAndReplacement)
     EXPECT_EQ(PairsToConvertList({{"x", "y"}, {"()", "(blank)"}, {"%20", ""}, {"bad%", "z"}}),
               (TConvertList{{"x", "y"}, {"()", ""}, {"%20", ""}, {"bad%", "z"}}));
 }
+
+TEST(Settings, ANewUsersFileGetsWhatItLacks)
+{
+    const TIniFile first = TIniFile::FromText(
+        "[Main]\r\nViewMode=1\r\nPreviewSize=2\r\nWallpaperCount=7\r\nThumbnailFolder=\" t\"\r\n"
+        "[ConvertList]\r\n-=\" \"\r\n(x)=(blank)\r\n[Other]\r\na=b\r\n");
+    const auto given = [&](std::string_view user) {
+        TIniFile file = TIniFile::FromText(user);
+        AddFirstSettings(file, first);
+        return file.ToText();
+    };
+    EXPECT_EQ(given("[Main]\r\nViewMode=0\r\n"),
+              "[Main]\r\nViewMode=0\r\nPreviewSize=2\r\nThumbnailFolder=\" t\"\r\n"
+              "[ConvertList]\r\n-=\" \"\r\n(x)=(blank)\r\n");
+    EXPECT_EQ(
+        given("[ConvertList]\r\n"),
+        "[ConvertList]\r\n[Main]\r\nPreviewSize=2\r\nViewMode=1\r\nThumbnailFolder=\" t\"\r\n")
+        << "an empty list is the user's own";
+    EXPECT_TRUE(IsNewUsersFile(TIniFile::FromText(Saved({}, All))));
+    EXPECT_FALSE(IsNewUsersFile(TIniFile::FromText(Saved({}, ~0ULL))));
+}

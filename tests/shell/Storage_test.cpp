@@ -119,3 +119,35 @@ TEST_F(Storage, ASecondReadingThatFailsKeepsWhatTheFirstHadRead)
     Restart();
     EXPECT_EQ(m_murala->Core.Settings.Schedule.Frequency, 7);
 }
+
+TEST_F(Storage, ANewUserStartsWithTheFirstSettings)
+{
+    m_folder.Write(FirstSettingsFileName, "[Main]\r\nViewMode=1\r\nMaxTitleLength=12\r\n");
+    Restart();
+    EXPECT_EQ(m_murala->Core.Settings.Window.ViewMode, vmThumbnails);
+    EXPECT_FALSE(FileExists(m_folder.File(SettingsFileName))) << "reading saves nothing";
+    m_murala->Desk.RememberFolder("elsewhere"); // saves one key
+    m_folder.Write(FirstSettingsFileName, "[Main]\r\nViewMode=0\r\nPreviewSize=2\r\n");
+    Restart();
+    EXPECT_EQ(m_murala->Core.Settings.Window.ViewMode, vmThumbnails) << "it is the user's by now";
+    EXPECT_EQ(m_murala->Core.Settings.Preferences.Titles.MaxTitleLength, 12);
+    EXPECT_EQ(m_murala->Core.Settings.Window.PreviewSize, psLarge) << "all have not been saved yet";
+
+    m_murala->Storage.SaveList();
+    m_folder.Write(SettingsFileName, "[Main]\r\nWallpaperCount=0\r\n");
+    m_murala->Storage.ReloadSettings();
+    EXPECT_EQ(m_murala->Core.Settings.Window.PreviewSize, psNormal) << "not a new user any more";
+}
+
+TEST_F(Storage, FirstSettingsThatCannotBeReadAreToldToNewUsersOnly)
+{
+    std::filesystem::create_directory(NativePath(m_folder.File(FirstSettingsFileName)));
+    Restart();
+    EXPECT_EQ(m_view.Messages.size(), 1U);
+    EXPECT_EQ(m_murala->Core.Settings.Window.PreviewSize, psNormal);
+    m_murala->LoadSettings({});
+    EXPECT_EQ(m_view.Messages.size(), 1U) << "once";
+    m_murala->Storage.SaveList();
+    Restart();
+    EXPECT_TRUE(m_view.Messages.empty());
+}

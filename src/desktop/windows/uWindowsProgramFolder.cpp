@@ -1,9 +1,12 @@
+#include "uFileError.h"
 #include "uPath.h"
 #include "uProgramFolder.h"
 
 #include <cstdlib>
 
 #include <windows.h>
+
+#include <shlobj.h>
 
 namespace murala
 {
@@ -27,9 +30,18 @@ std::vector<std::string> ProgramArguments()
     return {__argv + 1, __argv + __argc};
 }
 
-std::string ProgramFolder()
+bool IsDataBesideProgram(const std::string& /*folder*/)
 {
-    return FolderPart(ProgramFile());
+    return true;
+}
+
+std::filesystem::path UserMuralaFolder()
+{
+    std::string folder(MAX_PATH, '\0');
+    if (SHGetFolderPathA(nullptr, CSIDL_LOCAL_APPDATA | CSIDL_FLAG_CREATE, nullptr,
+                         SHGFP_TYPE_CURRENT, folder.data()) != S_OK)
+        throw EFileError("Windows does not say where the user's data folder is.");
+    return NativePath(folder.c_str()) / "Murala";
 }
 
 } // namespace murala

@@ -44,6 +44,11 @@ std::FILE* OpenNamedFile(const std::filesystem::path& path, const char* mode)
     return std::fopen(path.c_str(), (std::string(mode) + "e").c_str());
 }
 
+bool MayMakeFiles(const std::filesystem::path& folder)
+{
+    return access(folder.c_str(), W_OK | X_OK) == 0 || (errno != EACCES && errno != EROFS);
+}
+
 bool FlushToDisk(std::FILE* file)
 {
     return std::fflush(file) == 0 && fsync(fileno(file)) == 0;

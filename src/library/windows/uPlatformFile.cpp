@@ -116,6 +116,18 @@ std::FILE* OpenNamedFile(const std::filesystem::path& path, const char* mode)
     return file;
 }
 
+// The rights that a folder's list names are not all that counts: only trying tells.
+bool MayMakeFiles(const std::filesystem::path& folder)
+{
+    const auto probe = folder / ("Murala." + std::to_string(GetCurrentProcessId()) + ".probe");
+    const HANDLE file = CreateFileW(probe.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                    FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    if (file != INVALID_HANDLE_VALUE)
+        return CloseHandle(file) != FALSE;
+    const DWORD error = GetLastError();
+    return error != ERROR_ACCESS_DENIED && error != ERROR_WRITE_PROTECT;
+}
+
 bool FlushToDisk(std::FILE* file)
 {
     return std::fflush(file) == 0 && _commit(_fileno(file)) == 0;

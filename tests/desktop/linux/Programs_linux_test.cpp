@@ -6,7 +6,6 @@
 #include "uLocaleTexts.h"
 #include "uProcessMemory.h"
 #include "uProcessPriority.h"
-#include "uProgramFolder.h"
 #include "uScreenSaver.h"
 #include "uTestSession.h"
 #include "uWindowSocket.h"
@@ -312,16 +311,6 @@ TEST(LinuxLocale, OrdersAsTheUserDoes)
     ExpectSameOrder(*locale, [&](const std::string& a, const std::string& b) {
         return users ? strcoll_l(a.c_str(), b.c_str(), users.get()) : a.compare(b);
     });
-}
-
-TEST(LinuxProgramFolder, IsTheUsersAndIsMade)
-{
-    TTestSession session;
-    session.SetVariable("XDG_DATA_HOME", "relative");
-    EXPECT_EQ(ProgramFolder(), session.File(".local/share/murala/")) << "no base for it";
-    session.SetVariable("XDG_DATA_HOME", session.File("data"));
-    EXPECT_EQ(ProgramFolder(), session.File("data/murala/"));
-    EXPECT_TRUE(std::filesystem::is_directory(session.File("data/murala")));
 }
 
 TEST(FileSearch, BracketsAndStarsInNamesAreNames)

@@ -1,5 +1,7 @@
 #include "uFolders.h"
 
+#include "uProgramFolder.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <sys/stat.h>

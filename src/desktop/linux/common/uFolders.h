@@ -12,9 +12,6 @@ namespace murala
 std::filesystem::path UserDataFolder();   // $XDG_DATA_HOME or ~/.local/share
 std::filesystem::path UserConfigFolder(); // $XDG_CONFIG_HOME or ~/.config
 
-// What belongs to every copy of Murala of this user: in the user's data folder.
-std::filesystem::path UserMuralaFolder();
-
 // What lies in the folder; as much of it as can be read.
 std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder,
                                              std::error_code& error);

@@ -4,6 +4,7 @@
 #include "uFileQueue.h"
 #include "uFolders.h"
 #include "uPath.h"
+#include "uProgramFolder.h"
 #include "uSafeFile.h"
 
 #include <unordered_set>

@@ -1,7 +1,5 @@
-#include "uFolders.h"
 #include "uPath.h"
 #include "uProgramFolder.h"
-#include "uSafeFile.h"
 #include "uSettings.h"
 
 #include <fstream>
@@ -26,18 +24,9 @@ std::vector<std::string> ProgramArguments()
     return arguments;
 }
 
-std::string ProgramFolder()
+bool IsDataBesideProgram(const std::string& folder)
 {
-    std::string portable = FolderPart(ProgramFile());
-    if (FileExists(JoinPath(portable, SettingsFileName)))
-        return portable;
-    const std::filesystem::path folder = UserMuralaFolder();
-    std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    if (error)
-        throw EFileError("The folder " + PathText(folder) +
-                         " could not be made: " + error.message());
-    return WithTrailingDivider(PathText(folder));
+    return FileExists(JoinPath(folder, SettingsFileName));
 }
 
 } // namespace murala

@@ -22,11 +22,6 @@ try {
 
 } // namespace
 
-std::string InstalledProgramFile()
-{
-    return MURALA_INSTALLED_PROGRAM;
-}
-
 std::string ProgramFolder()
 {
     const std::string beside = FolderPart(ProgramFile());

@@ -3,6 +3,7 @@
 #include "uAutostart.h"
 #include "uFileMenu.h"
 #include "uFileQueue.h"
+#include "uProgramFolder.h"
 
 #include <windows.h>
 
@@ -83,6 +84,19 @@ bool DeleteVerb(TRegistry& registry, const TPlace& verb)
 }
 
 } // namespace
+
+std::string InstalledProgramFile(TRegistry& registry)
+{
+    const auto chosen =
+        registry.ReadText(TRoot::CurrentUser, std::string(SetupKey), "InstalledProgram");
+    return chosen && !chosen->empty() ? *chosen : MURALA_INSTALLED_PROGRAM;
+}
+
+std::string CommandWithFile(const std::string& program)
+{
+    const std::string quote = program.find(' ') != std::string::npos ? "\"" : "";
+    return quote + program + quote + " \"%1\"";
+}
 
 std::string ReadFileType(TRegistry& registry, std::string_view extension)
 {
@@ -172,7 +186,7 @@ public:
         bool isChanged = false;
         for (const std::string& extension : command.Extensions)
             isChanged |= murala::AddShellCommand(*m_registry, extension, command.Verb,
-                                                 command.Program + " \"%1\"");
+                                                 CommandWithFile(command.Program));
         TellShell(isChanged);
     }
     void RemoveShellCommand(const TFileCommand& command) override
@@ -237,6 +251,11 @@ private:
 };
 
 } // namespace
+
+std::string InstalledProgramFile()
+{
+    return InstalledProgramFile(*NewRegistry());
+}
 
 std::unique_ptr<TFileMenu> NewFileMenu()
 {

@@ -17,8 +17,15 @@
 namespace murala
 {
 
+inline constexpr std::string_view SetupKey = R"(Software\Murala)";
 inline constexpr std::string_view AddFilesKey = R"(Software\Murala\AddFiles)";
 inline constexpr std::string_view RunKey = R"(SOFTWARE\Microsoft\Windows\CurrentVersion\Run)";
+
+// What the setup program has written where it installed Murala in another folder than the usual
+// one.
+std::string InstalledProgramFile(TRegistry& registry);
+// The command that starts a program with a file.
+std::string CommandWithFile(const std::string& program);
 
 // The name of the file type, empty when it is not known.
 std::string ReadFileType(TRegistry& registry, std::string_view extension);

@@ -107,6 +107,10 @@ private:
             NoThrow(link->m_onWake);
             return 0;
         }
+        // Who asks a program to end asks all its windows; the main window decides, and while it
+        // stays, other copies have to find this one.
+        if (message == WM_CLOSE && window == link->m_ownWindow.get())
+            return 0;
         if (message == WM_NCDESTROY) {
             RemoveWindowSubclass(window, OnMessage, SubclassId);
             link->m_listening = nullptr;

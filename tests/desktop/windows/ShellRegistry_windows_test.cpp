@@ -114,6 +114,20 @@ TEST(ShellRegistry, OrdinaryUsersHaveTheirOwnVerbs)
     EXPECT_EQ(registry.Keys, before);
 }
 
+TEST(ShellRegistry, SetupMayHaveChosenAnotherFolder)
+{
+    TFakeRegistry registry;
+    const std::string usual = InstalledProgramFile(registry);
+    EXPECT_EQ(CommandWithFile(usual), usual + " \"%1\"");
+    registry.WriteText(TRoot::CurrentUser, "Software\\Murala", "InstalledProgram", "");
+    EXPECT_EQ(InstalledProgramFile(registry), usual);
+    const std::string chosen = R"(D:\My programs\Murala.exe)";
+    registry.WriteText(TRoot::CurrentUser, "Software\\Murala", "InstalledProgram", chosen);
+    EXPECT_EQ(InstalledProgramFile(registry), chosen);
+    EXPECT_EQ(CommandWithFile(chosen), '"' + chosen + "\" \"%1\"")
+        << "Windows would look for D:\\My.exe";
+}
+
 TEST(ShellRegistry, NamesThatCannotBeTakenOutAreNotGiven)
 {
     TFakeRegistry registry;

@@ -29,4 +29,9 @@ bool IsDataBesideProgram(const std::string& folder)
     return FileExists(JoinPath(folder, SettingsFileName));
 }
 
+std::string InstalledProgramFile()
+{
+    return MURALA_INSTALLED_PROGRAM;
+}
+
 } // namespace murala

@@ -1,0 +1,132 @@
+; The installation. Until a new file is put in place nothing of what was there has changed; the programs
+; come last.
+
+!define ReplaceExisting 1
+
+Function .onInit
+  ${IfNot} ${AtLeastBuild} 18362
+    MessageBox MB_OK|MB_ICONSTOP "Murala needs Windows 10, version 1903, 64 bits, or a later Windows." /SD IDOK
+    SetErrorLevel 2
+    Quit
+  ${EndIf}
+  Call RefuseSecondSetup
+  Call ReadUserSid
+  Call ChooseFolder
+  Call ReadEntries
+  Call ReadSwitches
+FunctionEnd
+
+; For installations without pages.
+Function ReadSwitches
+  ${GetParameters} $0
+  ClearErrors
+  ${GetOptions} $0 "/STARTUP" $1
+  ${IfNot} ${Errors}
+    StrCpy $StartsWithWindows 1
+  ${EndIf}
+  ClearErrors
+  ${GetOptions} $0 "/EXPLORER" $1
+  ${IfNot} ${Errors}
+    StrCpy $IsInExplorer 1
+  ${EndIf}
+FunctionEnd
+
+; $R9: what to say.
+Function GiveUp
+  SetOutPath $TEMP
+  RMDir /r "${Aside}"
+  ${If} $IsFolderNew = 1
+    RMDir $INSTDIR
+  ${EndIf}
+  ${If} $WasRunning = 1
+    Exec '"$INSTDIR\Murala.exe"'
+  ${EndIf}
+  MessageBox MB_OK|MB_ICONSTOP $R9 /SD IDOK
+  SetErrorLevel 2
+  Abort
+FunctionEnd
+
+; Where the standard folder cannot be had, the user's own programs' folder can.
+Function FindFolder
+  Call PrepareFolder
+  ${If} $0 <> 0
+  ${AndIf} $INSTDIR == "${STANDARD_FOLDER}"
+    System::Call 'kernel32::FormatMessageW(i 0x1200, p 0, i r0, i 0, w .r1, i ${NSIS_MAX_STRLEN}, p 0)'
+    ${If} ${Cmd} `MessageBox MB_OKCANCEL|MB_ICONQUESTION "The folder $INSTDIR cannot be had for you alone: $1$\r$\nInstall into ${OwnFolder} instead?" /SD IDOK IDOK`
+      StrCpy $INSTDIR "${OwnFolder}"
+      Call PrepareFolder
+    ${EndIf}
+  ${EndIf}
+  ${If} $0 <> 0
+    StrCpy $R9 "The folder $INSTDIR could not be made. Nothing has been installed."
+    Call GiveUp
+  ${EndIf}
+FunctionEnd
+
+!macro ExtractFile File
+  File "/oname=${Aside}\${File}" "${TREE}\${File}"
+!macroend
+
+!macro MakeFolderAside Folder
+  CreateDirectory "${Aside}\${Folder}"
+!macroend
+
+Function ExtractAside
+  RMDir /r "${Aside}" ; of a setup that was killed
+  ClearErrors
+  CreateDirectory "${Aside}"
+  ${If} ${Errors}
+    StrCpy $R9 "You may not write into the folder $INSTDIR. Nothing has been installed."
+    Call GiveUp
+  ${EndIf}
+  !insertmacro EachFolder MakeFolderAside
+  !insertmacro EachFile ExtractFile
+FunctionEnd
+
+; $0: a file's name below $INSTDIR. A virus scanner may hold the old file for a moment.
+Function PutInPlace
+  ${For} $1 1 50
+    System::Call 'kernel32::MoveFileExW(w "${Aside}\$0", w "$INSTDIR\$0", i ${ReplaceExisting}) i .r2'
+    ${If} $2 <> 0
+      Return
+    ${EndIf}
+    Sleep 100
+  ${Next}
+  StrCpy $R9 "$INSTDIR\$0 could not be replaced. Close the programs that use it and start the setup again."
+  Call GiveUp
+FunctionEnd
+
+!macro PlaceFile File
+  !if "${File}" == "Murala.default.ini"
+    ${If} $KeepsDefaults = 0
+  !endif
+  StrCpy $0 "${File}"
+  Call PutInPlace
+  !if "${File}" == "Murala.default.ini"
+    ${EndIf}
+  !endif
+!macroend
+
+!macro MakeFolderInPlace Folder
+  CreateDirectory "$INSTDIR\${Folder}"
+!macroend
+
+Section
+  Call FindFolder
+  Call ExtractAside
+  Call FreePrograms
+  ${If} $0 != ""
+    StrCpy $R9 "$0 is in use. Nothing has been changed."
+    Call GiveUp
+  ${EndIf}
+  Call AreDefaultsChanged
+  !insertmacro EachFolder MakeFolderInPlace
+  !insertmacro EachFile PlaceFile
+  WriteUninstaller "$INSTDIR\uninstall.exe"
+  SetOutPath $INSTDIR
+  RMDir /r "${Aside}"
+  Call WriteEntries
+  ${If} $WasRunning = 1
+    Exec '"$INSTDIR\Murala.exe"'
+  ${EndIf}
+SectionEnd

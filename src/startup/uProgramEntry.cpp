@@ -15,8 +15,10 @@ constexpr std::string_view Usage =
     R"(usage: murala [/apply] [FILE...]
 
   FILE         is added to the library; * and ? are allowed
-  /apply       as the first argument: applies the current wallpaper, or the next one if so configured
-  /UNINSTALL   as the only argument: removes "Add to Murala" from the file manager's menus
+  /apply       as the first argument: applies the current wallpaper,
+               or the next one if so configured
+  /UNINSTALL   as the only argument: removes "Add to Murala" from the menus
+               of the file managers
   --help       as the only argument: prints this
   --version    as the only argument: prints the version
 )";

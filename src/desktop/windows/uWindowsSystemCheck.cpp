@@ -21,6 +21,12 @@ bool IsFileOrPipe(HANDLE handle)
     return type == FILE_TYPE_DISK || type == FILE_TYPE_PIPE;
 }
 
+// Its parent's, where it has none of its own; Wine gives it that from the start.
+bool HasConsole()
+{
+    return AttachConsole(ATTACH_PARENT_PROCESS) || GetLastError() == ERROR_ACCESS_DENIED;
+}
+
 bool WriteAll(HANDLE handle, const std::string& text)
 {
     DWORD written = 0;
@@ -36,7 +42,7 @@ bool PrintAnswer(const std::string& text)
     const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
     if (IsFileOrPipe(output))
         return WriteAll(output, text);
-    if (AttachConsole(ATTACH_PARENT_PROCESS)) {
+    if (HasConsole()) {
         const THandle console(CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE,
                                           FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
         // The shell did not wait for the program: its prompt stands in the line already.

@@ -16,7 +16,7 @@ linux=(clang libclang-rt-14-dev xfconf xfdesktop4 gsettings-desktop-schemas libg
 lint=(clang-format-14 clang-tidy-14)
 windows=(g++-mingw-w64-x86-64-posix nasm dpkg-dev wine wine64 fonts-wine)
 # What makes the packages of both homes.
-package=(build-essential desktop-file-utils nsis zip debhelper dpkg-dev lintian appstream librsvg2-bin)
+package=(build-essential desktop-file-utils nsis zip debhelper dpkg-dev lintian appstream man-db)
 
 for purpose in "$@"; do
     case $purpose in

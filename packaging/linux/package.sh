@@ -8,6 +8,7 @@ build=$top/build/package-linux # always the same folder: ccache knows its files 
 source=$build/source
 maintainer=$(sed -n 's/^Maintainer: //p' "$top/packaging/linux/debian/control")
 name=murala-$VERSION-linux-x86_64
+deb=$build/murala_${VERSION}_amd64.deb
 
 # The files of git alone, so that nothing of the checkout gets into the packages.
 copy_sources() {
@@ -60,7 +61,9 @@ check_deb() {
     appstreamcli validate --no-net "$tree"/usr/share/metainfo/*.xml
     desktop-file-validate "$tree"/usr/share/applications/*.desktop
     lintian --display-info --pedantic --tag-display-limit 0 --allow-root \
-        --fail-on error,warning,info,pedantic "$build/murala_${VERSION}_amd64.deb"
+        --fail-on error,warning,info,pedantic "$deb"
+    # The largest that a download may be.
+    [ "$(stat -c %s "$deb")" -lt 3000000 ] || die "$deb is larger than 3 MB"
 }
 
 # The package's tree, which runs from any folder.
@@ -79,4 +82,4 @@ copy_sources
 build_deb
 check_deb
 make_archive
-cp "$build/murala_${VERSION}_amd64.deb" "$dist"
+cp "$deb" "$dist"

@@ -68,6 +68,8 @@ constexpr TActionRow ActionTable[] = {
     {aConfigureAddOn, "aConfigureAddOn", "", "&Configure Add On", "", ""},
     {aIconBox, "aIconBox", "", "aIconBox", "", "", true},
     {aIconBoxOptions, "aIconBoxOptions", "", "aIconBoxOptions", "", ""},
+    {aAddSamples, "aAddSamples", "", "Add &Sample Pictures",
+     "Add the pictures that come with Murala", ""},
 };
 
 // The rows stand in the order of TActionId.

@@ -58,6 +58,7 @@ enum TActionId : int {
     aConfigureAddOn,
     aIconBox,
     aIconBoxOptions,
+    aAddSamples,
     ActionCount,
 };
 

@@ -3,6 +3,7 @@
 #include "uItemWork.h"
 #include "uItemsAt.h"
 #include "uPath.h"
+#include "uSamplePictures.h"
 #include "uText.h"
 
 #include <algorithm>
@@ -58,6 +59,20 @@ int TLibraryDesk::AddFiles(const std::vector<std::string>& fileNames, const std:
     if (added > 0)
         m_storage.SaveList();
     return added;
+}
+
+bool TLibraryDesk::HasSamples() const
+{
+    try {
+        return !SamplePictures(m_core.Services).empty();
+    } catch (const EFileError&) {
+        return false;
+    }
+}
+
+int TLibraryDesk::AddSamples()
+{
+    return AddFiles(SamplePictures(m_core.Services));
 }
 
 void TLibraryDesk::RememberFolder(const std::string& folder)

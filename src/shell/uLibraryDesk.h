@@ -18,6 +18,10 @@ public:
     // Leaves out files that the list has already. With an empty category each item gets its file's
     // folder. Returns how many were added; the last of them is then selected.
     int AddFiles(const std::vector<std::string>& fileNames, const std::string& category = {});
+    // Whether there are sample pictures to add.
+    bool HasSamples() const;
+    // As AddFiles. Throws EFileError when their folder cannot be read.
+    int AddSamples();
     // The folder in which the Add dialog begins next time.
     void RememberFolder(const std::string& folder);
     void RemoveSelected();

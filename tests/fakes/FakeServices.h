@@ -8,6 +8,8 @@
 #include "uTrayFakes.h"
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace murala
 {
@@ -31,6 +33,20 @@ struct TFakeServices {
     TFakeLocale Locale;
     TFakeTrayArea TrayArea;
     std::string ProgramFolder;
+
+    // What was asked of the user's desktop and session, one line each; reading counts for nothing.
+    std::vector<std::string> Touched() const
+    {
+        std::vector<std::string> touched = Desktop.Calls;
+        touched.insert(touched.end(), Launcher.Started.begin(), Launcher.Started.end());
+        const std::pair<const char*, int> counts[] = {{"labels", IconView.Paintings},
+                                                      {"autostart", Autostart.Changes},
+                                                      {"file menu", FileMenu.Changes},
+                                                      {"sibling", Siblings.Notified}};
+        for (const auto& [what, count] : counts)
+            touched.insert(touched.end(), static_cast<std::size_t>(count), what);
+        return touched;
+    }
 
     TServices Services()
     {

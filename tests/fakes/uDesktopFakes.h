@@ -85,14 +85,17 @@ struct TFakeClock : TClock {
 struct TFakeAutostart : TAutostart {
     std::map<std::string, std::string> Commands;
     bool IsForTheMachine = false; // an entry that the user may not take away
+    int Changes = 0;
 
     bool RunValueExists(const std::string& name) override { return Commands.contains(name); }
     void SetRunValue(const std::string& name, const std::string& command) override
     {
+        ++Changes;
         Commands[name] = command;
     }
     void DeleteRunValue(const std::string& name) override
     {
+        ++Changes;
         if (!IsForTheMachine)
             Commands.erase(name);
     }
@@ -101,6 +104,7 @@ struct TFakeAutostart : TAutostart {
 struct TFakeFileMenu : TFileMenu {
     std::vector<TFileCommand> Commands;
     bool Refuses = false;
+    int Changes = 0;
 
     void AddShellCommand(const TFileCommand& command) override
     {
@@ -110,6 +114,7 @@ struct TFakeFileMenu : TFileMenu {
     }
     void RemoveShellCommand(const TFileCommand& command) override
     {
+        ++Changes;
         if (!Refuses)
             std::erase_if(Commands,
                           [&](const TFileCommand& each) { return each.Verb == command.Verb; });

@@ -96,6 +96,7 @@ protected:
         std::filesystem::create_directory(NativePath(m_folder.File("help")));
         m_folder.Write("help/index.html", "");
         std::filesystem::create_directory(NativePath(m_folder.File("samples")));
+        Picture("samples/D.bmp", 4, 4, 0);
     }
 
     void StartEmpty()
@@ -310,6 +311,8 @@ const TExpected Expectations[] = {
          t.SelectAddOn(1);
          t.AwaitDialog();
      }},
+    {aAddSamples, "bAddSamples", Nothing,
+     [](auto& t) { return t.Murala().Core.List.Count() == 4 && t.Item(3).Title == "D"; }},
 };
 static_assert(std::size(Expectations) == ActionCount);
 

@@ -177,7 +177,7 @@ void TfMain::Activate(const std::vector<std::string>& arguments)
     SetViewMode(m_murala.Core.Settings.Window.ViewMode);
     SetThumbnailSize(m_murala.Core.Settings.Window.ThumbnailSize);
     m_murala.Core.Updating = false;
-    CallLater(*this, [this] { m_panel->Wallpapers().View().Window().SetFocus(); });
+    CallLater(*this, [this] { m_panel->Wallpapers().TakeFocus(); });
     UpdateHints();
     m_murala.Preview.SelectionChanged();
     ShowLastChange();

@@ -88,6 +88,7 @@ private:
     void SaveForSessionEnd();
     void EndSession();
     void TrackPlacement();
+    void RestoreFocus();
     void LoadSettings();
 
     void SetSmallestSize();
@@ -166,6 +167,7 @@ private:
     std::optional<wxBusyCursor> m_busyCursor;
     int m_busyDepth = 0, m_disabledDepth = 0;
     wxWeakRef<wxWindow> m_focusBefore; // of being disabled
+    bool m_isFocusTaken = false;       // and not given back yet
     bool m_wasEnabled = true;
     bool m_wasShown = false, m_wasPainted = false;
     TSubscription m_subscription;

@@ -49,6 +49,7 @@ void TfMain::BindWallpaperActions()
             [&selection] { return selection.Count() > 0; });
     };
     bind(aAdd, [this] { aAddExecute(); });
+    bind(aAddSamples, [this] { m_murala.Desk.AddSamples(); });
     bindItem(aRemove, [this](TMuWallpaper&) { m_murala.Desk.RemoveSelected(); });
     bindItem(aRename, [this](TMuWallpaper&) { m_panel->Wallpapers().EditTitle(); });
     bind(

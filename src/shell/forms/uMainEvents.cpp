@@ -83,6 +83,7 @@ void TfMain::BindEvents()
             return;
         m_murala.Thumbnails.ShowAnew();
         m_murala.Preview.LookAgain();
+        CallLater(*this, [this] { RestoreFocus(); });
     });
     Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
         event.Skip();

@@ -112,12 +112,26 @@ void TfMain::EnableWindow(bool enable)
     if (!enable && m_disabledDepth == 1) {
         m_wasEnabled = IsThisEnabled();
         m_focusBefore = FindFocus();
+        m_isFocusTaken = true;
         Disable();
     } else if (enable && m_disabledDepth == 0 && m_wasEnabled) {
         Enable();
-        if (m_focusBefore && wxGetTopLevelParent(m_focusBefore) == this && IsActive())
-            m_focusBefore->SetFocus();
+        RestoreFocus();
     }
+}
+
+// What had the focus was disabled meanwhile, or has gone: the first pictures came, or the last one
+// went. An inactive window gets its focus when it is active again.
+void TfMain::RestoreFocus()
+{
+    if (!IsActive() || !IsThisEnabled())
+        return;
+    wxWindow* focus = m_isFocusTaken ? m_focusBefore.get() : FindFocus();
+    const bool wasTaken = std::exchange(m_isFocusTaken, false);
+    if (focus == nullptr || !focus->IsShownOnScreen())
+        m_panel->Wallpapers().TakeFocus();
+    else if (wasTaken && wxGetTopLevelParent(focus) == this)
+        focus->SetFocus();
 }
 
 void TfMain::ConnectTray()

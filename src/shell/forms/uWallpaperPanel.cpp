@@ -1,6 +1,7 @@
 #include "uWallpaperPanel.h"
 
 #include "uCallLater.h"
+#include "uEmptyLibrary.h"
 #include "uItemWork.h"
 #include "uItemsAt.h"
 #include "uListColumn.h"
@@ -10,6 +11,11 @@
 
 namespace murala
 {
+
+namespace
+{
+constexpr const char* EmptyHint = "Right-Click for popup menu.";
+}
 
 TWallpaperPanel::TWallpaperPanel(wxWindow* parent, TMurala& murala, TActionList& actions,
                                  TActionBinder& binder)
@@ -43,20 +49,61 @@ TWallpaperView& TWallpaperPanel::View()
     return *lvWallpaper;
 }
 
+// The window in the place of the wallpapers.
+wxWindow& TWallpaperPanel::Shown()
+{
+    if (Count() == 0 && pEmptyLibrary != nullptr)
+        return *pEmptyLibrary;
+    return View().Window();
+}
+
+void TWallpaperPanel::TakeFocus()
+{
+    if (&Shown() == pEmptyLibrary)
+        pEmptyLibrary->TakeFocus();
+    else
+        View().Window().SetFocus();
+}
+
+void TWallpaperPanel::BuildEmptyLibrary()
+{
+    pEmptyLibrary = new TEmptyLibrary(this, m_binder, m_murala.Desk.HasSamples());
+    pEmptyLibrary->Hide();
+    pEmptyLibrary->SetToolTip(EmptyHint);
+    pEmptyLibrary->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
+        UserWantsMenu(event.GetPosition() == wxDefaultPosition);
+    });
+    GetSizer()->Add(pEmptyLibrary, wxSizerFlags(1).Expand());
+}
+
+// Shows one of the windows that share the place of the wallpapers; the focus goes with it.
+void TWallpaperPanel::ShowOne()
+{
+    if (Count() == 0 && pEmptyLibrary == nullptr)
+        BuildEmptyLibrary();
+    wxWindow& shown = Shown();
+    bool hadFocus = false;
+    for (wxWindow* each : {&lvWallpaper->Window(), static_cast<wxWindow*>(lvThumbnails),
+                           static_cast<wxWindow*>(pEmptyLibrary)}) {
+        if (each == nullptr || each == &shown || !each->IsShown())
+            continue;
+        hadFocus = hadFocus || each->IsDescendant(FindFocus());
+        each->Hide();
+    }
+    if (!shown.Show())
+        return;
+    Layout();
+    if (hadFocus)
+        TakeFocus();
+}
+
 void TWallpaperPanel::ShowViewMode()
 {
-    const bool isThumbnails = m_murala.Core.Settings.Window.ViewMode == vmThumbnails;
-    if (lvThumbnails->IsShown() == isThumbnails)
+    if (View().Window().IsShown())
         return;
-    const bool hadFocus = lvWallpaper->Window().HasFocus() || lvThumbnails->HasFocus();
-    lvWallpaper->Window().Show(!isThumbnails);
-    lvThumbnails->Show(isThumbnails);
-    Layout();
     RowsChanged();
     SelectionChanged();
     BringFocusIntoView();
-    if (hadFocus)
-        View().Window().SetFocus();
 }
 
 void TWallpaperPanel::ShowThumbnailSize()
@@ -99,7 +146,7 @@ void TWallpaperPanel::UserWantsMenu(bool byKey)
          "&Shell>", aShellOpen, aShellEdit, "<", "-", aApply}));
     View().TellSelection();
     const TPauseScope pause(m_murala.Core.Pauses);
-    View().Window().PopupMenu(pmWallpaper.get(), byKey ? KeyMenuPlace() : wxDefaultPosition);
+    Shown().PopupMenu(pmWallpaper.get(), byKey ? KeyMenuPlace() : wxDefaultPosition);
 }
 
 // The place of a menu opened by a key: below the focused row if that is on the screen.
@@ -139,13 +186,13 @@ void TWallpaperPanel::EditTitle()
 
 void TWallpaperPanel::UpdateHint()
 {
-    View().Window().SetToolTip(Count() > 0
-                                   ? "Double-Click to set wallpaper. OR Right-Click for popup menu."
-                                   : "Right-Click for popup menu.");
+    View().Window().SetToolTip(
+        Count() > 0 ? "Double-Click to set wallpaper. OR Right-Click for popup menu." : EmptyHint);
 }
 
 void TWallpaperPanel::RowsChanged()
 {
+    ShowOne();
     View().ShowRows();
     if (m_murala.Desk.SortColumn())
         lvWallpaper->ShowOrder(*m_murala.Desk.SortColumn(), m_murala.Desk.IsSortAscending());

@@ -1,4 +1,5 @@
-// The wallpapers: list view, thumbnail view and tool bar, and what the user does in them.
+// The wallpapers: list view, thumbnail view and tool bar, and what the user does in them. While
+// there are none, a panel in the place of the views says so.
 #pragma once
 
 #include "uActionBinder.h"
@@ -11,13 +12,17 @@
 namespace murala
 {
 
+class TEmptyLibrary;
+
 class TWallpaperPanel : public wxPanel, private TListener, private TRows, private TThumbnails
 {
 public:
     TWallpaperPanel(wxWindow* parent, TMurala& murala, TActionList& actions, TActionBinder& binder);
 
-    // The view that is shown.
+    // The view that is shown once there are wallpapers.
     TWallpaperView& View();
+    // Gives the focus to the view, or to what stands in its place.
+    void TakeFocus();
     void EditTitle();
     // Scrolls to the focused row, when the window or the view has just come to the screen.
     void BringFocusIntoView();
@@ -32,6 +37,9 @@ public:
 
 private:
     void BuildToolBar();
+    wxWindow& Shown();
+    void ShowOne();
+    void BuildEmptyLibrary();
     void UpdateHint();
     void OnKey(wxKeyEvent& event);
     wxPoint KeyMenuPlace();
@@ -62,6 +70,7 @@ private:
     wxToolBar* tbMain = nullptr;
     TMuListView* lvWallpaper = nullptr;
     TMuThumbnailView* lvThumbnails = nullptr;
+    TEmptyLibrary* pEmptyLibrary = nullptr; // once it is needed
     bool m_isUserSelecting = false;
     TSubscription m_subscription;
 };

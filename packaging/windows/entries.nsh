@@ -21,7 +21,8 @@ Function ReadEntries
     StrCpy $StartsWithWindows 1
   ${EndIf}
   ReadRegStr $0 HKCR "SystemFileAssociations\.jpg\Shell\Add to Murala\Command" ""
-  ${If} $0 != ""
+  ReadRegStr $1 HKCU "Software\Classes\SystemFileAssociations\.jpg\Shell\Add to Murala\Command" ""
+  ${If} "$0$1" != ""
     StrCpy $IsInExplorer 1
   ${EndIf}
 FunctionEnd
@@ -57,11 +58,16 @@ Function WriteVerb
   ${EndIf}
 FunctionEnd
 
-!macro WriteVerbs Extension
+; $0: the key of the file type, with a divider behind it; empty where the type is not known.
+!macro ReadFileType Extension
   ReadRegStr $0 HKCR "${Extension}" ""
   ${If} $0 != ""
     StrCpy $0 "$0\"
   ${EndIf}
+!macroend
+
+!macro WriteVerbs Extension
+  !insertmacro ReadFileType "${Extension}"
   StrCpy $0 "$0Shell\Add to Murala"
   Call WriteVerb
   StrCpy $0 "SystemFileAssociations\${Extension}\Shell\Add to Murala"
@@ -130,8 +136,22 @@ Function un.DeleteRunValue
   ${EndIf}
 FunctionEnd
 
+; The program removes the verbs; keys that had to be made for them may be left.
+!macro DeleteEmptyKeys Extension
+  !insertmacro ReadFileType "${Extension}"
+  DeleteRegKey /ifempty HKCU "Software\Classes\$0Shell"
+  ${If} $0 != ""
+    DeleteRegKey /ifempty HKCU "Software\Classes\$0"
+  ${EndIf}
+  DeleteRegKey /ifempty HKCU "Software\Classes\SystemFileAssociations\${Extension}\Shell"
+  DeleteRegKey /ifempty HKCU "Software\Classes\SystemFileAssociations\${Extension}"
+  DeleteRegKey /ifempty HKCU "Software\Classes\SystemFileAssociations"
+!macroend
+
 Function un.DeleteEntries
   ExecWait '"$INSTDIR\Murala.exe" /UNINSTALL'
+  !insertmacro DeleteEmptyKeys ".bmp"
+  !insertmacro DeleteEmptyKeys ".jpg"
   Call un.DeleteRunValue
   DeleteRegKey HKCU "${OwnKey}"
   Delete "$SMPROGRAMS\Murala.lnk"

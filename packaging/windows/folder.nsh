@@ -140,9 +140,13 @@ Function ChooseFolder
   ${If} $0 != ""
   ${AndIf} ${FileExists} "$0\Murala.exe"
     StrCpy $IsUpdate 1
-    ${If} $INSTDIR == ""
-      StrCpy $INSTDIR $0
+    ${If} $INSTDIR != ""
+    ${AndIf} $INSTDIR != $0
+      MessageBox MB_OK|MB_ICONSTOP "Murala is installed in $0. To have it in another folder, remove it there first." /SD IDOK
+      SetErrorLevel 2
+      Quit
     ${EndIf}
+    StrCpy $INSTDIR $0
   ${EndIf}
   ${If} $INSTDIR != ""
     Return

@@ -132,7 +132,7 @@ try_installation() {
     expect 0 install
     snapshot installed
     differences before installed
-    has 'C:\Murala\uninstall.exe' "$uninstall_key" UninstallString
+    has '"C:\Murala\uninstall.exe"' "$uninstall_key" UninstallString
     [ -z "$(start_value)$(value "$verb_key")" ] || fail "the options are not off"
     [ -z "$(value 'HKCU\Software\Murala' InstalledProgram)" ] || fail "the standard folder is named"
     [ "$(stat -c %a "$murala")" = 750 ] || fail "the folder has the rights $(stat -c %a "$murala")"

@@ -2,14 +2,14 @@
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
-!define MUI_ABORTWARNING
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${PICTURE}"
 
 !define MUI_PAGE_CUSTOMFUNCTION_PRE SkipWhenUpdating
 !define MUI_DIRECTORYPAGE_TEXT_TOP "Murala keeps its list, settings and thumbnails beside the program, so the folder has to be yours to write to. Your pictures stay where they are."
 !insertmacro MUI_PAGE_DIRECTORY
 Page custom ShowOptions LeaveOptions
 !insertmacro MUI_PAGE_INSTFILES
-!define MUI_PAGE_CUSTOMFUNCTION_SHOW ShowFinish
+!define MUI_PAGE_CUSTOMFUNCTION_PRE SkipWhenStarted
 !define MUI_FINISHPAGE_TITLE "Murala ${VERSION} is installed"
 !define MUI_FINISHPAGE_TEXT "You find it in the start menu. To remove it, use Windows' list of installed apps."
 !define MUI_FINISHPAGE_RUN "$INSTDIR\Murala.exe"
@@ -37,15 +37,17 @@ Function ShowOptions
   Pop $0
   ${NSD_CreateCheckBox} 0 0 100% 12u "&Start Murala with Windows"
   Pop $Box1
-  ${NSD_CreateLabel} 12u 13u 95% 20u "It waits in the notification area, changes the wallpaper on a schedule if you want that, and has its menu at hand."
+  ${NSD_CreateLabel} 12u 13u 95% 20u "From log-in on it changes the wallpaper on its schedule, and its menu is in the notification area."
   Pop $0
   ${NSD_CreateCheckBox} 0 42u 100% 12u '"&Add to Murala" in Explorer$\'s menu'
   Pop $Box2
-  ${NSD_CreateLabel} 12u 55u 95% 20u "Select pictures in Explorer, click them with the right button, and they are in your library."
+  ${NSD_CreateLabel} 12u 55u 95% 20u "It puts the pictures that are selected in Explorer into your library."
   Pop $0
   ${If} $IsUpdate = 1
     ${NSD_CreateLabel} 0 90u 100% 20u "Installed in $INSTDIR. A copy of Murala that runs is closed and started again."
     Pop $0
+    GetDlgItem $0 $HWNDPARENT 3 ; "Back": there is no page before
+    ShowWindow $0 ${SW_HIDE}
   ${EndIf}
   ${NSD_SetState} $Box1 $StartsWithWindows
   ${NSD_SetState} $Box2 $IsInExplorer
@@ -57,11 +59,10 @@ Function LeaveOptions
   ${NSD_GetState} $Box2 $IsInExplorer
 FunctionEnd
 
-; A copy that was closed runs again already.
-Function ShowFinish
+; A copy that was closed runs again already, and its window is what the user wants to see.
+Function SkipWhenStarted
   ${If} $WasRunning = 1
-    ${NSD_Uncheck} $mui.FinishPage.Run
-    ShowWindow $mui.FinishPage.Run ${SW_HIDE}
+    Abort
   ${EndIf}
 FunctionEnd
 

@@ -112,6 +112,7 @@ FunctionEnd
 !macroend
 
 Section
+  AddSize ${SIZE_KB}
   Call FindFolder
   Call ExtractAside
   Call FreePrograms

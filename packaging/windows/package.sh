@@ -74,9 +74,12 @@ make_setup() {
     program=$(installed_program)
     cp /usr/share/doc/nsis/copyright "$tree/licences/NSIS.txt"
     clamp
+    # Twice the size that the last page shows at 96 dots an inch.
+    "$top/build/linux-release/murala-compose" "$top/samples/Landscape.jpg" "Fit Vertically" 328x628 \
+        "$work/picture.bmp"
     write_lists >"$work/lists.nsh"
     makensis -V2 -WX -NOCD "-DVERSION=$VERSION" "-DTREE=$tree" "-DLISTS=$work/lists.nsh" "-DHERE=$here" \
-        "-DICON=$top/src/shell/resources/murala.ico" "-DSETUP=$dist/$1" \
+        "-DICON=$top/src/shell/resources/murala.ico" "-DPICTURE=$work/picture.bmp" "-DSETUP=$dist/$1" \
         "-DSTANDARD_FOLDER=${program%\\*}" "-DSIZE_KB=$(size_in_kb)" \
         "$here/setup.nsi"
     # The largest that a download may be.
@@ -84,6 +87,7 @@ make_setup() {
 }
 
 "$top/scripts/setup.sh" windows
+"$top/scripts/build.sh" linux-release murala-compose
 "$top/scripts/build.sh" windows-release murala murala-compose
 make_tree
 clamp

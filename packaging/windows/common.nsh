@@ -94,7 +94,7 @@ Function ${un}FreePrograms
       StrCpy $0 ""
       Return
     ${EndIf}
-  ${LoopWhile} ${Cmd} `MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$0 is in use. If a window of Murala waits for an answer, give it, then try again." /SD IDCANCEL IDRETRY`
+  ${LoopWhile} ${Cmd} `MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$0 is in use. Close the dialogs and messages that Murala shows, then try again." /SD IDCANCEL IDRETRY`
 FunctionEnd
 
 ; Whether the user has written into Murala.default.ini: all files of a package have the same time.

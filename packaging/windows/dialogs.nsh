@@ -44,7 +44,7 @@ Function ShowOptions
   ${NSD_CreateLabel} 12u 55u 95% 20u "It puts the pictures that are selected in Explorer into your library."
   Pop $0
   ${If} $IsUpdate = 1
-    ${NSD_CreateLabel} 0 90u 100% 20u "Installed in $INSTDIR. A copy of Murala that runs is closed and started again."
+    ${NSD_CreateLabel} 0 90u 100% 20u "Installed in $INSTDIR. If Murala is running, it is closed and started again."
     Pop $0
     GetDlgItem $0 $HWNDPARENT 3 ; "Back": there is no page before
     ShowWindow $0 ${SW_HIDE}
@@ -70,7 +70,7 @@ Function un.ShowRemoval
   !insertmacro MUI_HEADER_TEXT "Remove Murala" "Your pictures stay where they are."
   nsDialogs::Create 1018
   Pop $0
-  ${NSD_CreateLabel} 0 0 100% 24u "Murala is removed from $INSTDIR. A copy that runs is closed."
+  ${NSD_CreateLabel} 0 0 100% 24u "This removes Murala from $INSTDIR. If it is running, it is closed first."
   Pop $0
   ${NSD_CreateCheckBox} 0 30u 100% 12u "Remove my &library, too"
   Pop $Box1

@@ -97,6 +97,7 @@ nothing_left() { # nothing_left BEFORE AFTER PATTERN: that matches what may be
 
 main_window() { xdotool search --onlyvisible --name '^Murala$' 2>/dev/null | tail -1; }
 is_shown() { [ -n "$(main_window)" ]; }
+murala_process() { xdotool getwindowpid "$(main_window)"; }
 start_with_samples() { # start_with_samples FOLDER
     local sample samples=()
     for sample in "$1"/samples/*; do samples+=("$(windows winepath -w "$sample")"); done
@@ -116,6 +117,20 @@ close_murala() {
     wait_for "the end of Murala" not is_shown
 }
 
+# installs_with_rights TEXT: what the setup asks for the standard folder, as Wine's server is told: TEXT,
+# then full rights, handed down, for the user, administrators and the system.
+installs_with_rights() {
+    local all='\{type=ACCESS_ALLOWED,flags=3,mask=1f01ff,sid=S-1-5-'
+    wineserver -k
+    wineserver -w
+    wineserver -f -d1 -p20 2>"$work/requests" &
+    sleep 1
+    expect 0 install
+    grep -aqE "$1.*dacl=\{${all}21-[-0-9]+\},${all}32-544\},${all}18\}" "$work/requests" ||
+        fail "the folder was not given its rights"
+    rm "$work/requests"
+}
+
 tree_of() { (cd "$1" && find . -type f ! -name 'Murala.ini' -exec md5sum {} + | sort -k2); }
 
 try_old_windows() {
@@ -129,24 +144,25 @@ try_old_windows() {
 try_installation() {
     say "installation"
     snapshot before
-    expect 0 install
+    installs_with_rights 'create_file\(.*control=00001004,owner=S-1-5-21-[-0-9]+,'
+    [ "$(stat -c %a "$murala")" = 750 ] || fail "the folder has the rights $(stat -c %a "$murala")"
     snapshot installed
     differences before installed
     has '"C:\Murala\uninstall.exe"' "$uninstall_key" UninstallString
     [ -z "$(start_value)$(value "$verb_key")" ] || fail "the options are not off"
     [ -z "$(value 'HKCU\Software\Murala' InstalledProgram)" ] || fail "the standard folder is named"
-    [ "$(stat -c %a "$murala")" = 750 ] || fail "the folder has the rights $(stat -c %a "$murala")"
 }
 
 try_update() {
     say "update of a copy that runs"
     start_with_samples "$murala"
-    local before first=$(main_window)
+    local before first
+    first=$(murala_process)
     before=$(cat "$murala/Murala.Wallpaper.List")
     printf 'of old' >"$murala/help/index.html"
     expect 0 install /STARTUP /EXPLORER
     wait_for "the new copy" is_shown
-    [ "$(main_window)" != "$first" ] || fail "the old copy still runs"
+    [ "$(murala_process)" != "$first" ] || fail "the old copy still runs"
     [ "$(cat "$murala/Murala.Wallpaper.List")" = "$before" ] || fail "the list has changed"
     [ -s "$murala/Murala.ini" ] || fail "the settings are gone"
     grep -q 'of old' "$murala/help/index.html" && fail "the help was not replaced"
@@ -223,9 +239,29 @@ try_other_folder() {
     nothing_left before elsewhere '^$'
 }
 
+try_open_folder() {
+    say "a standard folder of one's own that is open to all"
+    mkdir -m 777 "$murala"
+    installs_with_rights 'set_security_object\(.*security_info=80000004,'
+    remove "$murala"
+}
+
+# Root is refused nothing.
+try_refused_folder() {
+    [ "$(id -u)" -ne 0 ] || return 0
+    say "a machine where nobody may make the standard folder"
+    chmod a-w "$c"
+    expect 0 install
+    [ -e "$own/Murala.exe" ] || fail "Murala is not in the user's own folder"
+    has "C:\\users\\$USER\\AppData\\Local\\Programs\\Murala\\Murala.exe" 'HKCU\Software\Murala' InstalledProgram
+    remove "$own"
+    expect 2 install '/D=C:\Elsewhere'
+    chmod u+w "$c"
+}
+
 # Only root can make a folder of somebody else.
 try_foreign_folder() {
-    local own="$c/users/$USER/AppData/Local/Programs/Murala" planted
+    local planted
     [ "$(id -u)" -eq 0 ] || return 0
     for planted in folder file; do
         say "a standard folder that somebody else has made ($planted)"
@@ -241,6 +277,7 @@ try_foreign_folder() {
 }
 
 export USER=${USER:-$(id -un)}
+own="$c/users/$USER/AppData/Local/Programs/Murala"
 windows wineboot >/dev/null 2>&1
 try_old_windows
 try_installation
@@ -250,6 +287,8 @@ try_kept_entries
 try_second_setup
 try_removal
 try_other_folder
+try_open_folder
+try_refused_folder
 try_foreign_folder
 [ $failed -eq 0 ] && say "all as it should be"
 exit $failed

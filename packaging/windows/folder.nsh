@@ -133,26 +133,22 @@ Function PrepareFolder
   ${EndIf}
 FunctionEnd
 
-; The folder that is proposed. $INSTDIR is empty, or the one of the command line.
+; The folder that is proposed. $INSTDIR is the standard one, or that of the command line.
 Function ChooseFolder
   ReadRegStr $0 HKCU "${UninstallKey}" "InstallLocation"
   StrCpy $IsUpdate 0
   ${If} $0 != ""
   ${AndIf} ${FileExists} "$0\Murala.exe"
     StrCpy $IsUpdate 1
-    ${If} $INSTDIR != ""
+    ${If} $INSTDIR != "${STANDARD_FOLDER}"
     ${AndIf} $INSTDIR != $0
       MessageBox MB_OK|MB_ICONSTOP "Murala is installed in $0. To have it in another folder, remove it there first." /SD IDOK
       SetErrorLevel 2
       Quit
     ${EndIf}
     StrCpy $INSTDIR $0
-  ${EndIf}
-  ${If} $INSTDIR != ""
-    Return
-  ${EndIf}
-  StrCpy $INSTDIR "${STANDARD_FOLDER}"
-  ${If} ${FileExists} "$INSTDIR"
+  ${ElseIf} $INSTDIR == "${STANDARD_FOLDER}"
+  ${AndIf} ${FileExists} $INSTDIR
     Call IsOwnFolder
     ${If} $1 = 0
       StrCpy $INSTDIR "${OwnFolder}"

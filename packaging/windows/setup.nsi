@@ -10,6 +10,7 @@ ManifestSupportedOS Win10
 
 Name "Murala"
 OutFile "${SETUP}"
+InstallDir "${STANDARD_FOLDER}" ; its name is put behind a folder that the user picks
 BrandingText "Murala ${VERSION}"
 InstallButtonText "&Install"
 ShowInstDetails nevershow

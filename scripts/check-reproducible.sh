@@ -12,7 +12,8 @@ trap 'rm -rf "$work"' EXIT
 make_packages() {
     local folder=$1
     shift
-    git -c advice.detachedHead=false clone --quiet "$top" "$folder"
+    git clone --quiet --no-checkout "$top" "$folder"
+    git -C "$folder" checkout --quiet --detach "$commit"
     find "$folder" -path "$folder/.git" -prune -o -exec touch --date="$touched" {} +
     (cd "$folder" && env "$@" ./package.sh "${homes[@]}") >"$folder.log" 2>&1 ||
         die "$folder: $(tail -n 30 "$folder.log")"
@@ -37,6 +38,7 @@ explain() {
 }
 
 homes=("$@")
+commit=$(git -C "$top" rev-parse HEAD)
 one=$work/one
 two=$work/another-folder-with-a-longer-name/two
 mkdir "${two%/*}"

@@ -96,7 +96,7 @@ check_window() {
     [ -n "$window" ] || die "no window came: $(cat "$work/murala.log")"
     sleep 2
     import -window root "$work/window.png"
-    xdotool windowquit "$window"
+    kill "$(xdotool getwindowpid "$window")"
     wait $! || true
     local list=/home/$user/.local/share/murala/Murala.Wallpaper.List
     [ "$(wc -l <"$root$list")" -eq 4 ] || die "the samples are not in the list"

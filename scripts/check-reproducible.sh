@@ -8,13 +8,13 @@ set -euo pipefail
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# make_packages FOLDER [NAME=VALUE...]: of a clone in the folder.
+# make_packages FOLDER TIME [NAME=VALUE...]: of a clone in the folder, whose files are of that time.
 make_packages() {
-    local folder=$1
-    shift
+    local folder=$1 time=$2
+    shift 2
     git clone --quiet --no-checkout "$top" "$folder"
     git -C "$folder" checkout --quiet --detach "$commit"
-    find "$folder" -path "$folder/.git" -prune -o -exec touch --date="$touched" {} +
+    find "$folder" -path "$folder/.git" -prune -o -exec touch --date="$time" {} +
     (cd "$folder" && env "$@" ./package.sh "${homes[@]}") >"$folder.log" 2>&1 ||
         die "$folder: $(tail -n 30 "$folder.log")"
 }
@@ -44,11 +44,11 @@ two=$work/another-folder-with-a-longer-name/two
 mkdir "${two%/*}"
 git -C "$top" diff --quiet HEAD || say "what is not committed is left out"
 say "the first time"
-touched='2001-02-03 04:05' make_packages "$one"
+make_packages "$one" '2001-02-03 04:05'
 say "the second time"
 (
     umask 077
-    touched='2011-12-13 14:15' make_packages "$two" CCACHE_DISABLE=1 TZ=Pacific/Auckland LANG=de_DE.UTF-8
+    make_packages "$two" '2011-12-13 14:15' CCACHE_DISABLE=1 TZ=Pacific/Auckland LANG=de_DE.UTF-8
 )
 diff <(ls "$one/dist") <(ls "$two/dist") || die "there are other packages"
 failed=0

@@ -69,6 +69,16 @@ def expect(what, is_so):
         failed.append(what)
 
 
+def look_at_nothing():
+    def first_button():
+        return [node for node in descend(window()) if node.name == "Add Pictures..."]
+    button = wait_for("the first button", first_button)[0]
+    wait_for("its focus", lambda: button.getState().contains(pyatspi.STATE_FOCUSED))
+    names = " ".join(node.name.replace("\n", " ") for node in descend(window()))
+    for text in ("Add Sample Pictures", "There are no wallpapers yet", "Drag pictures (JPEG or BMP) here"):
+        expect(f"read of an empty library: {text!r}", text in names)
+
+
 def look_at_list():
     rows = wait_for("the rows", row_is_there)
     shown = [rows.getAccessibleAt(row, 0).name for row in range(rows.nRows)]
@@ -105,6 +115,7 @@ def with_murala(arguments, look):
         murala.wait(10)
 
 
+with_murala([], look_at_nothing)
 with_murala(pictures, look_at_list)
 settings = os.path.join(home, "murala", "Murala.ini")
 with open(settings, encoding="utf-8", newline="") as file:

@@ -3,6 +3,19 @@
 
 !define ReplaceExisting 1
 
+; A file could not be written after all.
+Function .onInstFailed
+  Call DeleteAside
+FunctionEnd
+
+Function DeleteAside
+  SetOutPath $TEMP ; a folder that is in use cannot be removed
+  RMDir /r "${Aside}"
+  ${If} $IsFolderNew = 1
+    RMDir $INSTDIR
+  ${EndIf}
+FunctionEnd
+
 Function .onInit
   ${IfNot} ${AtLeastBuild} 18362
     MessageBox MB_OK|MB_ICONSTOP "Murala needs Windows 10, version 1903, 64 bits, or a later Windows." /SD IDOK
@@ -33,11 +46,7 @@ FunctionEnd
 
 ; $R9: what to say.
 Function GiveUp
-  SetOutPath $TEMP
-  RMDir /r "${Aside}"
-  ${If} $IsFolderNew = 1
-    RMDir $INSTDIR
-  ${EndIf}
+  Call DeleteAside
   ${If} $WasRunning = 1
     Exec '"$INSTDIR\Murala.exe"'
   ${EndIf}
@@ -52,7 +61,7 @@ Function FindFolder
   ${If} $0 <> 0
   ${AndIf} $INSTDIR == "${STANDARD_FOLDER}"
     System::Call 'kernel32::FormatMessageW(i 0x1200, p 0, i r0, i 0, w .r1, i ${NSIS_MAX_STRLEN}, p 0)'
-    ${If} ${Cmd} `MessageBox MB_OKCANCEL|MB_ICONQUESTION "The folder $INSTDIR cannot be had for you alone: $1$\r$\nInstall into ${OwnFolder} instead?" /SD IDOK IDOK`
+    ${If} ${Cmd} `MessageBox MB_OKCANCEL|MB_ICONQUESTION "The folder $INSTDIR cannot be made for you: $1$\r$\nInstall into ${OwnFolder} instead?" /SD IDOK IDOK`
       StrCpy $INSTDIR "${OwnFolder}"
       Call PrepareFolder
     ${EndIf}
@@ -71,8 +80,22 @@ FunctionEnd
   CreateDirectory "${Aside}\${Folder}"
 !macroend
 
+; Whether the disk has room for all files beside the old ones: $1.
+Function HasRoom
+  System::Call 'kernel32::GetDiskFreeSpaceExW(w "$INSTDIR", *l .r1, p 0, p 0)'
+  System::Int64Op $1 / 1024
+  Pop $1
+  System::Int64Op $1 > ${SIZE_KB}
+  Pop $1
+FunctionEnd
+
 Function ExtractAside
   RMDir /r "${Aside}" ; of a setup that was killed
+  Call HasRoom
+  ${If} $1 = 0
+    StrCpy $R9 "The disk of $INSTDIR has no room for Murala. Nothing has been changed."
+    Call GiveUp
+  ${EndIf}
   ClearErrors
   CreateDirectory "${Aside}"
   ${If} ${Errors}

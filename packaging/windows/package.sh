@@ -35,7 +35,7 @@ make_tree() {
 
 # One time for all files, and nothing that differs between two machines.
 clamp() {
-    find "$tree" -exec touch --no-dereference --date="@$SOURCE_DATE_EPOCH" {} +
+    find "$work" -exec touch --no-dereference --date="@$SOURCE_DATE_EPOCH" {} +
     chmod -R u=rwX,go=rX "$tree"
 }
 
@@ -73,10 +73,10 @@ make_setup() {
     local program
     program=$(installed_program)
     cp /usr/share/doc/nsis/copyright "$tree/licences/NSIS.txt"
-    clamp
     # Twice the size that the last page shows at 96 dots an inch.
     "$top/build/linux-release/murala-compose" "$top/samples/Landscape.jpg" "Fit Vertically" 328x628 \
         "$work/picture.bmp"
+    clamp
     write_lists >"$work/lists.nsh"
     makensis -V2 -WX -NOCD "-DVERSION=$VERSION" "-DTREE=$tree" "-DLISTS=$work/lists.nsh" "-DHERE=$here" \
         "-DICON=$top/src/shell/resources/murala.ico" "-DPICTURE=$work/picture.bmp" "-DSETUP=$dist/$1" \

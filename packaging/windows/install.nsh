@@ -8,9 +8,20 @@ Function .onInstFailed
   Call DeleteAside
 FunctionEnd
 
-Function DeleteAside
+; In a folder that others may write to it may be a link to where nothing is to be deleted.
+Function EmptyAside
   SetOutPath $TEMP ; a folder that is in use cannot be removed
-  RMDir /r "${Aside}"
+  System::Call 'kernel32::GetFileAttributesW(w "${Aside}") i .r0'
+  IntOp $0 $0 & ${ReparsePoint}
+  ${If} $0 = 0
+    RMDir /r "${Aside}"
+  ${Else}
+    RMDir "${Aside}"
+  ${EndIf}
+FunctionEnd
+
+Function DeleteAside
+  Call EmptyAside
   ${If} $IsFolderNew = 1
     RMDir $INSTDIR
   ${EndIf}
@@ -90,7 +101,7 @@ Function HasRoom
 FunctionEnd
 
 Function ExtractAside
-  RMDir /r "${Aside}" ; of a setup that was killed
+  Call EmptyAside ; of a setup that was killed
   Call HasRoom
   ${If} $1 = 0
     StrCpy $R9 "The disk of $INSTDIR has no room for Murala. Nothing has been changed."
@@ -147,8 +158,7 @@ Section
   !insertmacro EachFolder MakeFolderInPlace
   !insertmacro EachFile PlaceFile
   WriteUninstaller "$INSTDIR\uninstall.exe"
-  SetOutPath $INSTDIR
-  RMDir /r "${Aside}"
+  Call EmptyAside
   Call WriteEntries
   ${If} $WasRunning = 1
     Exec '"$INSTDIR\Murala.exe"'

@@ -160,12 +160,16 @@ try_update() {
     first=$(murala_process)
     before=$(cat "$murala/Murala.Wallpaper.List")
     printf 'of old' >"$murala/help/index.html"
+    printf 'help\\gone.html\r\n' >>"$murala/Setup.files"
+    touch "$murala/help/"{gone,own}.html
     expect 0 install /STARTUP /EXPLORER
     wait_for "the new copy" is_shown
     [ "$(murala_process)" != "$first" ] || fail "the old copy still runs"
     [ "$(cat "$murala/Murala.Wallpaper.List")" = "$before" ] || fail "the list has changed"
     [ -s "$murala/Murala.ini" ] || fail "the settings are gone"
     grep -q 'of old' "$murala/help/index.html" && fail "the help was not replaced"
+    [ ! -e "$murala/help/gone.html" ] || fail "a file that is no longer part of Murala is left"
+    rm "$murala/help/own.html" || fail "a file of the user's is gone"
     starts 'C:\Murala\Murala.exe'
     has 'C:\Murala\Murala.exe "%1"' "$verb_key"
     [ ! -e "$murala/Setup.tmp" ] || fail "new files still lie aside"

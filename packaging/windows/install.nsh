@@ -117,6 +117,23 @@ Function ExtractAside
   !insertmacro EachFile ExtractFile
 FunctionEnd
 
+; Files of the version that is there which this one no longer has.
+Function DeleteGoneFiles
+  FileOpen $0 "$INSTDIR\Setup.files" r
+  ${Do}
+    ClearErrors
+    FileRead $0 $1
+    ${If} ${Errors}
+      ${ExitDo}
+    ${EndIf}
+    StrCpy $1 $1 -2 ; the line's end
+    ${IfNot} ${FileExists} "${Aside}\$1"
+      Delete "$INSTDIR\$1"
+    ${EndIf}
+  ${Loop}
+  FileClose $0
+FunctionEnd
+
 ; $0: a file's name below $INSTDIR. A virus scanner may hold the old file for a moment.
 Function PutInPlace
   ${For} $1 1 50
@@ -155,6 +172,7 @@ Section
     Call GiveUp
   ${EndIf}
   Call AreDefaultsChanged
+  Call DeleteGoneFiles
   !insertmacro EachFolder MakeFolderInPlace
   !insertmacro EachFile PlaceFile
   WriteUninstaller "$INSTDIR\uninstall.exe"

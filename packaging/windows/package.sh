@@ -50,6 +50,13 @@ make_zip() {
     (cd "$work" && files | sed 's,^,Murala/,' | zip -q -X -9 "$dist/$1" -@)
 }
 
+# Beside the program, for the setup of a later version, which may not have all of these files.
+write_file_list() {
+    touch "$tree/Setup.files"
+    files | tr / '\\' | sed 's/$/\r/' >"$work/files"
+    mv "$work/files" "$tree/Setup.files"
+}
+
 # The lists that installation and removal walk.
 write_lists() {
     echo '!macro EachFile Do'
@@ -73,6 +80,7 @@ make_setup() {
     local program
     program=$(installed_program)
     cp /usr/share/doc/nsis/copyright "$tree/licences/NSIS.txt"
+    write_file_list
     # Twice the size that the last page shows at 96 dots an inch.
     "$top/build/linux-release/murala-compose" "$top/samples/Landscape.jpg" "Fit Vertically" 328x628 \
         "$work/picture.bmp"

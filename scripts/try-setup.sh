@@ -176,13 +176,15 @@ try_update() {
 }
 
 try_open_dialog() {
-    say "update while a dialog is open"
+    say "update and removal while a dialog is open"
     local before
     before=$(tree_of "$murala")
     press "$(main_window)" alt+h a
     expect 2 install
+    expect 2 windows "$murala/uninstall.exe" /S '_?=C:\Murala'
+    has '"C:\Murala\uninstall.exe"' "$uninstall_key" UninstallString
     is_shown || fail "the copy was ended"
-    [ "$(tree_of "$murala")" = "$before" ] || fail "something was replaced"
+    [ "$(tree_of "$murala")" = "$before" ] || fail "something was replaced or removed"
     xdotool key Escape
     sleep 3
     is_shown || fail "the copy ended afterwards"

@@ -93,7 +93,11 @@ FunctionEnd
 
 ; Whether the disk has room for all files beside the old ones: $1.
 Function HasRoom
-  System::Call 'kernel32::GetDiskFreeSpaceExW(w "$INSTDIR", *l .r1, p 0, p 0)'
+  System::Call 'kernel32::GetDiskFreeSpaceExW(w "$INSTDIR", *l .r1, p 0, p 0) i .r2'
+  ${If} $2 = 0
+    StrCpy $1 1 ; the system does not know
+    Return
+  ${EndIf}
   System::Int64Op $1 / 1024
   Pop $1
   System::Int64Op $1 > ${SIZE_KB}

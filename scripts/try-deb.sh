@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
-# try-deb.sh [PACKAGE.deb]: installs the Debian package (by default that in dist/) in a minimal Debian, uses it
+# try-deb.sh [PACKAGE.deb]: installs the Debian package (by default the newest in dist/) in a minimal Debian, uses it
 # there as an ordinary user, removes it, and compares what lies in the file system before and after. The minimal
 # Debian is made once, in the cache (MURALA_CACHE), from the package archive that this machine uses. Needs root.
 set -euo pipefail
 . "$(dirname "$0")/common.sh"
 . "$top/scripts/screen.sh"
 [ "$(id -u)" -eq 0 ] || exec sudo "$0" "$@"
-deb=$(realpath "${1:-$(ls "$top"/dist/murala_*_amd64.deb)}")
+deb=${1:-$(ls -t "$top"/dist/murala_*_amd64.deb 2>/dev/null | head -n 1)} || true
 [ -e "$deb" ] || die "there is no package: ./package.sh linux makes it"
+deb=$(realpath "$deb")
 base=$cache/debian-minimal
 user=tester
 # What apt, dpkg and ldconfig write about themselves; what systemd, which comes with the dependencies, makes;

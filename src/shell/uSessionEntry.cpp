@@ -99,12 +99,12 @@ void TSessionEntry::OpenPage(const std::string& page)
         m_core.Tell(FormatText("%s could not be opened. Is there a program for it?", {page}));
 }
 
-void TSessionEntry::OpenHelp()
+void TSessionEntry::OpenHelp(std::string_view page)
 {
     if (const auto helpFile = FindShippedFile(m_core.Services, "help/MuralaHelp.chm"))
         OpenPage(*helpFile);
     else
-        OpenShipped("help/index.html");
+        OpenShipped(FormatText("help/%s.html", {page}));
 }
 
 void TSessionEntry::OpenDownloadPage()

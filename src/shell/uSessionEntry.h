@@ -6,6 +6,7 @@
 #include "uLibraryDesk.h"
 
 #include <string>
+#include <string_view>
 
 namespace murala
 {
@@ -36,8 +37,8 @@ public:
     void ImportQueuedFiles();
 
     void Open(const TMuWallpaper& item, TShellVerb verb);
-    // Opens the help file if there is one, else our own pages.
-    void OpenHelp();
+    // Opens the help file if there is one, else the page of that name of our own.
+    void OpenHelp(std::string_view page);
     // Opens the web page that was set when Murala was built, else our own page.
     void OpenDownloadPage();
     void OpenDisplayProperties() { m_core.Services.Launcher.OpenDisplayProperties(); }

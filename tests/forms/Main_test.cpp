@@ -2,6 +2,7 @@
 
 #include "uCallLater.h"
 #include "uProgress.h"
+#include "uText.h"
 #include "uWallpaperSchedule.h"
 
 #include <wx/uiaction.h>
@@ -113,6 +114,30 @@ TEST_F(MainWindow, WhatHadTheFocusHasItAgainAfterALongWork)
         EXPECT_TRUE(PumpUntil([&] { return !hasFocus(); }));
     }
     EXPECT_TRUE(PumpUntil(hasFocus));
+}
+
+TEST_F(MainWindow, TheHelpOpensAtThePageThatHasTheFocus)
+{
+    std::filesystem::create_directory(NativePath(m_folder.File("help")));
+    for (const char* name : {"index", "desktop", "tint", "effect", "addons"})
+        m_folder.Write(FormatText("help/%s.html", {name}), "");
+    Start();
+    AddTwo();
+    auto& book = Control<wxNotebook>("pcEffect");
+    const auto opens = [&](wxWindow& focus) {
+        focus.SetFocus();
+        PumpUntil([&] { return wxWindow::FindFocus() == &focus; });
+        Execute(aMuralaHelp);
+        return m_services.Launcher.Started.back();
+    };
+    book.SetSelection(1);
+    EXPECT_EQ(opens(List().Window()), "index.html ");
+    EXPECT_EQ(opens(Control<wxWindow>("cbGammaStyle")), "tint.html ");
+    const std::string pages[] = {"desktop.html ", "tint.html ", "effect.html ", "addons.html "};
+    for (std::size_t page = 0; page < std::size(pages); ++page) {
+        book.SetSelection(page);
+        EXPECT_EQ(opens(book), pages[page]);
+    }
 }
 
 TEST_F(MainWindow, AFailingActionIsToldAndTheProgramGoesOn)

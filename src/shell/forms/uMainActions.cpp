@@ -150,7 +150,7 @@ void TfMain::BindSystemActions()
     alMain[aDisplayProperties].OnEnabled = [this] {
         return m_services.Launcher.HasDisplayProperties();
     };
-    alMain[aMuralaHelp].OnExecute = [&session] { session.OpenHelp(); };
+    alMain[aMuralaHelp].OnExecute = [this, &session] { session.OpenHelp(m_panel->HelpPage()); };
     alMain[aGetWallpaper].OnExecute = [&session] { session.OpenDownloadPage(); };
     alMain[aConfiguration].OnExecute = [this] { aConfigurationExecute(); };
 

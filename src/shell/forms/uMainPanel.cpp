@@ -24,6 +24,9 @@ constexpr std::pair<int, int> PreviewSizes[] = {{140, 98}, {310, 226}, {620, 458
 constexpr int DesignWidth = 650, DesignHeight = 492;
 constexpr int SmallestPane = 180;
 
+constexpr std::string_view HelpPages[] = {"desktop", "tint", "effect",
+                                          "addons"}; // by pcEffect's page
+
 // A splitter whose sash is painted only in a paint event, when it has its place.
 class TSplitter : public wxSplitterWindow
 {
@@ -190,6 +193,13 @@ void TMainPanel::MeasureAnew(int oldDpi, int newDpi)
 TActionId TMainPanel::AddOnOptions() const
 {
     return m_addOnsPage->OptionsAction();
+}
+
+std::string_view TMainPanel::HelpPage() const
+{
+    if (!pcEffect->IsDescendant(FindFocus()))
+        return "index";
+    return HelpPages[pcEffect->GetSelection()];
 }
 
 } // namespace murala

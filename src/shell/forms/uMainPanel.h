@@ -6,6 +6,7 @@
 #include "uPreviewPanel.h"
 #include "uWallpaperPanel.h"
 
+#include <string_view>
 #include <vector>
 
 #include <wx/notebook.h>
@@ -37,6 +38,8 @@ public:
     TBottomPanel& Bottom() { return *m_bottom; }
     // The action that opens the options of the add-on selected on its page.
     TActionId AddOnOptions() const;
+    // The name of the help's page about what has the focus.
+    std::string_view HelpPage() const;
 
 private:
     wxWindow* BuildRightPanel(wxWindow* parent);

@@ -30,8 +30,8 @@ bool IsDataBesideProgram(const std::string& folder);
 // copies of the list and the settings that lie there, but never over files of his own.
 std::string ChooseProgramFolder(const std::string& beside, const std::filesystem::path& user);
 
-// Where the program file lies once Murala is installed; fixed when it is built. On Windows the setup
-// program may have chosen another folder.
+// Where the program file lies once Murala is installed; fixed when it is built. On Windows the
+// setup program may have chosen another folder.
 std::string InstalledProgramFile();
 
 } // namespace murala

@@ -231,7 +231,7 @@ try_other_folder() {
     say "another folder"
     local folder="$c/Größere Programme/Murala"
     # Without quotes around the blank, which Wine would add.
-    expect 0 install /STARTUP /EXPLORER '/D=C:\Größere' 'Programme\Murala'
+    expect 0 install /STARTUP '/D=C:\Größere' 'Programme\Murala'
     has 'C:\Größere Programme\Murala\Murala.exe' 'HKCU\Software\Murala' InstalledProgram
     has '"C:\Größere Programme\Murala\Murala.exe" "%1"' "$verb_key"
     start_with_samples "$folder"

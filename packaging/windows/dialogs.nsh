@@ -5,6 +5,7 @@
 !define MUI_WELCOMEFINISHPAGE_BITMAP "${PICTURE}"
 
 !define MUI_PAGE_CUSTOMFUNCTION_PRE SkipWhenUpdating
+!define MUI_PAGE_CUSTOMFUNCTION_LEAVE ProposeEntry
 !define MUI_DIRECTORYPAGE_TEXT_TOP "Murala keeps its list, settings and thumbnails beside the program, so the folder has to be yours to write to. Your pictures stay where they are."
 !insertmacro MUI_PAGE_DIRECTORY
 Page custom ShowOptions LeaveOptions

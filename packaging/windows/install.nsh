@@ -40,8 +40,19 @@ Function .onInit
   Call ReadSwitches
 FunctionEnd
 
+; Who picks a folder has Explorer's entry for it, unless the options say no.
+Function ProposeEntry
+  ${If} $IsUpdate = 0
+  ${AndIf} $INSTDIR != "${STANDARD_FOLDER}"
+    StrCpy $IsInExplorer 1
+  ${EndIf}
+FunctionEnd
+
 ; For installations without pages.
 Function ReadSwitches
+  ${If} ${Silent}
+    Call ProposeEntry
+  ${EndIf}
   ${GetParameters} $0
   ClearErrors
   ${GetOptions} $0 "/STARTUP" $1

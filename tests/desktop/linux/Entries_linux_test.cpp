@@ -88,6 +88,8 @@ TEST(Autostart, EntryStartsTheCommandAndStaysAsTheUserSwitchedIt)
         autostart->SetRunValue("Murala", command);
         EXPECT_TRUE(autostart->RunValueExists("Murala"));
     }
+    std::filesystem::remove(NativePath(session.File("bin/my $murala")));
+    EXPECT_FALSE(LoadProgram(file)) << "sessions pass over the entry of a program that was removed";
     autostart->DeleteRunValue("Murala");
     EXPECT_FALSE(FileExists(file));
 }

@@ -32,11 +32,13 @@ public:
 
     void SetRunValue(const std::string& name, const std::string& command) override
     {
+        const TCommand split = SplitCommand(command);
         TDesktopEntry entry(EntryFile(name));
         entry.Write("Type", "Application");
         entry.Write("Name", name);
         entry.Write("Comment", "Changes the desktop's wallpaper");
-        entry.Write("Exec", ExecText(SplitCommand(command)));
+        entry.Write("TryExec", split.Program); // the program may be removed; the entry stays
+        entry.Write("Exec", ExecText(split));
         entry.Write("Terminal", "false");
         entry.Write("Hidden", "false");
         entry.Write("X-GNOME-Autostart-enabled", "true");

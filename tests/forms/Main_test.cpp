@@ -95,8 +95,8 @@ TEST_F(MainWindow, AnotherNumberOfDotsAnInchScalesThePanels)
     m_main->ProcessWindowEvent(event);
     EXPECT_TRUE(event.GetSkipped()) << "the toolkit changes the window's size";
     Pump(100);
-    EXPECT_NEAR(rightWidth(), width * 3 / 2, 8);
-    EXPECT_NEAR(horizontal.GetSashPosition(), height * 3 / 2, 8);
+    EXPECT_NEAR(rightWidth(), width * 1.5, 8);
+    EXPECT_NEAR(horizontal.GetSashPosition(), height * 1.5, 8);
 }
 
 TEST_F(MainWindow, WhatHadTheFocusHasItAgainAfterALongWork)

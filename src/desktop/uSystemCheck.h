@@ -15,8 +15,8 @@ std::string SystemProblem();
 // box.
 bool PrintAnswer(const std::string& text);
 
-// Tells why a program with windows ends before it has one: in a message box on Windows, where it
-// has no other place to write to.
+// Tells why a program with windows ends before it has one: in a message box on Windows; on Linux on
+// the terminal and, where "notify-send" is installed, in a notification.
 void TellBeforeWindows(const std::string& text);
 
 } // namespace murala

@@ -1,3 +1,4 @@
+#include "uProcess.h"
 #include "uSystemCheck.h"
 
 #include <cstdio>
@@ -18,6 +19,8 @@ bool PrintAnswer(const std::string& text)
 void TellBeforeWindows(const std::string& text)
 {
     std::fprintf(stderr, "Murala: %s\n", text.c_str());
+    // Who starts Murala from a menu sees no terminal.
+    StartProgram({"notify-send", "Murala", text});
 }
 
 } // namespace murala

@@ -23,8 +23,7 @@ unpack() { # unpack PACKAGE FOLDER
     mkdir "$2"
     case $1 in
         *.deb) dpkg-deb --raw-extract "$1" "$2/tree" ;;
-        *.tar.gz) tar --extract --file "$1" --directory "$2" ;;
-        *.zip) python3 -m zipfile --extract "$1" "$2" ;;
+        *.tar.gz | *.zip) (cd "$2" && cmake -E tar xf "$1") ;;
     esac
 }
 

@@ -16,6 +16,16 @@ as_root() {
     fi
 }
 
+# wait_until COMMAND...: whether the command succeeds within twenty seconds.
+wait_until() {
+    local _
+    for _ in $(seq 200); do
+        "$@" >/dev/null 2>&1 && return
+        sleep 0.1
+    done
+    return 1
+}
+
 # install_packages NAME...: asks the package manager only when one of them is missing.
 install_packages() {
     local missing=() name

@@ -14,14 +14,8 @@ mkdir -p -m 700 "$XDG_DATA_HOME" "$XDG_CONFIG_HOME" "$XDG_RUNTIME_DIR"
 openbox >/dev/null 2>&1 &
 pids+=($!)
 
-wait_for() { # wait_for TEXT COMMAND...: until the command succeeds
-    local what=$1
-    shift
-    for _ in $(seq 150); do
-        "$@" >/dev/null 2>&1 && return
-        sleep 0.1
-    done
-    die "waited in vain for $what"
+wait_for() { # wait_for TEXT COMMAND...
+    wait_until "${@:2}" || die "waited in vain for $1"
 }
 applied() { xprop -root _XROOTPMAP_ID | grep -q 0x; }
 

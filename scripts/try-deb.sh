@@ -89,12 +89,9 @@ completes() {
 check_window() {
     local window
     as_user "DISPLAY=$DISPLAY timeout 60 murala /usr/share/murala/samples/*" >"$work/murala.log" 2>&1 &
-    for _ in $(seq 100); do
-        window=$(xdotool search --onlyvisible --name '^Murala$' 2>/dev/null | head -1) || true
-        [ -z "$window" ] || break
-        sleep 0.2
-    done
-    [ -n "$window" ] || die "no window came: $(cat "$work/murala.log")"
+    wait_until xdotool search --onlyvisible --name '^Murala$' ||
+        die "no window came: $(cat "$work/murala.log")"
+    window=$(xdotool search --onlyvisible --name '^Murala$' | head -1)
     sleep 2
     import -window root "$work/window.png"
     kill "$(xdotool getwindowpid "$window")"

@@ -24,14 +24,8 @@ failed=0
 
 fail() { printf 'FAILED: %s\n' "$*"; failed=1; }
 windows() { timeout 120 "$top/scripts/wine.sh" "$@" </dev/null; }
-wait_for() { # wait_for TEXT COMMAND...: until the command succeeds
-    local what=$1
-    shift
-    for _ in $(seq 200); do
-        "$@" >/dev/null 2>&1 && return
-        sleep 0.1
-    done
-    fail "waited in vain for $what"
+wait_for() { # wait_for TEXT COMMAND...
+    wait_until "${@:2}" || fail "waited in vain for $1"
 }
 not() { ! "$@"; }
 

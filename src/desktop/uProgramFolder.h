@@ -26,8 +26,9 @@ std::filesystem::path UserMuralaFolder();
 // Whether Murala's files belong beside the program file, which lies in `folder`.
 bool IsDataBesideProgram(const std::string& folder);
 
-// Which of the two folders is the program folder. Where `beside` may only be read, the user gets
-// copies of the list and the settings that lie there, but never over files of his own.
+// Which of the two folders is the program folder; an empty `beside` is out of the question. Where
+// `beside` may only be read, the list and the settings that lie there are copied to `user`, but
+// never over files that are there already.
 std::string ChooseProgramFolder(const std::string& beside, const std::filesystem::path& user);
 
 // Where the program file lies once Murala is installed; fixed when it is built. On Windows the

@@ -126,6 +126,7 @@ void AddFirstSettings(TIniFile& file, const TIniFile& first)
             if (value && !file.Read(key.Section, key.Name))
                 file.Write(key.Section, key.Name, QuotedIniText(*value));
         } else if (first.HasSection(key.Section) && !file.HasSection(key.Section)) {
+            // Reading takes the quotes off, so the pairs are written as a list is.
             file.WriteSection(key.Section, ConvertListToPairs(
                                                PairsToConvertList(first.ReadSection(key.Section))));
         }

@@ -116,7 +116,8 @@ std::FILE* OpenNamedFile(const std::filesystem::path& path, const char* mode)
     return file;
 }
 
-// The rights that a folder's list names are not all that counts: only trying tells.
+// Besides the folder's rights, a write-protected drive and programs that guard folders forbid it,
+// so a file is made for a moment.
 bool MayMakeFiles(const std::filesystem::path& folder)
 {
     const auto probe = folder / ("Murala." + std::to_string(GetCurrentProcessId()) + ".probe");

@@ -24,8 +24,8 @@ constexpr std::pair<int, int> PreviewSizes[] = {{140, 98}, {310, 226}, {620, 458
 constexpr int DesignWidth = 650, DesignHeight = 492;
 constexpr int SmallestPane = 180;
 
-constexpr std::string_view HelpPages[] = {"desktop", "tint", "effect",
-                                          "addons"}; // by pcEffect's page
+// Of the pages of pcEffect, in their order.
+constexpr std::string_view HelpPages[] = {"desktop", "tint", "effect", "addons"};
 
 // A splitter whose sash is painted only in a paint event, when it has its place.
 class TSplitter : public wxSplitterWindow
